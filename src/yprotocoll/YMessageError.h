@@ -1,0 +1,118 @@
+#pragma once
+
+#include <concepts>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <variant>
+
+/// The one error type of the protocol and of the link to the controller.
+///
+/// A value: copyable, comparable, thrown by the bytes-only code (building and decoding packets)
+/// and handed to delegates by the parser and the message controller. Each kind is a nested record;
+/// `is<Kind>()` and `get<Kind>()` ask for one, `description()` is the text for the person and the
+/// log.
+class YMessageError {
+public:
+    // The names of the fields are part of the vocabulary and shown in the order of `description()`.
+    struct PortWrongType {
+        std::string name; ///< the port's name
+        bool operator==(const PortWrongType&) const = default;
+    };
+    struct PortError {
+        std::string text; ///< the system's own text
+        bool operator==(const PortError&) const = default;
+    };
+    /// The link has been closed; `reason` says why and is never null.
+    struct PortClosedError {
+        std::shared_ptr<const YMessageError> reason;
+        bool operator==(const PortClosedError& other) const { return *reason == *other.reason; }
+    };
+    struct DeviceVersion {
+        std::uint8_t major;
+        std::uint8_t minor;
+        bool operator==(const DeviceVersion&) const = default;
+    };
+    struct UnknownPacket {
+        std::uint8_t number;
+        bool operator==(const UnknownPacket&) const = default;
+    };
+    struct PacketLength {
+        std::string name; ///< class name of the message
+        int length;       ///< bytes
+        bool operator==(const PacketLength&) const = default;
+    };
+    struct AnswerUnexpected {
+        std::uint8_t number;
+        bool operator==(const AnswerUnexpected&) const = default;
+    };
+    struct AnswerWrongId {
+        std::uint8_t expected;
+        std::uint8_t got;
+        bool operator==(const AnswerWrongId&) const = default;
+    };
+    struct AnswerTimeout {
+        int count; ///< consecutive time-outs, from 1
+        std::uint8_t forCommand;
+        bool operator==(const AnswerTimeout&) const = default;
+    };
+    struct PortClosedSend {
+        bool operator==(const PortClosedSend&) const = default;
+    };
+    struct PortClosedUnexpectedly {
+        bool operator==(const PortClosedUnexpectedly&) const = default;
+    };
+    struct PortRemoved {
+        bool operator==(const PortRemoved&) const = default;
+    };
+    struct SequenceDataFormat {
+        bool operator==(const SequenceDataFormat&) const = default;
+    };
+    struct PacketStart {
+        bool operator==(const PacketStart&) const = default;
+    };
+    struct Checksum {
+        bool operator==(const Checksum&) const = default;
+    };
+    struct BufferOverflow {
+        bool operator==(const BufferOverflow&) const = default;
+    };
+    struct OpenTimeout {
+        bool operator==(const OpenTimeout&) const = default;
+    };
+    struct AnswerTooManyTimeouts {
+        bool operator==(const AnswerTooManyTimeouts&) const = default;
+    };
+
+    using Kind =
+        std::variant<PortWrongType, PortError, PortClosedError, DeviceVersion, UnknownPacket,
+                     PacketLength, AnswerUnexpected, AnswerWrongId, AnswerTimeout, PortClosedSend,
+                     PortClosedUnexpectedly, PortRemoved, SequenceDataFormat, PacketStart, Checksum,
+                     BufferOverflow, OpenTimeout, AnswerTooManyTimeouts>;
+
+    /// Implicit on purpose: `gotError(YMessageError::PacketStart{})`.
+    YMessageError(Kind kind) : m_kind(std::move(kind)) {}
+    template <class T>
+    requires std::constructible_from<Kind, T> YMessageError(T kind) : m_kind(std::move(kind)) {}
+
+    /// A `PortClosedError` for the given reason.
+    static YMessageError portClosed(YMessageError reason);
+
+    template <class T>
+    bool is() const {
+        return std::holds_alternative<T>(m_kind);
+    }
+    /// The record of the kind, or null when the error is of another kind.
+    template <class T>
+    const T* get() const {
+        return std::get_if<T>(&m_kind);
+    }
+
+    /// One line of English for the log and for alerts, without a full stop.
+    std::string description() const;
+
+    bool operator==(const YMessageError&) const = default;
+
+private:
+    Kind m_kind;
+};
