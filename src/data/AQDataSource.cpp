@@ -1,0 +1,42 @@
+#include "data/AQDataSource.h"
+
+namespace {
+
+std::vector<AQTimePoint> defaultPoints() {
+    return {{{8, 30}, 1.0, 0.0},   {{10, 0}, 0.565, 0.8}, {{15, 0}, 0.5, 1.0},
+            {{20, 0}, 0.565, 0.8}, {{21, 0}, 0.922, 0.5}, {{22, 30}, 1.0, 0.15},
+            {{23, 30}, 1.0, 0.0}};
+}
+
+constexpr AQTimePoint defaultTaskLight{{0, 1, 0}, 0.5, 1.0};
+
+} // namespace
+
+AQDataSource::AQDataSource(NotificationCenter& notifications, DeviceInfoSource device)
+    : m_notifications(notifications), m_device(std::move(device)), m_sequence(*this) {
+    installDefaults();
+}
+
+std::optional<DeviceInfo> AQDataSource::device() const {
+    return m_device ? m_device() : std::nullopt;
+}
+
+void AQDataSource::setIsDirty(bool isDirty) {
+    if (isDirty == m_isDirty)
+        return;
+    m_isDirty = isDirty;
+    Q_EMIT m_notifications.dataDirty(this);
+}
+
+void AQDataSource::loadDefaults() {
+    installDefaults();
+    m_sequence.notifySelectionChange(-1, this);
+    m_sequence.notifyDataChange(this, false);
+    Q_EMIT m_notifications.dataLoaded(this);
+}
+
+void AQDataSource::installDefaults() {
+    m_taskLight = defaultTaskLight;
+    m_sequence.replacePoints(defaultPoints());
+    m_isProgramMode = true;
+}

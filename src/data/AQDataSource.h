@@ -1,0 +1,60 @@
+#pragma once
+
+#include "data/AQSequence.h"
+#include "data/AQTimePoint.h"
+#include "data/NotificationCenter.h"
+#include "yprotocoll/DeviceInfo.h"
+
+#include <QObject>
+
+#include <functional>
+#include <optional>
+
+/// The document: the light program, the task light, the mode and the dirty flag.
+///
+/// Its contents are replaced in place, so observers register once. Nothing here can fail.
+class AQDataSource : public QObject {
+    Q_OBJECT
+
+public:
+    /// What the link knows about the connected controller, asked for whenever a limit is needed.
+    using DeviceInfoSource = std::function<std::optional<DeviceInfo>()>;
+
+    /// Holds the default document, clean and unannounced. `notifications` must outlive it; without
+    /// `device` there is never a controller.
+    explicit AQDataSource(NotificationCenter& notifications, DeviceInfoSource device = {});
+
+    NotificationCenter& notifications() const { return m_notifications; }
+    std::optional<DeviceInfo> device() const;
+
+    AQSequence& sequence() { return m_sequence; }
+    const AQSequence& sequence() const { return m_sequence; }
+
+    /// `time` is the duration: hour x 60 + minute minutes and `second` seconds.
+    const AQTimePoint& taskLight() const { return m_taskLight; }
+    /// Plain store: posts nothing and does not mark dirty.
+    void setTaskLight(const AQTimePoint& taskLight) { m_taskLight = taskLight; }
+
+    /// True: the controller runs the program; false: it follows its analog 1-10 V input.
+    bool isProgramMode() const { return m_isProgramMode; }
+    /// Plain store: posts nothing and does not mark dirty.
+    void setIsProgramMode(bool isProgramMode) { m_isProgramMode = isProgramMode; }
+
+    bool isDirty() const { return m_isDirty; }
+    /// Posts dataDirty when the value changes.
+    void setIsDirty(bool isDirty);
+
+    /// Installs the defaults and posts sectionChanged (-1), dataChanged, dataLoaded. Leaves the
+    /// dirty flag to the caller.
+    void loadDefaults();
+
+private:
+    void installDefaults();
+
+    NotificationCenter& m_notifications;
+    DeviceInfoSource m_device;
+    AQSequence m_sequence;
+    AQTimePoint m_taskLight;
+    bool m_isProgramMode = true;
+    bool m_isDirty = false;
+};

@@ -1,0 +1,120 @@
+#include "data/AQSequence.h"
+
+#include "data/AQDataSource.h"
+#include "data/NotificationCenter.h"
+
+#include <algorithm>
+
+AQSequence::AQSequence(AQDataSource& document) : m_document(document) {}
+
+const AQTimePoint& AQSequence::at(int row) const {
+    Q_ASSERT(isRow(row));
+    return m_data[static_cast<std::size_t>(row)];
+}
+
+int AQSequence::pointLimit() const {
+    const auto device = m_document.device();
+    return device ? device->maxPointsInSeq : defaultPointLimit;
+}
+
+void AQSequence::updateWithRow(int row, ColorTemp value, const QObject* sender) {
+    if (!isRow(row))
+        return;
+    m_data[static_cast<std::size_t>(row)].colorTemp = value.fraction;
+    notifyCellChange(row, NotificationCenter::columnColorTemp, sender);
+}
+
+void AQSequence::updateWithRow(int row, Brightness value, const QObject* sender) {
+    if (!isRow(row))
+        return;
+    m_data[static_cast<std::size_t>(row)].brightness = value.fraction;
+    notifyCellChange(row, NotificationCenter::columnColorTemp, sender);
+    notifyCellChange(row, NotificationCenter::columnBrightness, sender);
+}
+
+int AQSequence::setTime(int row, AQTime time, const QObject* sender) {
+    if (!isRow(row) || !time.isValid())
+        return -1;
+    m_data[static_cast<std::size_t>(row)].time = time;
+
+    const int minute = time.minuteOfDay();
+    const int previous = row > 0 ? minuteAt(row - 1) : -1;
+    const int next = row + 1 < count() ? minuteAt(row + 1) : AQTime::minutesPerDay;
+    if (previous < minute && minute < next) {
+        notifyCellChange(row, NotificationCenter::columnTime, sender);
+        return -1;
+    }
+    // Stable, so that points of the same minute (a file may hold some) do not swap at random.
+    std::ranges::stable_sort(m_data, {},
+                             [](const AQTimePoint& point) { return point.time.minuteOfDay(); });
+    const auto moved = std::ranges::find_if(
+        m_data, [minute](const AQTimePoint& point) { return point.time.minuteOfDay() == minute; });
+    const int newRow = static_cast<int>(moved - m_data.begin());
+    notifyDataChange(sender, true);
+    return newRow;
+}
+
+int AQSequence::addNewAfter(int row, const QObject* sender) {
+    int newRow = 0;
+    int minute = 0;
+    bool found = m_data.empty();
+    if (row >= 0 && row < count() - 1) {
+        const int before = minuteAt(row);
+        const int after = minuteAt(row + 1);
+        minute = (before + after + 1) / 2;
+        newRow = row + 1;
+        found = minute != before && minute != after;
+    }
+    if (!found) {
+        minute = AQTime::minutesPerDay - 1;
+        newRow = count();
+        while (newRow > 0 && minute <= minuteAt(newRow - 1))
+            minute = minuteAt(--newRow) - 1;
+    }
+    insert(newRow, minute);
+    notifyDataChange(sender, true);
+    return newRow;
+}
+
+void AQSequence::insert(int row, int minuteOfDay) {
+    // With every minute of the day taken the search ends at -1, which stands for 23:59.
+    const int minute = (minuteOfDay + AQTime::minutesPerDay) % AQTime::minutesPerDay;
+    m_data.insert(m_data.begin() + row, {.time = AQTime::fromMinuteOfDay(minute)});
+}
+
+void AQSequence::deleteWithRow(int row, const QObject* sender) {
+    if (!isRow(row))
+        return;
+    m_data.erase(m_data.begin() + row);
+    notifyDataChange(sender, true);
+}
+
+bool AQSequence::hasPointAt(AQTime time, int exceptRow) const {
+    for (int row = 0; row < count(); ++row)
+        if (row != exceptRow && minuteAt(row) == time.minuteOfDay())
+            return true;
+    return false;
+}
+
+void AQSequence::notifyDataChange(const QObject* sender, bool dirty) {
+    if (dirty)
+        m_document.setIsDirty(true);
+    Q_EMIT m_document.notifications().dataChanged(sender);
+}
+
+void AQSequence::notifySelectionChange(int row, const QObject* sender) {
+    Q_EMIT m_document.notifications().sectionChanged(row, sender);
+}
+
+void AQSequence::notifyCellChange(int row, int column, const QObject* sender) {
+    m_document.setIsDirty(true);
+    Q_EMIT m_document.notifications().cellChanged(row, column, sender);
+}
+
+void AQSequence::replacePoints(std::vector<AQTimePoint> points) {
+    m_data = std::move(points);
+}
+
+void AQSequence::appendPoint(const AQTimePoint& point) {
+    m_data.push_back(point);
+}
