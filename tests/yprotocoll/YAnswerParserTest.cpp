@@ -1,0 +1,157 @@
+#include "yprotocoll/YAnswerParser.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+using Story = std::vector<std::string>;
+
+/// What the parser told, in order.
+struct Recorder final : YAnswerParserDelegate {
+    Story story;
+    void answerParserGotAnswer(std::shared_ptr<const YAnswer> answer) override {
+        story.push_back(answer->description());
+    }
+    void answerParserGotError(const YMessageError& error) override {
+        story.push_back(error.description());
+    }
+};
+
+Bytes frame(std::uint8_t id, Bytes payload) {
+    return YMessage("Answer", id, std::move(payload)).frame();
+}
+
+Bytes operator+(Bytes left, const Bytes& right) {
+    left.insert(left.end(), right.begin(), right.end());
+    return left;
+}
+
+Story parse(const std::vector<Bytes>& chunks) {
+    YAnswerParser parser;
+    Recorder recorder;
+    parser.setDelegate(&recorder);
+    for (const Bytes& chunk : chunks)
+        parser.receivedData(chunk);
+    return recorder.story;
+}
+
+const Bytes version = frame(2, {1, 4, 17});
+const std::string versionText = "AnswerVersion #2 [01 04 11]";
+const Bytes buffer = frame(73, {64, 60});
+const std::string bufferText = "AnswerBufferInfo #73 [40 3c]";
+const std::string noStart = "packet must start with 'Y'";
+const std::string badChecksum = "checksum doesn't match";
+
+TEST(YAnswerParser, everyChunkingOfTwoFramesTellsTheSame) {
+    const Bytes stream = version + buffer;
+    const auto part = [&](std::size_t from, std::size_t to) {
+        return Bytes(stream.begin() + static_cast<std::ptrdiff_t>(from),
+                     stream.begin() + static_cast<std::ptrdiff_t>(to));
+    };
+    for (std::size_t i = 0; i <= stream.size(); ++i)
+        for (std::size_t j = i; j <= stream.size(); ++j)
+            EXPECT_EQ(parse({part(0, i), part(i, j), part(j, stream.size())}),
+                      (Story{versionText, bufferText}));
+
+    std::vector<Bytes> single;
+    for (const std::uint8_t byte : stream)
+        single.push_back({byte});
+    EXPECT_EQ(parse(single), (Story{versionText, bufferText}));
+}
+
+TEST(YAnswerParser, findsItsWayThroughNoise) {
+    Bytes spoilt = version;
+    spoilt.back() ^= 0x10U;
+    const struct {
+        std::vector<Bytes> chunks;
+        Story story;
+    } rows[] = {
+        {{Bytes{0, 0} + version}, {noStart, versionText}},
+        {{Bytes{0}, version}, {noStart, versionText}},
+        {{Bytes{0, 0, 0}, version}, {noStart, versionText}},
+        // The byte that was left of the noise is noise of the next chunk.
+        {{Bytes{0, 0, 0, 0}, version}, {noStart, noStart, versionText}},
+        {{Bytes{'A', 'T', '\r', 0, 0, 'Y'}, Bytes(version.begin() + 1, version.end())},
+         {noStart, versionText}},
+        {{Bytes{1, 2, 3, 'Y'} + Bytes{0, 0, 0} + version},
+         {noStart, "unknown answer #0", versionText}},
+        {{version + Bytes{9} + buffer}, {versionText, noStart, bufferText}},
+        {{spoilt + buffer}, {badChecksum, bufferText}},
+        {{frame(3, {1}) + buffer}, {"unknown answer #3", bufferText}},
+        {{frame(73, {1}) + buffer}, {"AnswerBufferInfo: wrong packet length: 1", bufferText}},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(parse(row.chunks), row.story);
+}
+
+TEST(YAnswerParser, aFalseStartCostsTheLengthItAnnounces) {
+    const Bytes falseStart{'Y', 45, 200};
+    Bytes inside;
+    while (inside.size() < 196)
+        inside = inside + version;
+    EXPECT_EQ(parse({falseStart, inside}), Story{});
+    // 204 bytes are one spoilt frame; the last version in it is cut, the next one counts.
+    EXPECT_EQ(inside.size(), 196U);
+    EXPECT_EQ(parse({falseStart, inside, Bytes{0, 0, 0, 0, 0}, version}),
+              (Story{badChecksum, versionText}));
+}
+
+TEST(YAnswerParser, withoutDelegateWholeFramesAreDropped) {
+    YAnswerParser parser;
+    Recorder recorder;
+    parser.receivedData(version + Bytes(buffer.begin(), buffer.begin() + 3));
+    parser.setDelegate(&recorder);
+    parser.receivedData(Bytes(buffer.begin() + 3, buffer.end()));
+    EXPECT_EQ(recorder.story, Story{bufferText});
+}
+
+TEST(YAnswerParser, resetForgetsTheIncompleteFrame) {
+    YAnswerParser parser;
+    Recorder recorder;
+    parser.setDelegate(&recorder);
+    parser.receivedData(Bytes{'Y', 45, 200, 1, 2});
+    parser.reset();
+    parser.receivedData(version);
+    EXPECT_EQ(recorder.story, Story{versionText});
+}
+
+// A parser that moves its buffer for every byte or frame it drops needs minutes for these, and the
+// test's time limit ends it.
+TEST(YAnswerParser, longNoiseCostsLinearTime) {
+    constexpr std::size_t size = 4U << 20U;
+    EXPECT_EQ(parse({Bytes(size, 0), version}), (Story{noStart, noStart, versionText}));
+
+    YAnswerParser parser;
+    struct Counter final : YAnswerParserDelegate {
+        std::size_t answers = 0;
+        std::size_t errors = 0;
+        void answerParserGotAnswer(std::shared_ptr<const YAnswer>) override { ++answers; }
+        void answerParserGotError(const YMessageError&) override { ++errors; }
+    } counter;
+    parser.setDelegate(&counter);
+    Bytes frames;
+    frames.reserve(size);
+    while (frames.size() + version.size() <= size)
+        frames.insert(frames.end(), version.begin(), version.end());
+    parser.receivedData(frames);
+    EXPECT_EQ(counter.answers, frames.size() / version.size());
+    EXPECT_EQ(counter.errors, 0U);
+}
+
+// Whatever arrives, a good frame after enough quiet bytes is found: nothing gets stuck.
+TEST(YAnswerParser, recoversFromRandomBytes) {
+    std::mt19937 random(7);
+    for (int round = 0; round < 200; ++round) {
+        Bytes noise(random() % 400);
+        for (std::uint8_t& byte : noise)
+            byte = random() % 5 == 0 ? std::uint8_t{'Y'} : static_cast<std::uint8_t>(random());
+        const Story story = parse({noise, Bytes(259 + 4, 0), version});
+        ASSERT_FALSE(story.empty());
+        EXPECT_EQ(story.back(), versionText);
+    }
+}
+
+} // namespace

@@ -1,0 +1,201 @@
+#include "yprotocoll/YAnswers.h"
+
+#include "yprotocoll/DimmingCurve.h"
+#include "yprotocoll/LogCapture.h"
+#include "yprotocoll/YMessageError.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <numeric>
+
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+
+std::string listing(const YAnswer& answer) {
+    std::string text = answer.name();
+    for (const AnswerField& field : answer.fields())
+        text += ' ' + field.label + '=' + field.value;
+    return text;
+}
+
+Bytes counting(std::size_t size, std::uint8_t from = 1) {
+    Bytes bytes(size);
+    std::iota(bytes.begin(), bytes.end(), from);
+    return bytes;
+}
+
+const struct Row {
+    int id;
+    Bytes payload;
+    std::size_t needed; ///< bytes without which decoding fails
+    const char* listing;
+} rows[] = {
+    {2, {1, 4, 17}, 3, "AnswerVersion version=1.4 build=17 deviceType=0"},
+    {2, {1, 4, 17, 5}, 3, "AnswerVersion version=1.4 build=17 deviceType=5"},
+    {4,
+     {9, 17, 3, 2, 1, 2, 3, 4},
+     8,
+     "AnswerProductInfo week=9 year=2017 pcbVersion=3 assemblyVersion=2 serialNumber=16909060"},
+    {33, counting(31), 31,
+     "AnswerDebugInfo status=1 URef_dig=770 UInA_dig=1284 UInB_dig=1798 URef_mV=2312 UInA_mV=2826 "
+     "UInB_mV=3340 seconds=14 minutes=15 hours=16 day=17 month=18 year=2019 weekDay=20 "
+     "isLeapYear=true appTimeDiv_1_10V=5910 appTaskModeTimeout=6424 appFilteredAvg1=6938 "
+     "appFilteredAvg2=7452 appDemoModeTimeout=7966"},
+    {35, {1, 255}, 2, "AnswerDebugTxRxDALI status=1 answer=255"},
+    {41, {23, 59}, 2, "AnswerTime hour=23 minute=59"},
+    {43,
+     {0x81, 254, 1},
+     3,
+     "AnswerDeviceMode mode=1 demoModeActive=true taskModeActive=false "
+     "levels=[254 (1.0000), 1 (0.0010)]"},
+    {45, {2}, 1, "AnswerSequenceData channel=2 seqData=[]"},
+    {45,
+     {0, 8, 30, 254, 23, 59, 0, 1, 1},
+     1,
+     "AnswerSequenceData channel=0 seqData=[08:30 254, 23:59 0]"},
+    {47, {2, 20, 3}, 1, "AnswerSequenceDataInfo channelCount=2 maxPoints=20 sizeOfEntry=3"},
+    {47, {1, 8, 30, 254}, 1, "AnswerSequenceData channel=1 seqData=[08:30 254]"},
+    {49, {7}, 1, "AnswerDemoModeTransmitBuffer freeBlocks=7"},
+    {49,
+     {0x40, 0, 255},
+     3,
+     "AnswerDemoMode mode=0 demoModeActive=false taskModeActive=true "
+     "levels=[0 (0.0000), 255 (1.0000)]"},
+    {51,
+     {65, 30, 85, 0, 4},
+     5,
+     "AnswerTaskMode minutes=65 seconds=30 levels=[85 (0.0099), 0 (0.0000)] fadeTime=4"},
+    {53,
+     {3, 0, 254, 0x80, 1, 2, 3, 4, 5, 6, 7, 8},
+     12,
+     "AnswerAnalogMode fadeTime=3 minLevel=0 (0.0000) maxLevel=254 (1.0000) logarithmicMode=true "
+     "inOff_mV=513 inOn_mV=1027 inMax_mV=1541 in100perc_mV=2055"},
+    {55,
+     {0x9f, 0x7e, 6, 1},
+     4,
+     "AnswerDeviceSettings addresses=[group 15, 63] sequenceFadeTime=6 minOnOutLevel=1 (0.0010)"},
+    {55,
+     {254, 0x80, 0, 0},
+     4,
+     "AnswerDeviceSettings addresses=[all, group 0] sequenceFadeTime=0 minOnOutLevel=0 (0.0000)"},
+    {71,
+     {30, 15, 8, 24, 12, 17},
+     6,
+     "AnswerRTC second=30 minute=15 hour=8 day=24 month=12 year=2017"},
+    {73, {64, 60}, 2, "AnswerBufferInfo bufferSize=64 bufferFree=60"},
+    {75, {0xc0, 0xff}, 2, "AnswerDaylightInfo enabled=true summerTime=true UTCOffset=-1"},
+};
+
+std::shared_ptr<const YAnswer> decode(const Row& row, const Bytes& payload) {
+    return YAnswer::fromFrame(
+        YMessage("Answer", static_cast<std::uint8_t>(row.id), payload).frame());
+}
+
+TEST(YAnswers, decodeAndListEveryField) {
+    for (const Row& row : rows) {
+        const auto answer = decode(row, row.payload);
+        EXPECT_EQ(listing(*answer), row.listing);
+        EXPECT_EQ(answer->id(), row.id);
+        EXPECT_EQ(answer->data(), row.payload);
+    }
+}
+
+TEST(YAnswers, tooShortFailsAndSurplusIsIgnored) {
+    for (const Row& row : rows) {
+        for (std::size_t size = 0; size < row.needed; ++size) {
+            if (row.id == 49 && size == 1)
+                continue; // another class
+            const Bytes payload(row.payload.begin(),
+                                row.payload.begin() + static_cast<std::ptrdiff_t>(size));
+            try {
+                FAIL() << listing(*decode(row, payload)) << " from " << size << " bytes";
+            } catch (const YMessageError& error) {
+                ASSERT_TRUE(error.is<YMessageError::PacketLength>());
+                EXPECT_EQ(error.get<YMessageError::PacketLength>()->length, static_cast<int>(size));
+            }
+        }
+        // The length decides between two classes for 47 and 49, and is data for 45.
+        if (row.id == 45 || row.id == 47 || row.payload.size() == 1 || row.payload.size() == 3)
+            continue;
+        Bytes longer = row.payload;
+        longer.push_back(0xee);
+        EXPECT_EQ(listing(*decode(row, longer)), row.listing);
+    }
+}
+
+TEST(YAnswers, errorsNameClassAndNumber) {
+    const auto errorOf = [](std::uint8_t id, Bytes payload) {
+        try {
+            return listing(*YAnswer::create(id, std::move(payload)));
+        } catch (const YMessageError& error) {
+            return error.description();
+        }
+    };
+    EXPECT_EQ(errorOf(4, counting(7)), "AnswerProductInfo: wrong packet length: 7");
+    EXPECT_EQ(errorOf(49, counting(2)), "AnswerDemoMode: wrong packet length: 2");
+    int known = 0;
+    for (int id = 0; id < 256; ++id) {
+        const std::string text = errorOf(static_cast<std::uint8_t>(id), {});
+        if (text != "unknown answer #" + std::to_string(id))
+            ++known;
+    }
+    EXPECT_EQ(known, 15);
+    EXPECT_EQ(errorOf(3, {}), "unknown answer #3");
+}
+
+TEST(YAnswers, membersHoldWhatTheListingShows) {
+    const auto mode = YAnswer::create(49, {0x81, 254, 1});
+    const auto* const demo = dynamic_cast<const AnswerDeviceMode*>(mode.get());
+    ASSERT_NE(demo, nullptr);
+    EXPECT_NE(dynamic_cast<const AnswerDemoMode*>(demo), nullptr);
+    EXPECT_EQ(demo->levels[1].raw, 1);
+    EXPECT_DOUBLE_EQ(demo->levels[1].share, 0.001);
+
+    const auto data = YAnswer::create(45, {1, 8, 30, 254});
+    EXPECT_EQ(dynamic_cast<const AnswerSequenceData&>(*data).seqData,
+              (std::vector<SequenceEntry>{{8, 30, 254}}));
+}
+
+TEST(YAnswers, logVerboseWritesOneLineForEachField) {
+    const LogCapture log;
+    YAnswer::create(75, {0x80, 2})->logVerbose();
+    EXPECT_EQ(log.lines(), (std::vector<std::string>{"trace     - enabled: true",
+                                                     "trace     - summerTime: false",
+                                                     "trace     - UTCOffset: 2"}));
+}
+
+TEST(DimmingCurve, goldenValues) {
+    EXPECT_EQ(shareFromLevel(0), 0.0);
+    EXPECT_DOUBLE_EQ(shareFromLevel(1), 0.001);
+    EXPECT_NEAR(shareFromLevel(253), 0.97306, 1e-5);
+    EXPECT_EQ(shareFromLevel(254), 1.0);
+    EXPECT_EQ(shareFromLevel(255), 1.0);
+    const std::pair<double, int> levels[] = {{-1.0, 0},
+                                             {0.0, 0},
+                                             {0.0001, 0},
+                                             {0.0005, 0},
+                                             {0.001, 1},
+                                             {0.01, 85},
+                                             {0.1, 170},
+                                             {1.0, 254},
+                                             {1e9, 254},
+                                             {std::nan(""), 0},
+                                             {std::numeric_limits<double>::infinity(), 254}};
+    for (const auto& [share, level] : levels)
+        EXPECT_EQ(levelFromShare(share), level) << share;
+}
+
+TEST(DimmingCurve, bothDirectionsAreOneCurve) {
+    for (int level = 0; level <= 254; ++level) {
+        const auto byte = static_cast<std::uint8_t>(level);
+        EXPECT_EQ(levelFromShare(shareFromLevel(byte)), level);
+        if (level > 0) {
+            EXPECT_GT(shareFromLevel(byte), shareFromLevel(static_cast<std::uint8_t>(level - 1)));
+        }
+    }
+}
+
+} // namespace
