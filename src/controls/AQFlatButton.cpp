@@ -1,0 +1,98 @@
+#include "controls/AQFlatButton.h"
+
+#include "controls/AccentColor.h"
+#include "controls/DisplayColors.h"
+
+#include <QFontMetrics>
+#include <QKeyEvent>
+#include <QPainter>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int buttonHeight = 32;
+constexpr int sidePadding = 16;
+constexpr int iconGap = 8;
+constexpr double cornerRadius = 6.0;
+
+} // namespace
+
+AQFlatButton::AQFlatButton(QWidget* parent) : QPushButton(parent) {
+    setAttribute(Qt::WA_Hover);
+    setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
+}
+
+void AQFlatButton::setPrimary(bool primary) {
+    m_isPrimary = primary;
+    update();
+}
+
+QSize AQFlatButton::sizeHint() const {
+    const QSize label = fontMetrics().size(Qt::TextShowMnemonic, text());
+    int width = label.width() + 2 * sidePadding;
+    if (!icon().isNull()) {
+        width += iconSize().width() + (text().isEmpty() ? 0 : iconGap);
+    }
+    return {width, std::max(buttonHeight, label.height() + 12)};
+}
+
+AQFlatButton::Look AQFlatButton::look() const {
+    const QPalette& colors = palette();
+    if (!isEnabled()) {
+        const QColor text =
+            DisplayColors::blend(colors.color(QPalette::Window),
+                                 colors.color(QPalette::Active, QPalette::WindowText), 0.5);
+        return {m_isPrimary ? AccentColor::tone(colors, 0.06) : QColor(Qt::transparent),
+                AccentColor::tone(colors, 0.18), text};
+    }
+    const double pressed = isDown() ? 1.0 : underMouse() ? 0.5 : 0.0;
+    if (m_isPrimary || isChecked()) {
+        const QColor base = AccentColor::fill(colors);
+        const QColor fill = DisplayColors::blend(base, Qt::black, 0.3 * pressed);
+        return {fill, fill, Qt::white};
+    }
+    return {AccentColor::tone(colors, 0.12 * pressed), AccentColor::tone(colors, 0.4),
+            colors.color(QPalette::WindowText)};
+}
+
+void AQFlatButton::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const Look colors = look();
+    // Room for the focus ring, so that focus moves nothing.
+    const QRectF body = QRectF(rect()).adjusted(3.5, 3.5, -3.5, -3.5);
+    painter.setPen(QPen(colors.outline, 1.0));
+    painter.setBrush(colors.fill);
+    painter.drawRoundedRect(body, cornerRadius, cornerRadius);
+
+    QRect content = rect();
+    if (!icon().isNull()) {
+        const int label = fontMetrics().size(Qt::TextShowMnemonic, text()).width();
+        const int used = iconSize().width() + (text().isEmpty() ? 0 : iconGap + label);
+        const QRect place(QPoint((width() - used) / 2, (height() - iconSize().height()) / 2),
+                          iconSize());
+        icon().paint(&painter, place, Qt::AlignCenter,
+                     isEnabled() ? QIcon::Normal : QIcon::Disabled);
+        content.setLeft(place.right() + iconGap);
+        content.setWidth(label + 1);
+    }
+    painter.setPen(colors.text);
+    painter.drawText(content, Qt::AlignCenter | Qt::TextShowMnemonic, text());
+
+    if (hasFocus()) {
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(QPen(AccentColor::onWindow(palette()), 2.0));
+        painter.drawRoundedRect(QRectF(rect()).adjusted(1.0, 1.0, -1.0, -1.0), cornerRadius + 2.0,
+                                cornerRadius + 2.0);
+    }
+}
+
+void AQFlatButton::keyPressEvent(QKeyEvent* event) {
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isEnter && !event->isAutoRepeat()) {
+        click();
+        return;
+    }
+    QPushButton::keyPressEvent(event);
+}

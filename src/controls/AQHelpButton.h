@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QPushButton>
+
+/// A small round "?" that opens a help text; a push button to keyboards and screen readers.
+class AQHelpButton : public QPushButton {
+    Q_OBJECT
+
+public:
+    explicit AQHelpButton(QWidget* parent = nullptr);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+};

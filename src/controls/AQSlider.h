@@ -1,0 +1,82 @@
+#pragma once
+
+#include "controls/AQValueView.h"
+
+#include <QLinearGradient>
+#include <QPointer>
+
+class AQDataSource;
+
+/// A horizontal slider for a fraction 0.0..1.0: a bar with a translucent knob.
+///
+/// The mouse sets the value under the pointer; arrow keys and the wheel (only while focused) step
+/// by `valueIncrement()`, Page Up and Page Down by ten of them, Home and End go to the ends. Every
+/// such edit marks the document dirty, even one that a limit keeps from changing the value.
+class AQSlider : public AQValueView {
+    Q_OBJECT
+
+public:
+    explicit AQSlider(QWidget* parent = nullptr);
+
+    double value() const { return m_value; }
+    /// Limits `value` to 0..1. A new value is stored, reported to the delegate, then announced by
+    /// `valueChanged`; an equal one, or one that is not a number, does nothing.
+    void setValue(double value);
+
+    /// A double.
+    QVariant objectValue() const override;
+    /// Takes any number.
+    void setObjectValue(const QVariant& object) override;
+
+    /// What one arrow key adds or takes.
+    virtual double valueIncrement() const { return 0.01; }
+    /// The value in words, for screen readers.
+    virtual QString valueText() const;
+
+    /// The document that edits mark dirty; null for none. Not owned.
+    void setDocument(AQDataSource* document);
+
+    /// An edit by the person: `setValue`, then the document is dirty.
+    void userSetValue(double value);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+Q_SIGNALS:
+    /// After the delegate has been told.
+    void valueChanged(double value);
+
+protected:
+    explicit AQSlider(QWidget* parent, std::optional<QLinearGradient> gradient);
+
+    /// The bar with its labels; fills `rect` with the gradient while enabled.
+    virtual void drawBar(QPainter& painter, const QRectF& rect);
+    /// The knob; brightens what is beneath it.
+    virtual void drawKnob(QPainter& painter, const QRectF& rect);
+
+    QRectF knobRect(const QRectF& rect) const;
+    /// The person's font, not smaller than `pixelSize`.
+    QFont labelFont(int pixelSize) const;
+    QColor labelColor() const;
+    bool showsFocus() const { return isEnabled() && isWindowFocus(); }
+
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void setFromPointer(double x);
+    void drawFocusFrame(QPainter& painter, const QRectF& rect);
+
+    const std::optional<QLinearGradient> m_gradient;
+    QColor m_selectColor;
+    QColor m_knobColor;
+    double m_knobWidthDiv2 = 8.0;
+    double m_knobMargin = 2.0;
+    double m_value = 0.0;
+    int m_wheelRemainder = 0;
+    QPointer<AQDataSource> m_document;
+};

@@ -1,0 +1,49 @@
+#include "controls/AQSliderBrightness.h"
+
+#include "controls/DisplayColors.h"
+
+#include <QFontMetrics>
+#include <QPainter>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int labelPixelSize = 13;
+
+QLinearGradient darkToNeutral() {
+    QLinearGradient gradient(0.0, 0.0, 1.0, 0.0);
+    gradient.setCoordinateMode(QGradient::ObjectMode);
+    gradient.setColorAt(0.0, QColor::fromRgbF(0.08F, 0.08F, 0.08F));
+    gradient.setColorAt(1.0, DisplayColors::neutral);
+    return gradient;
+}
+
+} // namespace
+
+AQSliderBrightness::AQSliderBrightness(QWidget* parent) : AQSlider(parent, darkToNeutral()) {}
+
+QSize AQSliderBrightness::minimumSizeHint() const {
+    return {96, std::max(24, QFontMetrics(labelFont(labelPixelSize)).height() + 8)};
+}
+
+void AQSliderBrightness::drawLabel(QPainter& painter, const QRectF& rect) const {
+    painter.setFont(labelFont(labelPixelSize));
+    painter.setPen(labelColor());
+    painter.drawText(rect, Qt::AlignCenter | Qt::TextDontClip, valueText());
+}
+
+void AQSliderBrightness::drawBar(QPainter& painter, const QRectF& rect) {
+    AQSlider::drawBar(painter, rect);
+    drawLabel(painter, rect);
+}
+
+void AQSliderBrightness::drawKnob(QPainter& painter, const QRectF& rect) {
+    AQSlider::drawKnob(painter, rect);
+    // The translucent knob washes the number out around 50 %; its part beneath the knob is drawn
+    // again.
+    painter.save();
+    painter.setClipRect(knobRect(rect));
+    drawLabel(painter, rect);
+    painter.restore();
+}

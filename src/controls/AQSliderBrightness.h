@@ -1,0 +1,20 @@
+#pragma once
+
+#include "controls/AQSlider.h"
+
+/// The intensity slider: a bar from dark to white with the value as a percentage.
+class AQSliderBrightness : public AQSlider {
+    Q_OBJECT
+
+public:
+    explicit AQSliderBrightness(QWidget* parent = nullptr);
+
+    QSize minimumSizeHint() const override;
+
+protected:
+    void drawBar(QPainter& painter, const QRectF& rect) override;
+    void drawKnob(QPainter& painter, const QRectF& rect) override;
+
+private:
+    void drawLabel(QPainter& painter, const QRectF& rect) const;
+};
