@@ -1,0 +1,126 @@
+#include "simulator/FaultPlan.h"
+#include "simulator/WireEvent.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace std::chrono_literals;
+using Bytes = std::vector<std::uint8_t>;
+
+const YMessage command("CmdGetVersion", 1, {});
+const YMessage answer("AnswerVersion", 2, {1, 4, 17, 1});
+
+FaultOutcome outcomeOf(const std::string& text) {
+    FaultPlan plan;
+    plan.add(Fault::parse(text).value());
+    return plan.apply(plan.take(command.id()), command, answer);
+}
+
+Bytes bytesOf(const FaultOutcome& outcome) {
+    Bytes bytes;
+    for (const LinePiece& piece : outcome.pieces)
+        bytes.insert(bytes.end(), piece.bytes.begin(), piece.bytes.end());
+    return bytes;
+}
+
+TEST(Fault, readsAndWritesItsText) {
+    for (const std::string text :
+         {"silence", "delay=150", "wrong-number=43#46", "wrong-checksum#46@2", "split=3@2..7",
+          "dribble=5@4..", "unplug=500#44@2"})
+        EXPECT_EQ(Fault::parse(text).value().toString(), text);
+    for (const std::string text : {"", "silense", "delay=", "delay=x", "delay=1ms", "silence#256",
+                                   "silence@", "silence@1..x", "delay=-1"}) {
+        std::string error;
+        EXPECT_FALSE(Fault::parse(text, &error)) << text;
+        EXPECT_FALSE(error.empty());
+    }
+}
+
+TEST(FaultPlan, countsAnswersFromTheirAddition) {
+    FaultPlan plan;
+    plan.take(1);
+    plan.add(Fault::parse("silence@2..3").value());
+    plan.add(Fault::parse("delay#46@2").value());
+    std::vector<std::size_t> held;
+    for (const std::uint8_t number : Bytes{1, 46, 1, 46, 46})
+        held.push_back(plan.take(number).size());
+    EXPECT_EQ(held, (std::vector<std::size_t>{0, 1, 1, 1, 0}));
+}
+
+TEST(FaultPlan, changesTheBytes) {
+    const Bytes good = answer.frame();
+    const struct {
+        std::string fault;
+        Bytes bytes;
+    } cases[] = {
+        {"silence", {}},
+        {"deaf", {}},
+        {"unplug", {}},
+        {"wrong-checksum", {'Y', 2, 4, 1, 4, 17, 1, 18}},
+        {"wrong-number=4", {'Y', 4, 4, 1, 4, 17, 1, 21}},
+        {"length=0", {'Y', 2, 0, 1, 4, 17, 1, 19}},
+        {"shorter=3", {'Y', 2, 1, 1, 2}},
+        {"longer=1", {'Y', 2, 5, 1, 4, 17, 1, 0, 18}},
+        {"false-start=9", {'Y', 7, 9, 'Y', 2, 4, 1, 4, 17, 1, 19}},
+        {"echo", {'Y', 1, 0, 1, 'Y', 2, 4, 1, 4, 17, 1, 19}},
+        {"twice", {'Y', 2, 4, 1, 4, 17, 1, 19, 'Y', 2, 4, 1, 4, 17, 1, 19}},
+        {"unasked=43", {'Y', 2, 4, 1, 4, 17, 1, 19, 'Y', 43, 3, 1, 0, 0, 41}},
+        {"reset", {'Y', 2, 4, 1}},
+        {"dribble", good},
+        {"split=3", good},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(bytesOf(outcomeOf(c.fault)), c.bytes) << c.fault;
+    EXPECT_EQ(bytesOf(outcomeOf("flood=1000")).size(), good.size() + 7000);
+}
+
+TEST(FaultPlan, noiseSurroundsOrDividesTheFrameAndHoldsNoStartByte) {
+    const Bytes good = answer.frame();
+    const struct {
+        std::string fault;
+        std::size_t at;
+    } cases[] = {{"noise-before=500", 0}, {"noise-inside=500", 4}, {"noise-after=500", 8}};
+    for (const auto& c : cases) {
+        Bytes bytes = bytesOf(outcomeOf(c.fault));
+        ASSERT_EQ(bytes.size(), good.size() + 500);
+        const auto from = bytes.begin() + static_cast<std::ptrdiff_t>(c.at);
+        EXPECT_EQ(std::count(from, from + 500, 'Y'), 0) << c.fault;
+        bytes.erase(from, from + 500);
+        EXPECT_EQ(bytes, good) << c.fault;
+    }
+}
+
+TEST(FaultPlan, spreadsTheBytesInTime) {
+    const auto pauses = [](const std::string& fault) {
+        std::vector<std::pair<std::size_t, std::chrono::milliseconds>> result;
+        for (const LinePiece& piece : outcomeOf(fault).pieces)
+            result.emplace_back(piece.bytes.size(), piece.pause);
+        return result;
+    };
+    using Pauses = std::vector<std::pair<std::size_t, std::chrono::milliseconds>>;
+    EXPECT_EQ(pauses("delay=199"), (Pauses{{8, 199ms}}));
+    EXPECT_EQ(pauses("split=3"), (Pauses{{3, 0ms}, {5, 20ms}}));
+    EXPECT_EQ(pauses("split=8"), (Pauses{{8, 0ms}}));
+    Pauses dribble(8, {1, 5ms});
+    dribble[0].second = 0ms;
+    EXPECT_EQ(pauses("dribble=5"), dribble);
+    EXPECT_EQ(outcomeOf("unplug=500").unplugFor, 500ms);
+    EXPECT_EQ(outcomeOf("reset=300").resetFor, 300ms);
+}
+
+TEST(WireEvent, readsItsOwnLines) {
+    for (const std::string line :
+         {"+12.345678 ttyUSB0 <- 59 01 00 01 CmdGetVersion", "+0.000001 ttyUSB1 -> 00 ff noise",
+          "+3.000000 ttyUSB0 == unplugged by hand"}) {
+        const auto event = WireEvent::fromLine(line);
+        ASSERT_TRUE(event) << line;
+        EXPECT_EQ(event->toLine(), line);
+    }
+    EXPECT_EQ(WireEvent::fromLine("+1.5 p <- 59 01 00 01 CmdGetVersion")->bytes,
+              (Bytes{0x59, 1, 0, 1}));
+    for (const std::string line : {"", "hello", "1.0 p <- 59", "+1.0 p = x"})
+        EXPECT_FALSE(WireEvent::fromLine(line)) << line;
+}
+
+} // namespace

@@ -1,0 +1,182 @@
+#include "simulator/SimulatedController.h"
+
+#include <gtest/gtest.h>
+
+#include <ostream>
+
+namespace {
+
+using namespace std::chrono_literals;
+using Bytes = std::vector<std::uint8_t>;
+
+/// A controller with a clock that the test turns.
+struct Fixture {
+    std::chrono::nanoseconds now{1h};
+    SimulatedController controller;
+
+    explicit Fixture(ControllerConfig config = {}) : controller(config, [this] { return now; }) {}
+
+    /// The answer's payload to a command sent as a frame; none when there is no answer.
+    std::optional<Bytes> ask(std::uint8_t number, const Bytes& payload = {}) {
+        const auto received = controller.receive(YMessage("Cmd", number, payload).frame());
+        if (received.size() != 1 || !received[0].command)
+            return std::nullopt;
+        const auto answer = controller.execute(*received[0].command);
+        if (!answer)
+            return std::nullopt;
+        EXPECT_EQ(answer->id(), number + 1);
+        return answer->data();
+    }
+};
+
+struct Exchange {
+    std::uint8_t number;
+    Bytes payload;
+    std::optional<Bytes> answer;
+};
+
+void PrintTo(const Exchange& exchange, std::ostream* out) {
+    *out << "#" << int{exchange.number} << " " << testing::PrintToString(exchange.payload);
+}
+
+void expectExchanges(Fixture& fixture, const std::vector<Exchange>& exchanges) {
+    for (const Exchange& exchange : exchanges)
+        EXPECT_EQ(fixture.ask(exchange.number, exchange.payload), exchange.answer)
+            << testing::PrintToString(exchange);
+}
+
+ControllerConfig emptyConfig(int channels) {
+    ControllerConfig config;
+    config.channels = channels;
+    config.factoryProgram = false;
+    return config;
+}
+
+TEST(SimulatedController, answersEveryTopic) {
+    Fixture fixture(emptyConfig(2));
+    fixture.controller.setClock({30, 15, 8, 24, 12, 17});
+    expectExchanges(
+        fixture,
+        {
+            {1, {}, Bytes{1, 4, 17, 1}},
+            {3, {}, Bytes{12, 17, 2, 3, 0, 1, 0x87, 0x8a}},
+            {34, {0x01, 0xfe}, Bytes{0, 0xff}},
+            {40, {}, Bytes{8, 15}},
+            {42, {}, Bytes{1, 0, 0}},
+            {42, {0}, Bytes{0, 0, 0}},
+            {44, {1, 6, 30, 10, 20, 0, 254}, Bytes{1, 6, 30, 10, 20, 0, 254}},
+            {44, {0, 6, 30, 7, 9}, Bytes{0, 6, 30, 7}},
+            {46, {}, Bytes{2, 20, 3}},
+            {46, {1}, Bytes{1, 6, 30, 10, 20, 0, 254}},
+            {48, {}, Bytes{64}},
+            {50, {}, Bytes{15, 0, 254, 254, 2}},
+            {50, {5, 30, 10, 20}, Bytes{5, 30, 10, 20, 2}},
+            {52, {}, Bytes{4, 85, 254, 0x80, 0x84, 0x03, 0x4c, 0x04, 0x10, 0x27, 0xac, 0x26}},
+            {52, {1, 2, 3, 0, 1, 0, 2, 0, 3, 0, 4, 1}, Bytes{1, 2, 3, 0, 1, 0, 2, 0, 3, 0, 4, 1}},
+            {54, {0x02, 0xfe, 9, 3}, Bytes{0x02, 0xfe, 9, 3}},
+            {70, {}, Bytes{30, 15, 8, 24, 12, 17}},
+            {72, {}, Bytes{64, 64}},
+            {74, {0xc0, 0xff}, Bytes{0xc0, 0xff}},
+            {74, {}, Bytes{0xc0, 0xff}},
+        });
+    EXPECT_EQ(fixture.ask(32)->size(), 31U);
+    EXPECT_FALSE(fixture.controller.state().programMode);
+    EXPECT_EQ(fixture.controller.state().daylight.utcOffset, -1);
+}
+
+TEST(SimulatedController, leavesUnanswered) {
+    Fixture fixture(emptyConfig(2));
+    expectExchanges(fixture, {
+                                 {2, {}, std::nullopt},            // not a command
+                                 {99, {}, std::nullopt},           // unknown
+                                 {44, {}, std::nullopt},           // no channel
+                                 {44, {2, 1, 1, 1}, std::nullopt}, // channel it does not have
+                                 {46, {2}, std::nullopt},
+                                 {48, {1, 2}, std::nullopt}, // one level missing
+                                 {70, {1, 2, 3}, std::nullopt},
+                             });
+}
+
+TEST(SimulatedController, storesNoMoreThanItHolds) {
+    ControllerConfig config = emptyConfig(4);
+    config.maxPoints = 2;
+    Fixture fixture(config);
+    EXPECT_EQ(fixture.ask(44, {3, 1, 0, 1, 2, 0, 2, 3, 0, 3}), (Bytes{3, 1, 0, 1, 2, 0, 2}));
+    ASSERT_EQ(fixture.controller.state().sequence.size(), 4U);
+    EXPECT_EQ(fixture.controller.state().sequence[3],
+              (std::vector<SequenceEntry>{{1, 0, 1}, {2, 0, 2}}));
+}
+
+TEST(SimulatedController, demoModeTakesTheLampAndGivesItBack) {
+    Fixture fixture(emptyConfig(2));
+    fixture.controller.setClock({0, 0, 9, 1, 6, 20});
+    fixture.ask(44, {0, 8, 0, 100, 10, 0, 200});
+    fixture.ask(44, {1, 0, 0, 7});
+    EXPECT_EQ(fixture.ask(42), (Bytes{0x01, 150, 7})); // half way between the entries
+    fixture.ask(48, {1});
+    EXPECT_EQ(fixture.ask(48, {1, 11, 12}), (Bytes{0x81, 11, 12}));
+    fixture.now += 59s;
+    EXPECT_EQ(fixture.ask(48, {1}), (Bytes{0x81, 11, 12}));
+    fixture.now += 59s;
+    EXPECT_TRUE(fixture.controller.state().demoActive);
+    EXPECT_EQ(fixture.ask(48, {0}), (Bytes{0x01, 152, 7}));
+    fixture.ask(48, {1});
+    fixture.now += 61s; // nobody keeps it alive
+    EXPECT_FALSE(fixture.controller.state().demoActive);
+}
+
+TEST(SimulatedController, clockRunsAcrossTheEndOfTheYear) {
+    Fixture fixture;
+    fixture.ask(70, {58, 59, 23, 31, 12, 19});
+    fixture.now += 3s;
+    EXPECT_EQ(fixture.ask(70), (Bytes{1, 0, 0, 1, 1, 20}));
+    fixture.ask(70, {0, 0, 12, 30, 2, 20}); // no such day: it stands still
+    fixture.now += 1h;
+    EXPECT_EQ(fixture.ask(70), (Bytes{0, 0, 12, 30, 2, 20}));
+}
+
+TEST(SimulatedController, resynchronisesOnTheStartByte) {
+    Fixture fixture;
+    Bytes stream{'A', 'T', '\r', 'Y', 1, 0, 9}; // noise, then a frame with a wrong checksum
+    const Bytes good = YMessage("Cmd", 46, {1}).frame();
+    stream.insert(stream.end(), good.begin(), good.end());
+    for (const std::size_t chunk : {std::size_t{1}, std::size_t{3}, stream.size()}) {
+        std::vector<Bytes> commands;
+        Bytes noise;
+        for (std::size_t at = 0; at < stream.size(); at += chunk) {
+            const auto part = std::span(stream).subspan(at, std::min(chunk, stream.size() - at));
+            for (const auto& received : fixture.controller.receive(part)) {
+                if (received.command)
+                    commands.push_back(received.bytes);
+                else
+                    noise.insert(noise.end(), received.bytes.begin(), received.bytes.end());
+            }
+        }
+        EXPECT_EQ(commands, std::vector<Bytes>{good}) << chunk;
+        EXPECT_EQ(noise, (Bytes{'A', 'T', '\r', 'Y', 1, 0, 9})) << chunk;
+    }
+    EXPECT_EQ(fixture.controller.commandCounts().at("CmdGetSequenceData"), 3);
+}
+
+TEST(SimulatedController, forgetsACommandThatStopsArriving) {
+    Fixture fixture;
+    EXPECT_TRUE(fixture.controller.receive(Bytes{'Y', 44, 200}).empty());
+    fixture.now += 200ms;
+    EXPECT_FALSE(fixture.ask(1).has_value()); // noise comes first
+    EXPECT_EQ(fixture.controller.noiseBytes(), 3);
+    EXPECT_TRUE(fixture.ask(1).has_value());
+}
+
+TEST(SimulatedController, factoryProgramFitsTheChannelCount) {
+    for (const int channels : {0, 1, 2, 3, 4, 6}) {
+        ControllerConfig config;
+        config.channels = channels;
+        Fixture fixture(config);
+        const auto& sequence = fixture.controller.state().sequence;
+        ASSERT_EQ(sequence.size(), static_cast<std::size_t>(channels));
+        for (const auto& entries : sequence)
+            EXPECT_EQ(entries.size(), 4U);
+    }
+}
+
+} // namespace
