@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QStringView>
+
+/// The part of an XML text that may be handed to a parser.
+///
+/// QXmlStreamReader takes seconds for a start tag with many attributes and gigabytes for nested
+/// entities. What could cost that much is cut off before the parser sees it; what stands before the
+/// cut is parsed as usual.
+struct GuardedXml {
+    /// Longest start tag, in UTF-16 units. Settings files have no attributes at all.
+    static constexpr qsizetype maxTagLength = 1024;
+
+    QString text;
+    /// Why the text was cut; empty when it is whole. A cut text is malformed whatever it looks
+    /// like.
+    QString fault;
+
+    bool isUtf16 = false;
+
+    /// Decodes UTF-8, or UTF-16 with a byte order mark. Cuts before an undecodable byte, a NUL, a
+    /// document type definition, or a tag that is too long.
+    static GuardedXml fromBytes(const QByteArray& bytes);
+
+    /// True when the encoding that the text declares (none is an empty name) is one that was used
+    /// to decode it.
+    bool allowsEncoding(QStringView declared) const;
+};
