@@ -1,18 +1,11 @@
 #pragma once
 
 #include "simulator/DeviceClock.h"
+#include "yprotocoll/SequenceEntry.h"
 
 #include <array>
 #include <cstdint>
 #include <vector>
-
-/// One entry of a channel's program, as it travels.
-struct SequenceEntry {
-    std::uint8_t hour = 0;
-    std::uint8_t minute = 0;
-    std::uint8_t level = 0;
-    bool operator==(const SequenceEntry&) const = default;
-};
 
 /// The maintenance light that the controller's own button switches on.
 struct TaskLight {
