@@ -60,8 +60,7 @@ void AQFlatButton::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const Look colors = look();
-    // Room for the focus ring, so that focus moves nothing.
-    const QRectF body = QRectF(rect()).adjusted(3.5, 3.5, -3.5, -3.5);
+    const QRectF body = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
     painter.setPen(QPen(colors.outline, 1.0));
     painter.setBrush(colors.fill);
     painter.drawRoundedRect(body, cornerRadius, cornerRadius);
@@ -81,10 +80,13 @@ void AQFlatButton::paintEvent(QPaintEvent* /*event*/) {
     painter.drawText(content, Qt::AlignCenter | Qt::TextShowMnemonic, text());
 
     if (hasFocus()) {
+        const bool isFilled = m_isPrimary || isChecked();
+        const double inset = isFilled ? 3.0 : 1.0;
         painter.setBrush(Qt::NoBrush);
-        painter.setPen(QPen(AccentColor::onWindow(palette()), 2.0));
-        painter.drawRoundedRect(QRectF(rect()).adjusted(1.0, 1.0, -1.0, -1.0), cornerRadius + 2.0,
-                                cornerRadius + 2.0);
+        painter.setPen(QPen(isFilled ? QColor(Qt::white) : AccentColor::onWindow(palette()),
+                            isFilled ? 1.5 : 2.0));
+        painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset),
+                                cornerRadius - inset / 2.0, cornerRadius - inset / 2.0);
     }
 }
 

@@ -1,6 +1,7 @@
 #include "controls/AQSlider.h"
 
 #include "controls/AQSliderAccessible.h"
+#include "controls/AccentColor.h"
 #include "controls/DisplayColors.h"
 #include "controls/Strokes.h"
 #include "data/AQDataSource.h"
@@ -105,6 +106,12 @@ QColor AQSlider::labelColor() const {
     return isEnabled() ? DisplayColors::line : DisplayColors::disabled;
 }
 
+QColor AQSlider::labelColorOnKnob() const {
+    // On a dark window a disabled knob is as grey as the label.
+    const bool drowns = !isEnabled() && AccentColor::isDark(palette());
+    return drowns ? palette().color(QPalette::Window) : labelColor();
+}
+
 void AQSlider::drawBar(QPainter& painter, const QRectF& rect) {
     if (isEnabled() && m_gradient) {
         painter.fillRect(rect, *m_gradient);
@@ -120,11 +127,17 @@ void AQSlider::drawKnob(QPainter& painter, const QRectF& rect) {
                    showsFocus() ? m_selectColor : DisplayColors::disabled);
 }
 
-void AQSlider::drawFocusFrame(QPainter& painter, const QRectF& rect) {
-    if (showsFocus()) {
-        Strokes::frame(painter, rect, focusedFrameWidth, m_selectColor);
-    } else {
+void AQSlider::drawFrame(QPainter& painter, const QRectF& rect) const {
+    if (!showsFocus()) {
         Strokes::frame(painter, rect, frameWidth, DisplayColors::disabled);
+        return;
+    }
+    Strokes::frame(painter, rect, focusedFrameWidth, m_selectColor);
+    if (AccentColor::isDark(palette())) {
+        // Black does not stand out of a dark window and the dark end of a bar; a light line does.
+        const double in = focusedFrameWidth;
+        Strokes::frame(painter, rect.adjusted(in, in, -in, -in), frameWidth,
+                       DisplayColors::neutral);
     }
 }
 
@@ -133,7 +146,7 @@ void AQSlider::paintEvent(QPaintEvent* /*event*/) {
     const QRectF bounds = rect();
     drawBar(painter, bounds);
     drawKnob(painter, bounds);
-    drawFocusFrame(painter, bounds);
+    drawFrame(painter, bounds);
 }
 
 void AQSlider::setFromPointer(double x) {

@@ -58,6 +58,8 @@ protected:
     /// The person's font, not smaller than `pixelSize`.
     QFont labelFont(int pixelSize) const;
     QColor labelColor() const;
+    /// For the part of a label that the knob lies on.
+    QColor labelColorOnKnob() const;
     bool showsFocus() const { return isEnabled() && isWindowFocus(); }
 
     void paintEvent(QPaintEvent* event) override;
@@ -69,7 +71,7 @@ protected:
 
 private:
     void setFromPointer(double x);
-    void drawFocusFrame(QPainter& painter, const QRectF& rect);
+    void drawFrame(QPainter& painter, const QRectF& rect) const;
 
     const std::optional<QLinearGradient> m_gradient;
     QColor m_selectColor;

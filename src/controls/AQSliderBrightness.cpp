@@ -27,15 +27,16 @@ QSize AQSliderBrightness::minimumSizeHint() const {
     return {96, std::max(24, QFontMetrics(labelFont(labelPixelSize)).height() + 8)};
 }
 
-void AQSliderBrightness::drawLabel(QPainter& painter, const QRectF& rect) const {
+void AQSliderBrightness::drawLabel(QPainter& painter, const QRectF& rect,
+                                   const QColor& color) const {
     painter.setFont(labelFont(labelPixelSize));
-    painter.setPen(labelColor());
+    painter.setPen(color);
     painter.drawText(rect, Qt::AlignCenter | Qt::TextDontClip, valueText());
 }
 
 void AQSliderBrightness::drawBar(QPainter& painter, const QRectF& rect) {
     AQSlider::drawBar(painter, rect);
-    drawLabel(painter, rect);
+    drawLabel(painter, rect, labelColor());
 }
 
 void AQSliderBrightness::drawKnob(QPainter& painter, const QRectF& rect) {
@@ -44,6 +45,6 @@ void AQSliderBrightness::drawKnob(QPainter& painter, const QRectF& rect) {
     // again.
     painter.save();
     painter.setClipRect(knobRect(rect));
-    drawLabel(painter, rect);
+    drawLabel(painter, rect, labelColorOnKnob());
     painter.restore();
 }

@@ -16,5 +16,5 @@ protected:
     void drawKnob(QPainter& painter, const QRectF& rect) override;
 
 private:
-    void drawLabel(QPainter& painter, const QRectF& rect) const;
+    void drawLabel(QPainter& painter, const QRectF& rect, const QColor& color) const;
 };

@@ -116,7 +116,8 @@ void AQSliderColorTemp::drawCurve(QPainter& painter, const QRectF& rect) const {
     });
 }
 
-void AQSliderColorTemp::drawLabels(QPainter& painter, const QRectF& rect) const {
+void AQSliderColorTemp::drawLabels(QPainter& painter, const QRectF& rect,
+                                   const QColor& color) const {
     const QFont font = labelFont(labelPixelSize);
     const QFontMetricsF metrics(font);
     const double center = rect.center().x();
@@ -131,7 +132,7 @@ void AQSliderColorTemp::drawLabels(QPainter& painter, const QRectF& rect) const 
         painter.drawText(bottom, Qt::AlignLeft | Qt::TextDontClip, QString::number(number));
     };
     painter.setFont(font);
-    painter.setPen(labelColor());
+    painter.setPen(color);
     drawColumn(warmWord(), warmValue(), true);
     drawColumn(coldWord(), coldValue(), false);
 }
@@ -141,7 +142,7 @@ void AQSliderColorTemp::drawBar(QPainter& painter, const QRectF& rect) {
     if (m_showCurve) {
         drawCurve(painter, rect);
     }
-    drawLabels(painter, rect);
+    drawLabels(painter, rect, labelColor());
 }
 
 void AQSliderColorTemp::drawKnob(QPainter& painter, const QRectF& rect) {
@@ -149,6 +150,6 @@ void AQSliderColorTemp::drawKnob(QPainter& painter, const QRectF& rect) {
     // As on the brightness slider: the knob would wash the words out.
     painter.save();
     painter.setClipRect(knobRect(rect));
-    drawLabels(painter, rect);
+    drawLabels(painter, rect, labelColorOnKnob());
     painter.restore();
 }

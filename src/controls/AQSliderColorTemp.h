@@ -38,7 +38,7 @@ protected:
 
 private:
     void drawCurve(QPainter& painter, const QRectF& rect) const;
-    void drawLabels(QPainter& painter, const QRectF& rect) const;
+    void drawLabels(QPainter& painter, const QRectF& rect, const QColor& color) const;
 
     double m_maxValue = 1.0;
     bool m_showCurve = true;

@@ -74,7 +74,7 @@ void AQSwitchButton::paintEvent(QPaintEvent* /*event*/) {
 
     painter.setOpacity(isEnabled() ? 1.0 : 0.4);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(DisplayColors::blend(off, isEnabled() ? on : off, m_knobPosition));
+    painter.setBrush(DisplayColors::blend(off, on, m_knobPosition));
     painter.drawRoundedRect(track, radius, radius);
 
     const double diameter = track.height() - 2.0 * knobInset;

@@ -24,6 +24,12 @@ AQTimeValueView::AQTimeValueView(std::unique_ptr<const TimeFormat> format, QWidg
     connect(m_field, &TimeField::refused, this, &AQTimeValueView::refused);
 }
 
+AQTimeValueView::~AQTimeValueView() {
+    // Left to QWidget's destructor, the field would lose its focus and commit its draft to what is
+    // no value view any more.
+    delete m_field;
+}
+
 const AQTime& AQTimeValueView::time() const {
     return m_field->time();
 }

@@ -16,6 +16,8 @@ class AQTimeValueView : public AQValueView {
     Q_OBJECT
 
 public:
+    ~AQTimeValueView() override;
+
     const AQTime& time() const;
     /// Stores the nearest value that can be shown.
     void setTime(const AQTime& time);

@@ -33,9 +33,15 @@ TimeField::TimeField(std::unique_ptr<const TimeFormat> format, Offer offer, QWid
 }
 
 void TimeField::setTime(const AQTime& time) {
-    if (time != m_time) {
-        m_time = time;
-        showTime();
+    if (time == m_time) {
+        return;
+    }
+    const int index = currentSection();
+    const bool isPartSelected = lineEdit()->selectedText() != lineEdit()->text();
+    m_time = time;
+    showTime();
+    if (hasFocus()) {
+        isPartSelected ? selectSection(index) : selectAll();
     }
 }
 
@@ -46,10 +52,11 @@ void TimeField::showTime() {
 
 QSize TimeField::sizeHint() const {
     constexpr int padding = 12;
+    constexpr int verticalPadding = 6;
     QStyleOptionSpinBox option;
     initStyleOption(&option);
     const QSize contents(fontMetrics().horizontalAdvance(m_format->widestText()) + padding,
-                         lineEdit()->sizeHint().height());
+                         lineEdit()->sizeHint().height() + verticalPadding);
     return style()->sizeFromContents(QStyle::CT_SpinBox, &option, contents, this);
 }
 
