@@ -168,26 +168,9 @@ TEST(AQSequence, hasSpaceUpToTheLimitOfTheController) {
 }
 
 TEST(AQSequence, findsAnotherPointOfTheSameMinute) {
-    Document document({480, 600});
+    const Document document({480, 600});
     EXPECT_TRUE(document.sequence.hasPointAt({10, 0, 59}, 0));
     EXPECT_FALSE(document.sequence.hasPointAt({10, 0}, 1));
-    EXPECT_FALSE(document.sequence.hasPointAt({10, 1}, -1));
-}
-
-TEST(AQDataSource, startsWithTheDefaults) {
-    NotificationCenter center;
-    const AQDataSource document(center);
-    EXPECT_EQ(document.sequence().points(), (std::vector<AQTimePoint>{{{8, 30}, 1.0, 0.0},
-                                                                      {{10, 0}, 0.565, 0.8},
-                                                                      {{15, 0}, 0.5, 1.0},
-                                                                      {{20, 0}, 0.565, 0.8},
-                                                                      {{21, 0}, 0.922, 0.5},
-                                                                      {{22, 30}, 1.0, 0.15},
-                                                                      {{23, 30}, 1.0, 0.0}}));
-    EXPECT_EQ(document.taskLight(), (AQTimePoint{{0, 1, 0}, 0.5, 1.0}));
-    EXPECT_TRUE(document.isProgramMode());
-    EXPECT_FALSE(document.isDirty());
-    EXPECT_FALSE(document.device().has_value());
 }
 
 TEST(AQDataSource, loadsTheDefaultsAloud) {

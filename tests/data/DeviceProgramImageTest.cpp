@@ -1,0 +1,350 @@
+#include "data/DeviceProgramImage.h"
+#include "data/AQDataSource.h"
+#include "data/ColorMapping.h"
+#include "data/NotificationLog.h"
+#include "yprotocoll/DimmingCurve.h"
+#include "yprotocoll/YAnswers.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cmath>
+#include <random>
+
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+using Answers = std::vector<std::shared_ptr<const YAnswer>>;
+using Points = std::vector<AQTimePoint>;
+
+/// Half a step of the dimming curve (253 steps for three decades) and half a step of a byte.
+const double rounding = std::pow(10.0, 1.5 / 253.0) - 1.0 + 0.5 / 255.0;
+
+DeviceInfo controller(int channels, int maxPoints = 20) {
+    return {{1, 4}, 17, 5, channels, maxPoints};
+}
+
+Bytes joined(std::initializer_list<Bytes> parts) {
+    Bytes all;
+    for (const Bytes& part : parts)
+        all.insert(all.end(), part.begin(), part.end());
+    return all;
+}
+
+std::shared_ptr<const YAnswer> taskMode(std::uint8_t minutes, std::uint8_t seconds,
+                                        std::uint8_t cold = 0, std::uint8_t warm = 0) {
+    return YAnswer::create(51, {minutes, seconds, cold, warm, 0});
+}
+
+std::shared_ptr<const YAnswer> channel(std::uint8_t number, const Bytes& entries = {}) {
+    return YAnswer::create(47, joined({{number}, entries}));
+}
+
+/// The default program, its levels as calculated by hand from the formulas.
+const Bytes defaultChannels[] = {
+    {0, 8, 30, 0, 10, 0, 246, 15, 0, 254, 20, 0, 246, 21, 0, 229, 22, 30, 184, 23, 30, 0},
+    {1, 8, 30, 0, 10, 0, 241, 15, 0, 254, 20, 0, 241, 21, 0, 162, 22, 30, 0, 23, 30, 0},
+    {2, 8, 30, 255, 10, 0, 144, 15, 0, 128, 20, 0, 144, 21, 0, 235, 22, 30, 255, 23, 30, 255},
+    {3, 8, 30, 0, 10, 0, 204, 15, 0, 255, 20, 0, 204, 21, 0, 128, 22, 30, 38, 23, 30, 0},
+    {4, 8, 30, 0, 10, 0, 0, 15, 0, 0, 20, 0, 0, 21, 0, 0, 22, 30, 0, 23, 30, 0},
+    {5, 8, 30, 0, 10, 0, 0, 15, 0, 0, 20, 0, 0, 21, 0, 0, 22, 30, 0, 23, 30, 0},
+};
+
+struct Fixture {
+    NotificationCenter center;
+    AQDataSource document{center};
+    NotificationLog log{center};
+
+    std::vector<Bytes> sent(const DeviceInfo& device) const {
+        std::vector<Bytes> payloads;
+        for (const YCommand& command : DeviceProgramImage::sendCommands(document, device)) {
+            EXPECT_EQ(command.id(), payloads.size() == std::size_t(device.channelCount) ? 50 : 44);
+            payloads.push_back(command.data());
+        }
+        return payloads;
+    }
+    TransferResult apply(const Answers& answers, int channels) {
+        return DeviceProgramImage::apply(answers, controller(channels), document);
+    }
+};
+
+/// What a controller answers to a load after it was sent these payloads.
+Answers stored(const std::vector<Bytes>& payloads) {
+    Answers answers{YAnswer::create(51, joined({payloads.back(), {0}}))};
+    for (std::size_t index = 0; index + 1 < payloads.size() && index < 4; ++index)
+        answers.push_back(YAnswer::create(47, payloads[index]));
+    return answers;
+}
+
+TEST(ColorMapping, levelsOfALight) {
+    const struct {
+        double colorTemp;
+        double brightness;
+        int cold;
+        int warm;
+    } cases[] = {
+        {0.5, 1.0, 254, 254},         {0.0, 1.0, 0, 254},
+        {1.0, 1.0, 254, 0},           {0.5, 0.0, 0, 0},
+        {0.25, 0.5, 203, 229},        {0.75, 0.5, 229, 204},
+        {0.5, 1.0 / 255, 51, 51},     {0.5, 3.0 / 255, 91, 91},
+        {1.0 / 255, 1.0, 51, 254},    {2.0 / 255, 1.0, 91, 254},
+        {127.0 / 255, 1.0, 254, 254}, {128.0 / 255, 1.0, 254, 254},
+        {254.0 / 255, 1.0, 254, 91},  {0.1, 0.01, 32, 91},
+        {-3.0, 7.0, 0, 254},          {1.0 / 255, 1.0 / 255, 0, 51},
+    };
+    for (const auto& c : cases) {
+        const ChannelLevels levels = levelsFromLight(c.colorTemp, c.brightness);
+        EXPECT_EQ(levels.cold, c.cold) << c.colorTemp << ' ' << c.brightness;
+        EXPECT_EQ(levels.warm, c.warm) << c.colorTemp << ' ' << c.brightness;
+    }
+    // The weights change by 2 a step, and meet at the middle, which counts for both outputs.
+    EXPECT_DOUBLE_EQ(levelsFromLight(127.0 / 255, 1.0).coldShare, 253.0 / 255);
+    EXPECT_DOUBLE_EQ(levelsFromLight(128.0 / 255, 1.0).coldShare, 1.0);
+    EXPECT_DOUBLE_EQ(levelsFromLight(128.0 / 255, 1.0).warmShare, 1.0);
+    EXPECT_DOUBLE_EQ(levelsFromLight(129.0 / 255, 1.0).warmShare, 253.0 / 255);
+    EXPECT_DOUBLE_EQ(levelsFromLight(254.0 / 255, 128.0 / 255).warmShare, 3.0 * 128 / 65025);
+}
+
+TEST(ColorMapping, lightOfLevels) {
+    const struct {
+        std::uint8_t cold;
+        std::uint8_t warm;
+        double colorTemp;
+        double brightness;
+    } cases[] = {{0, 0, 0.5, 0.0},   {254, 254, 0.5, 1.0},       {255, 254, 0.5, 1.0},
+                 {0, 1, 0.0, 0.001}, {1, 0, 1.0, 0.001},         {254, 0, 1.0, 1.0},
+                 {0, 254, 0.0, 1.0}, {85, 85, 0.5, 0.0099094016}};
+    for (const auto& c : cases) {
+        const Light light = lightFromLevels(c.cold, c.warm);
+        EXPECT_NEAR(light.colorTemp, c.colorTemp, 1e-7) << int{c.cold} << ' ' << int{c.warm};
+        EXPECT_NEAR(light.brightness, c.brightness, 1e-7) << int{c.cold} << ' ' << int{c.warm};
+    }
+}
+
+TEST(ColorMapping, isItsOwnInverseButForRounding) {
+    for (int color = 0; color <= 255; ++color) {
+        for (int light = 0; light <= 255; ++light) {
+            const ChannelLevels levels = levelsFromLight(color / 255.0, light / 255.0);
+            const Light back = lightFromLevels(levels.cold, levels.warm);
+            ASSERT_NEAR(back.brightness, light / 255.0, rounding) << color << ' ' << light;
+            // In the dark the few levels left tell little about the colour.
+            if (light >= 128) {
+                ASSERT_NEAR(back.colorTemp, color / 255.0, rounding) << color << ' ' << light;
+            }
+        }
+    }
+}
+
+TEST(TransferResult, textsCarryTheNumbers) {
+    EXPECT_EQ(TransferResult(TransferResult::errorTooManyPoints{21, 20}).description(),
+              "Too many time points in sequence: 21. This controller supports a maximmum of 20 "
+              "points only.");
+    EXPECT_EQ(TransferResult(TransferResult::errorWrongChannelCount{3}).description(),
+              "Wrong number of channels: got 3, expected 2 or 4.");
+}
+
+TEST(DeviceProgramImage, checksTheController) {
+    const TransferResult ok = TransferResult::ok{};
+    const struct {
+        std::optional<DeviceInfo> device;
+        int points;
+        TransferResult load;
+        TransferResult send;
+    } cases[] = {
+        {{}, 7, TransferResult::errorNoDevice{}, TransferResult::errorNoDevice{}},
+        {controller(0), 7, TransferResult::errorWrongChannelCount{0},
+         TransferResult::errorWrongChannelCount{0}},
+        {controller(1), 99, TransferResult::errorWrongChannelCount{1},
+         TransferResult::errorWrongChannelCount{1}},
+        {controller(3), 7, TransferResult::errorWrongChannelCount{3},
+         TransferResult::errorWrongChannelCount{3}},
+        {controller(2), 20, ok, ok},
+        {controller(4), 0, ok, ok},
+        {controller(6), 21, ok, TransferResult::errorTooManyPoints{21, 20}},
+        {controller(2, 255), 84, ok, ok},
+        {controller(2, 255), 85, ok, TransferResult::errorTooManyPoints{85, 84}},
+    };
+    for (const auto& c : cases) {
+        Fixture f;
+        f.document.sequence().replacePoints(Points(static_cast<std::size_t>(c.points)));
+        EXPECT_EQ(DeviceProgramImage::checkLoad(c.device), c.load);
+        EXPECT_EQ(DeviceProgramImage::checkSend(f.document, c.device), c.send);
+        if (c.send.isOk()) {
+            EXPECT_EQ(f.sent(*c.device).size(), std::size_t(c.device->channelCount) + 1);
+        }
+    }
+}
+
+TEST(DeviceProgramImage, asksForEveryChannelThatCounts) {
+    for (const int channels : {2, 4, 6}) {
+        const auto commands = DeviceProgramImage::loadCommands(controller(channels));
+        ASSERT_EQ(commands.size(), channels == 2 ? 3U : 5U);
+        EXPECT_EQ(commands[0].frame(), (Bytes{'Y', 50, 0, 50}));
+        for (std::uint8_t index = 1; index < commands.size(); ++index) {
+            EXPECT_EQ(commands[index].id(), 46);
+            EXPECT_EQ(commands[index].data(), Bytes{std::uint8_t(index - 1)});
+        }
+    }
+}
+
+TEST(DeviceProgramImage, sendsTheDefaultProgram) {
+    const Fixture f;
+    for (const int channels : {2, 4, 6}) {
+        auto expected = std::vector<Bytes>(defaultChannels, defaultChannels + channels);
+        if (channels >= 4) {
+            expected[0][3] = 127; // the task light's colour temperature 0.5 x 254
+            expected[1][3] = 254; // its intensity 1.0
+        }
+        expected.push_back({1, 0, 254, 254});
+        EXPECT_EQ(f.sent(controller(channels)), expected) << channels;
+    }
+}
+
+TEST(DeviceProgramImage, sendsShortPrograms) {
+    Fixture f;
+    f.document.setTaskLight({{5, 0, 300}, 1.0, 0.25});
+    const Bytes task{255, 255, 203, 0};
+
+    f.document.sequence().replacePoints({{{12, 30, 0}, 0.0, 0.8}});
+    EXPECT_EQ(f.sent(controller(2)),
+              (std::vector<Bytes>{{0, 0, 0, 0, 23, 59, 0}, {1, 0, 0, 246, 23, 59, 246}, task}));
+    EXPECT_EQ(f.sent(controller(4)), (std::vector<Bytes>{{0, 0, 0, 254, 23, 59, 0},
+                                                         {1, 0, 0, 64, 23, 59, 246},
+                                                         {2, 0, 0, 0, 23, 59, 0},
+                                                         {3, 0, 0, 204, 23, 59, 204},
+                                                         task}));
+
+    f.document.sequence().replacePoints({});
+    EXPECT_EQ(f.sent(controller(2)), (std::vector<Bytes>{{0}, {1}, task}));
+    EXPECT_EQ(f.sent(controller(5)),
+              (std::vector<Bytes>{{0}, {1}, {2, 0, 0, 254}, {3, 0, 0, 64}, {4, 0, 0, 254}, task}));
+}
+
+TEST(DeviceProgramImage, readsTheTaskLight) {
+    const Bytes entry{10, 0, 127};
+    const Bytes full{10, 0, 255};
+    const auto none = std::array{channel(0), channel(1), channel(2), channel(3)};
+    const auto task = taskMode(1, 0, 254, 0);
+    const struct {
+        int channels;
+        Answers answers;
+        AQTimePoint taskLight;
+    } cases[] = {
+        // Two channels have it in the task mode, as levels.
+        {2, {task, none[0], none[1]}, {{0, 1, 0}, 1.0, 1.0}},
+        // Four have it in the first entries of channels 0 and 1, of an empty program in 2 and 3.
+        {4, {task, channel(0, entry), channel(1, full), none[2], none[3]}, {{0, 1, 0}, 0.5, 1.0}},
+        {6, {task, none[0], none[1], channel(2, full), channel(3, entry)}, {{0, 1, 0}, 1.0, 0.5}},
+        {4, {task, none[0], none[1], none[2], none[3]}, {{0, 1, 0}, 0.5, 1.0}},
+        {2, {taskMode(125, 59), none[0], none[1]}, {{2, 5, 59}, 0.5, 0.0}},
+        {2, {taskMode(125, 130), none[0], none[1]}, {{1, 7, 10}, 0.5, 0.0}},
+        {2, {taskMode(255, 0), none[0], none[1]}, {{4, 15, 0}, 0.5, 0.0}},
+    };
+    for (const auto& c : cases) {
+        Fixture f;
+        EXPECT_EQ(f.apply(c.answers, c.channels), TransferResult::ok{});
+        EXPECT_EQ(f.document.taskLight(), c.taskLight);
+        EXPECT_EQ(f.document.sequence().count(), 0);
+        EXPECT_EQ(f.log.take(), std::vector<std::string>{});
+    }
+}
+
+TEST(DeviceProgramImage, refusesWhatIsNoProgram) {
+    const auto task = taskMode(1, 0);
+    const Bytes entry{10, 0, 200};
+    const Bytes entries{10, 0, 200, 11, 0, 200};
+    const struct {
+        const char* name;
+        int channels;
+        Answers answers;
+    } cases[] = {
+        {"nothing", 2, {}},
+        {"too few", 2, {task, channel(0)}},
+        {"too many", 2, {task, channel(0), channel(1), channel(2)}},
+        {"too few for four", 4, {task, channel(0), channel(1), channel(2)}},
+        {"a channel too many for six",
+         6,
+         {task, channel(0), channel(1), channel(2), channel(3), channel(4)}},
+        {"no task mode", 2, {channel(0), channel(0), channel(1)}},
+        {"task mode twice", 2, {task, channel(0), task}},
+        {"a missing answer", 2, {task, nullptr, channel(1)}},
+        {"limits instead of a channel", 2, {task, channel(0), channel(1, {20, 3})}},
+        {"channels in the wrong order", 2, {task, channel(1, entry), channel(0, entry)}},
+        {"the same channel twice", 2, {task, channel(0, entry), channel(0, entry)}},
+        {"channels 0 and 1 differ", 2, {task, channel(0, entry), channel(1, entries)}},
+        {"channels 0 and 1 of four differ",
+         4,
+         {task, channel(0, entry), channel(1), channel(2, entry), channel(3, entry)}},
+        {"channels 2 and 3 differ",
+         4,
+         {task, channel(0, entry), channel(1, entry), channel(2, entry), channel(3)}},
+        {"hour 24", 2, {task, channel(0, {24, 0, 1}), channel(1, {10, 0, 1})}},
+        {"minute 60", 2, {task, channel(0, {10, 60, 1}), channel(1, {10, 0, 1})}},
+        {"a late entry without a time",
+         4,
+         {task, channel(0), channel(1), channel(2, {1, 0, 1, 255, 255, 255}), channel(3, entries)}},
+        {"seconds that make a negative hour", 2, {taskMode(0, 60), channel(0), channel(1)}},
+        {"the same of four channels",
+         4,
+         {taskMode(50, 255), channel(0), channel(1), channel(2), channel(3)}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        Fixture f;
+        const Points points = f.document.sequence().points();
+        const AQTimePoint taskLight = f.document.taskLight();
+        EXPECT_EQ(f.apply(c.answers, c.channels), TransferResult::errorInvalidData{});
+        EXPECT_EQ(f.document.sequence().points(), points);
+        EXPECT_EQ(f.document.taskLight(), taskLight);
+    }
+    Fixture f;
+    EXPECT_EQ(f.apply({}, 3), TransferResult::errorWrongChannelCount{3});
+}
+
+/// Equal but for the rounding of the dimming curve on the way there and back.
+void expectSameEntries(const Bytes& sent, const Bytes& again) {
+    ASSERT_EQ(sent.size(), again.size());
+    for (std::size_t index = 0; index < sent.size(); ++index) {
+        if (index > 0 && index % 3 == 0)
+            EXPECT_NEAR(shareFromLevel(again[index]), shareFromLevel(sent[index]), rounding);
+        else
+            EXPECT_EQ(again[index], sent[index]);
+    }
+}
+
+TEST(DeviceProgramImage, roundTripOfAnyProgram) {
+    std::mt19937 random(20170824);
+    const auto fraction = [&random] { return std::uniform_real_distribution(0.0, 1.0)(random); };
+    const auto below = [&random](int limit) { return int(random() % unsigned(limit)); };
+    for (int run = 0; run < 420; ++run) {
+        Fixture f;
+        Points points(std::size_t(run % 21));
+        for (AQTimePoint& point : points)
+            point = {AQTime::fromMinuteOfDay(below(1440)), fraction(), fraction()};
+        f.document.sequence().replacePoints(points);
+        f.document.setTaskLight({{below(4), below(60), below(60)}, fraction(), fraction()});
+        const AQTimePoint taskLight = f.document.taskLight();
+
+        for (const int channels : {4, 2}) {
+            f.document.sequence().replacePoints(points);
+            f.document.setTaskLight(taskLight);
+            const auto sent = f.sent(controller(channels));
+            ASSERT_EQ(f.apply(stored(sent), channels), TransferResult::ok{});
+            ASSERT_EQ(f.document.sequence().points().size(),
+                      points.size() == 1 ? 2 : points.size());
+            EXPECT_EQ(f.document.taskLight().time, taskLight.time);
+            EXPECT_NEAR(f.document.taskLight().brightness, taskLight.brightness, rounding);
+
+            const auto again = f.sent(controller(channels));
+            for (std::size_t index = 0; index < std::size_t(channels); ++index) {
+                // Four channels keep the values themselves.
+                if (channels == 4)
+                    EXPECT_EQ(again[index], sent[index]);
+                else
+                    expectSameEntries(sent[index], again[index]);
+            }
+        }
+    }
+}
+
+} // namespace
