@@ -1,6 +1,7 @@
 #pragma once
 
 #include "yprotocoll/DeviceInfo.h"
+#include "yprotocoll/ModalPause.h"
 #include "yprotocoll/PausingTimer.h"
 #include "yprotocoll/SerialPort.h"
 #include "yprotocoll/YAnswerParser.h"
@@ -9,7 +10,10 @@
 
 #include <QObject>
 
+#include <QTimer>
+
 #include <chrono>
+#include <cstdint>
 #include <deque>
 #include <functional>
 #include <memory>
@@ -60,6 +64,13 @@ public:
     YMessageController(SerialPortManager& ports, ModalPause& pause);
     ~YMessageController() override;
 
+    /// The one controller of the running program, on the computer's real ports; made on first use,
+    /// when a QCoreApplication exists, and gone with it. For the start of the program only.
+    static YMessageController& sharedInstance();
+
+    /// What the controller's timers obey; the program says there when a modal window is shown.
+    ModalPause& modalPause() const { return m_pause; }
+
     /// What the open sequence learnt; none while no device is open.
     const std::optional<DeviceInfo>& device() const { return m_device; }
     /// True only after the whole open sequence succeeded.
@@ -74,6 +85,9 @@ public:
     void run();
     /// Stops discovery and closes the link.
     void stop();
+    /// Opens this port, after closing another one. Reports PortWrongType for a port that is not the
+    /// controller's. When the port cannot be opened this is reported as PortError; discovery tries
+    /// again and reports only what is new.
     void open(const SerialPortInfo& port);
     /// Opens the controller at this device file, now or once it is plugged in; from then on
     /// discovery looks for no other.
@@ -83,10 +97,88 @@ public:
 
     /// Queues a command. Without an open port: reports PortClosedSend and drops the command.
     void send(YCommand command, AnswerCallback callback = {});
-    /// Sends the commands one after another and delivers all answers at once, in command order.
+    /// Sends the commands one after another and delivers all answers at once, in command order. An
+    /// empty list is delivered before this returns.
     void sendCommands(std::vector<YCommand> commands, AnswersCallback callback);
     /// For values that change faster than the controller answers: one command at most is in flight,
     /// the newest goes out last, and after each answer the next waits `interval`.
     /// Dropped silently without an open port.
     void sendStream(YCommand command, std::chrono::milliseconds interval);
+
+private:
+    using DirectCallback = std::function<void(const AnswerPtr&)>;
+    struct QueuedCommand {
+        YCommand command;
+        DirectCallback onAnswer; ///< called within the answer's arrival
+    };
+    struct ListTransfer;
+    struct StreamCommand {
+        YCommand command;
+        std::uint64_t serial = 0; ///< tells one command from another with the same bytes
+        std::chrono::milliseconds interval{};
+    };
+    struct OpenFailure {
+        std::string path;
+        std::string text;
+        bool operator==(const OpenFailure&) const = default;
+    };
+
+    // timers
+    void onScanTimer();
+    void onOpenTimeout();
+    void onSendTimeout();
+    void onStreamTimer();
+
+    // opening
+    void openPort(const SerialPortInfo& port);
+    void openPath(const std::string& path);
+    void gotVersion(const YAnswer& answer);
+    void gotSequenceDataInfo(const YAnswer& answer);
+    void refuse(const YMessageError& error);
+
+    // sending
+    void enqueue(YCommand command, DirectCallback onAnswer);
+    void sendFirstCmdInQueue();
+    void sendNextOfList(const std::shared_ptr<ListTransfer>& transfer);
+
+    // reports, all from the event loop
+    void later(std::function<void()> call);
+    void report(const YMessageError& error);
+
+    void serialPortWasOpened(SerialPort& port) override;
+    void serialPortWasClosed(SerialPort& port) override;
+    void serialPortWasRemovedFromSystem(SerialPort& port) override;
+    void serialPortDidEncounterError(SerialPort& port, const std::string& error) override;
+    void serialPortDidReceive(SerialPort& port, std::span<const std::uint8_t> bytes) override;
+    void serialPortsChanged() override;
+    void answerParserGotAnswer(AnswerPtr answer) override;
+    void answerParserGotError(const YMessageError& error) override;
+
+    SerialPortManager& m_ports;
+    ModalPause& m_pause;
+    const Intervals m_intervals;
+    YMessageControllerDelegate* m_delegate = nullptr;
+
+    std::optional<DeviceInfo> m_device;
+    std::unique_ptr<SerialPort> m_port; ///< held from `open()` to `close()`
+    bool m_portIsOpen = false;
+    bool m_isConnected = false;
+    YAnswerParser m_parser;
+    std::deque<QueuedCommand> m_sendQueue; ///< the first one is in flight
+    std::uint64_t m_writeCount = 0;
+    int m_timeoutCount = 0;
+    std::optional<std::string> m_pathWeAreLookingFor;
+    std::optional<OpenFailure> m_reportedOpenFailure;
+
+    std::optional<StreamCommand> m_nextStreamCmd;
+    std::uint64_t m_streamSerial = 0;
+    std::uint64_t m_answeredStreamSerial = 0;
+    bool m_streamIsRunning = false; ///< a stream command is in flight or its interval runs
+
+    PausingTimer m_scanTimer;
+    PausingTimer m_sendTimer;
+    PausingTimer m_openTimer;
+    QTimer m_streamTimer;
+    /// Closed ports wait here for the event loop: one of their reports may have closed them.
+    std::vector<std::unique_ptr<SerialPort>> m_closedPorts;
 };
