@@ -27,7 +27,7 @@ class AQDataSourceReader : public QObject {
     Q_OBJECT
 
 public:
-    static constexpr qint64 maxFileSize = 1024 * 1024; ///< bytes
+    static constexpr qint64 maxFileSize = 1 << 20; ///< bytes
     static constexpr int maxDepth = 64;                ///< nested elements
 
     /// `document` must outlive the reader.

@@ -82,7 +82,7 @@ QString AtomicFile::replace(const QString& path, const QByteArray& contents) {
     if (exists && ::fchown(file.handle(), old.st_uid, old.st_gid) == 0)
         ::fchmod(file.handle(), old.st_mode & 07777);
 
-    const QString fault = writeThrough(file.handle(), contents);
+    QString fault = writeThrough(file.handle(), contents);
     if (!fault.isEmpty()) {
         file.cancelWriting();
         return fault;
