@@ -28,7 +28,7 @@ class AQDataSourceReader : public QObject {
 
 public:
     static constexpr qint64 maxFileSize = 1 << 20; ///< bytes
-    static constexpr int maxDepth = 64;                ///< nested elements
+    static constexpr int maxDepth = 64;            ///< nested elements
 
     /// `document` must outlive the reader.
     explicit AQDataSourceReader(AQDataSource& document, QObject* parent = nullptr);
