@@ -61,7 +61,8 @@ bool AQSwitchButton::hitButton(const QPoint& position) const {
 
 QRectF AQSwitchButton::trackRect() const {
     const int x = isLeftToRight() ? focusMargin : width() - focusMargin - trackSize.width();
-    return {QPointF(x, (height() - trackSize.height()) / 2), QSizeF(trackSize)};
+    const int y = (height() - trackSize.height()) / 2;
+    return QRectF(QRect(QPoint(x, y), trackSize));
 }
 
 void AQSwitchButton::paintEvent(QPaintEvent* /*event*/) {
