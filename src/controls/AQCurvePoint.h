@@ -1,0 +1,66 @@
+#pragma once
+
+#include "controls/DisplayColors.h"
+
+#include <QColor>
+#include <QPointF>
+#include <QWidget>
+
+/// One point of the light program on the curve: a disc that grows when selected.
+///
+/// It knows no program: it reports what the mouse does to it, and its curve view acts on that.
+/// Only the left button counts.
+class AQCurvePoint : public QWidget {
+    Q_OBJECT
+
+public:
+    static constexpr double radius = 6.0;
+    static constexpr double sel_radius = 10.0;
+    /// How far the pointer must move up or down before a press becomes a drag: a click must not
+    /// change the light.
+    static constexpr double dragThreshold = 3.0;
+
+    /// A square of 2 x `sel_radius` + 4 units, out of sight until it is placed.
+    AQCurvePoint(int index, QWidget* parent);
+
+    /// The row of the point in the program.
+    int index() const { return m_index; }
+    /// Moves the centre to a place in the parent, between whole pixels too.
+    void setCentre(QPointF centre);
+
+    const QColor& color() const { return m_color; }
+    /// Redraws when the colour changes.
+    void setColor(const QColor& color);
+
+    bool isSelected() const { return m_isSelected; }
+    /// Redraws when the state changes.
+    void setIsSelected(bool isSelected);
+
+    /// A press that began on this point is still held.
+    bool isMouseDown() const { return m_isMouseDown; }
+
+Q_SIGNALS:
+    void pressed(AQCurvePoint* point);
+    /// The pointer is at height `y` of the parent; once for each move of a drag.
+    void dragged(AQCurvePoint* point, double y);
+    void hovered(AQCurvePoint* point);
+    /// The pointer has left, or a press ended elsewhere. Not sent while a press is held.
+    void hoverEnded(AQCurvePoint* point);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void enterEvent(QEnterEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+
+private:
+    int m_index;
+    QColor m_color = DisplayColors::neutral;
+    QPointF m_offset; ///< of the disc from the middle of the widget, below one pixel
+    bool m_isSelected = false;
+    bool m_isMouseDown = false;
+    bool m_isDragging = false;
+    double m_pressY = 0.0;
+};

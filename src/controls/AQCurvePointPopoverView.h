@@ -1,0 +1,39 @@
+#pragma once
+
+#include "data/AQTimePoint.h"
+
+#include <QWidget>
+
+class QPainter;
+
+/// What the popover says: the time over the two channel levels and the intensity.
+class AQCurvePointPopoverView : public QWidget {
+    Q_OBJECT
+
+public:
+    static constexpr int contentWidth = 180;
+    static constexpr int contentHeight = 75;
+    /// The height of the upper band, which holds the time.
+    static constexpr int timeBandHeight = 25;
+
+    explicit AQCurvePointPopoverView(QWidget* parent = nullptr);
+
+    /// The band of the values, and of an arrow that grows from it.
+    ///
+    /// White: on the grey of the time band the intensity, grey itself, could not be seen, and the
+    /// warm and cold levels hardly.
+    static QColor valueBandColor();
+
+    const AQTimePoint& value() const { return m_value; }
+    /// Redraws when the value changes.
+    void setValue(const AQTimePoint& value);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void drawColumn(QPainter& painter, int column, const QString& title, const QString& text,
+                    const QColor& color);
+
+    AQTimePoint m_value;
+};

@@ -1,0 +1,177 @@
+#include "controls/CurvePainter.h"
+
+#include "controls/CurveGradient.h"
+#include "controls/DisplayColors.h"
+#include "controls/ProgramInterpolation.h"
+#include "controls/Strokes.h"
+#include "controls/TimeText.h"
+
+#include <QPainter>
+#include <QPolygonF>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr double dashLength = 2.0;
+constexpr double tickLength = 10.0;
+constexpr double labelHeight = 14.0;
+constexpr double markerWidth = 2.0;
+constexpr double markerHeadRadius = 4.0;
+constexpr double playheadRadius = 10.0;
+constexpr double focusRingWidth = 2.0;
+/// What the sums of a place may be off a whole device pixel.
+constexpr double rounding = 1e-6;
+
+QFont fontOfSize(QFont font, int pixelSize) {
+    font.setPixelSize(pixelSize);
+    return font;
+}
+
+QPolygonF curveLine(std::span<const AQTimePoint> points, const CurveGeometry& geometry) {
+    const double midnight = geometry.y(lightAt(points, AQTime{}).brightness);
+    QPolygonF line;
+    line.reserve(static_cast<qsizetype>(points.size()) + 4);
+    line.append({geometry.left(), midnight});
+    for (const AQTimePoint& point : points)
+        line.append(geometry.position(point));
+    line.append({geometry.right(), midnight});
+    return line;
+}
+
+} // namespace
+
+CurvePainter::CurvePainter(QPainter& painter, const CurveGeometry& geometry, const QFont& font)
+    : m_painter(painter), m_geometry(geometry), m_labelFont(fontOfSize(font, 11)),
+      m_tagFont(fontOfSize(font, 13)), m_scale(painter.device()->devicePixelRatio()) {
+    painter.setRenderHint(QPainter::Antialiasing);
+}
+
+void CurvePainter::drawBackground(bool isEnabled) {
+    m_painter.fillRect(QRectF(0.0, 0.0, m_geometry.width(), m_geometry.height()),
+                       DisplayColors::neutral);
+    m_painter.setFont(m_labelFont);
+    m_painter.setPen(isEnabled ? DisplayColors::line : DisplayColors::disabled);
+    drawAxes();
+    drawIntensityTicks();
+    drawHourTicks();
+}
+
+void CurvePainter::drawAxes() {
+    // Dashes as boxes: a dashed pen cannot be kept on whole device pixels.
+    const double left = m_geometry.left();
+    const double bottom = m_geometry.bottom();
+    for (double x = left; x < m_geometry.right(); x += 2.0 * dashLength)
+        drawHorizontal(x, std::min(x + dashLength, m_geometry.right()), bottom);
+    for (double y = bottom; y > m_geometry.top(); y -= 2.0 * dashLength) {
+        drawVertical(left, std::max(y - dashLength, m_geometry.top()), y, 1.0,
+                     DisplayColors::disabled);
+    }
+    drawLabel(m_geometry.rectFromBottom(m_geometry.width() - 45.0, 33.0, 50.0, labelHeight),
+              Qt::AlignHCenter, QStringLiteral("Time"));
+    drawLabel(m_geometry.rectFromBottom(10.0, m_geometry.height() - 25.0, 50.0, labelHeight),
+              Qt::AlignHCenter, QStringLiteral("Intensity"));
+}
+
+void CurvePainter::drawIntensityTicks() {
+    const double axis = m_geometry.left();
+    for (int i = 0; i <= 10; ++i) {
+        const double y = m_geometry.y(i / 10.0);
+        drawHorizontal(axis - tickLength, axis, y);
+        if (i == 0)
+            continue;
+        drawLabel(QRectF(0.0, y - labelHeight / 2.0, 45.0, labelHeight), Qt::AlignRight,
+                  QStringLiteral("%1%").arg(i * 10));
+    }
+}
+
+void CurvePainter::drawHourTicks() {
+    const double axis = m_geometry.bottom();
+    for (int hour = 0; hour <= 24; ++hour) {
+        const double x = m_geometry.x(hour * AQTime::minutesPerHour);
+        drawVertical(x, axis, axis + tickLength, 1.0, DisplayColors::disabled);
+        if (hour % 2 != 0)
+            continue;
+        drawLabel(m_geometry.rectFromBottom(x - 20.0, 11.0, 40.0, labelHeight), Qt::AlignHCenter,
+                  timeText(hour, 0));
+    }
+}
+
+void CurvePainter::drawLabel(const QRectF& box, int alignment, const QString& text) {
+    m_painter.drawText(box, alignment | Qt::AlignVCenter | Qt::TextDontClip, text);
+}
+
+void CurvePainter::drawOutline(std::span<const AQTimePoint> points) {
+    m_painter.setPen(QPen(DisplayColors::disabled, 1.0));
+    m_painter.setBrush(Qt::NoBrush);
+    m_painter.drawPolyline(curveLine(points, m_geometry));
+}
+
+void CurvePainter::drawFill(std::span<const AQTimePoint> points) {
+    QPolygonF area = curveLine(points, m_geometry);
+    area.append({m_geometry.right(), m_geometry.bottom()});
+    area.append({m_geometry.left(), m_geometry.bottom()});
+
+    // In device pixels, where the strip of colours needs no scaling.
+    const double start = m_geometry.left() * m_scale;
+    const double end = m_geometry.right() * m_scale;
+    const int firstPixel = static_cast<int>(std::floor(start));
+    const int pixels = static_cast<int>(std::ceil(end)) - firstPixel;
+    const auto colors = CurveGradient::colorStops(CurveGradient::temperatureStops(points));
+    m_painter.save();
+    m_painter.scale(1.0 / m_scale, 1.0 / m_scale);
+    m_painter.setPen(Qt::NoPen);
+    m_painter.setBrush(CurveGradient::strip(colors, start - firstPixel, end - firstPixel, pixels));
+    m_painter.setBrushOrigin(firstPixel, 0);
+    m_painter.drawPolygon(QTransform::fromScale(m_scale, m_scale).map(area));
+    m_painter.restore();
+}
+
+void CurvePainter::drawTimeMarker(AQTime time) {
+    const double x = m_geometry.x(time.minuteOfDay());
+    drawVertical(x, m_geometry.top(), m_geometry.bottom(), markerWidth, DisplayColors::line);
+    m_painter.setPen(Qt::NoPen);
+    m_painter.setBrush(DisplayColors::line);
+    m_painter.drawEllipse(QPointF(x, m_geometry.top()), markerHeadRadius, markerHeadRadius);
+
+    const QRectF tag = m_geometry.rectFromBottom(x - 24.0, 8.0, 48.0, 20.0);
+    fillBox(tag, DisplayColors::line);
+    m_painter.setFont(m_tagFont);
+    m_painter.setPen(DisplayColors::neutral);
+    m_painter.drawText(tag, Qt::AlignCenter | Qt::TextDontClip, timeText(time.hour, time.minute));
+}
+
+void CurvePainter::drawPlayhead(const AQTimePoint& light) {
+    m_painter.setPen(QPen(DisplayColors::line, 2.0));
+    m_painter.setBrush(DisplayColors::displayColor(light.colorTemp));
+    m_painter.drawEllipse(m_geometry.position(light), playheadRadius, playheadRadius);
+}
+
+void CurvePainter::drawFocusRing() {
+    const QRectF view(0.0, 0.0, m_geometry.width(), m_geometry.height());
+    Strokes::frame(m_painter, view, focusRingWidth, DisplayColors::cold);
+}
+
+double CurvePainter::lineWidth(double width) const {
+    return std::max(1.0, std::round(width * m_scale)) / m_scale;
+}
+
+void CurvePainter::fillBox(const QRectF& box, const QColor& color) {
+    m_painter.fillRect(Strokes::snapped(m_painter, box), color);
+}
+
+// A line of an odd number of device pixels cannot be centred on its place. It gives way to the left
+// and downwards, so that the axes stay outside the area that is filled afterwards.
+void CurvePainter::drawHorizontal(double fromX, double toX, double y) {
+    const double width = lineWidth(1.0);
+    const double top = std::ceil((y - width / 2.0) * m_scale - rounding) / m_scale;
+    fillBox(QRectF(fromX, top, toX - fromX, width), DisplayColors::disabled);
+}
+
+void CurvePainter::drawVertical(double x, double fromY, double toY, double width,
+                                const QColor& color) {
+    const double whole = lineWidth(width);
+    const double left = std::floor((x - whole / 2.0) * m_scale + rounding) / m_scale;
+    fillBox(QRectF(left, fromY, whole, toY - fromY), color);
+}
