@@ -2,16 +2,12 @@
 
 #include "controls/AQCurvePointPopoverView.h"
 #include "controls/DisplayColors.h"
+#include "controls/PopoverShape.h"
 
 #include <QEvent>
 #include <QGuiApplication>
 #include <QPainter>
-#include <QPainterPath>
-#include <QRegion>
 #include <QScreen>
-
-#include <algorithm>
-#include <cmath>
 
 namespace {
 
@@ -19,48 +15,6 @@ constexpr int border = 1;
 constexpr int anchorSide = 30;
 constexpr QSize bodySize{AQCurvePointPopoverView::contentWidth + 2 * border,
                          AQCurvePointPopoverView::contentHeight + 2 * border};
-
-QRect bodyRect(const PopoverPlacement& placement) {
-    return {QPoint(0, placement.isAbove ? 0 : PopoverPlacement::arrowLength), bodySize};
-}
-
-/// The rounded body and its arrow; `inset` draws it in from the edge.
-QPainterPath shape(const PopoverPlacement& placement, double inset) {
-    const QRectF body = QRectF(bodyRect(placement)).adjusted(inset, inset, -inset, -inset);
-    QPainterPath path;
-    path.addRoundedRect(body, PopoverPlacement::cornerRadius, PopoverPlacement::cornerRadius);
-    const double tip = placement.isAbove ? placement.frame.height() - inset : inset;
-    const double foot = placement.isAbove ? body.bottom() - 1.0 : body.top() + 1.0;
-    const double x = placement.arrowX;
-    QPainterPath arrow;
-    arrow.addPolygon(
-        QPolygonF({QPointF(x - PopoverPlacement::arrowHalfWidth, foot), QPointF(x, tip),
-                   QPointF(x + PopoverPlacement::arrowHalfWidth, foot)}));
-    arrow.closeSubpath();
-    return path | arrow;
-}
-
-/// Every pixel that the shape touches. What is outside is cut off, because it would be black
-/// where the desktop does not compose windows.
-QRegion maskOf(const PopoverPlacement& placement) {
-    constexpr int radius = PopoverPlacement::cornerRadius;
-    const QRect body = bodyRect(placement);
-    QRegion region;
-    for (int row = 0; row < body.height(); ++row) {
-        const int inCorner = std::max(0, radius - std::min(row + 1, body.height() - row));
-        const int cut =
-            radius - static_cast<int>(std::ceil(std::sqrt(radius * radius - inCorner * inCorner)));
-        region +=
-            body.adjusted(cut, 0, -cut, 0).intersected(QRect(0, body.y() + row, body.width(), 1));
-    }
-    for (int row = 0; row < PopoverPlacement::arrowLength; ++row) {
-        const int half =
-            (row + 1) * PopoverPlacement::arrowHalfWidth / PopoverPlacement::arrowLength + 1;
-        const int y = placement.isAbove ? placement.frame.height() - 1 - row : row;
-        region += QRect(placement.arrowX - half, y, 2 * half, 1);
-    }
-    return region;
-}
 
 } // namespace
 
@@ -113,12 +67,15 @@ bool AQCurvePointPopover::eventFilter(QObject* watched, QEvent* event) {
         if (m_isPresented)
             applyPlacement();
         break;
+    case QEvent::Show:
     case QEvent::WindowActivate:
-    case QEvent::WindowDeactivate:
-        m_isWindowInactive = event->type() == QEvent::WindowDeactivate;
+        m_isWindowInactive = false;
         applyVisibility();
         break;
-    case QEvent::Show:
+    case QEvent::WindowDeactivate:
+        m_isWindowInactive = true;
+        applyVisibility();
+        break;
     case QEvent::Hide:
     case QEvent::WindowStateChange:
         applyVisibility();
@@ -143,8 +100,8 @@ void AQCurvePointPopover::applyPlacement() {
     m_placement = placement;
     setGeometry(placement.frame);
     if (isReshaped) {
-        m_popoverView->move(bodyRect(placement).topLeft() + QPoint(border, border));
-        setMask(maskOf(placement));
+        m_popoverView->move(PopoverShape::body(placement).topLeft() + QPoint(border, border));
+        setMask(PopoverShape::mask(placement));
         update();
     }
 }
@@ -162,5 +119,5 @@ void AQCurvePointPopover::paintEvent(QPaintEvent*) {
     painter.setPen(QPen(DisplayColors::disabled, border));
     painter.setBrush(m_placement.isAbove ? AQCurvePointPopoverView::valueBandColor()
                                          : DisplayColors::disabled);
-    painter.drawPath(shape(m_placement, border / 2.0));
+    painter.drawPath(PopoverShape::outline(m_placement, border / 2.0));
 }

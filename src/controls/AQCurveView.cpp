@@ -329,10 +329,13 @@ void AQCurveView::focusInEvent(QFocusEvent*) {
         announce(m_pointViews[static_cast<std::size_t>(m_selectedRow)], QAccessible::Focus);
 }
 
-void AQCurveView::focusOutEvent(QFocusEvent*) {
+void AQCurveView::focusOutEvent(QFocusEvent* event) {
     update();
-    // What the keyboard showed goes; what the pointer shows stays.
-    if (m_popoverRow >= 0 && !m_pointViews[static_cast<std::size_t>(m_popoverRow)]->underMouse())
+    // What the keyboard showed goes; what the pointer shows stays. With the window, the focus comes
+    // back.
+    if (m_popoverRow >= 0 && event->reason() != Qt::ActiveWindowFocusReason &&
+        event->reason() != Qt::PopupFocusReason &&
+        !m_pointViews[static_cast<std::size_t>(m_popoverRow)]->underMouse())
         closePointPopover();
 }
 
@@ -349,8 +352,7 @@ void AQCurveView::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
 }
 
-const QPixmap& AQCurveView::background() {
-    const double scale = devicePixelRatioF();
+const QPixmap& AQCurveView::background(double scale) {
     const QSize wanted(static_cast<int>(std::ceil(width() * scale)),
                        static_cast<int>(std::ceil(height() * scale)));
     if (m_background.size() == wanted && m_backgroundScale == scale)
@@ -371,10 +373,10 @@ const QPixmap& AQCurveView::background() {
 void AQCurveView::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     alignOrigin(painter);
-    const double scale = devicePixelRatioF();
+    const double scale = painter.deviceTransform().m11();
     painter.save();
     painter.scale(1.0 / scale, 1.0 / scale);
-    painter.drawPixmap(0, 0, background());
+    painter.drawPixmap(0, 0, background(scale));
     painter.restore();
 
     CurvePainter curve(painter, curveGeometry(), font());

@@ -105,7 +105,7 @@ private:
     void addPointView();
     void removeLastPointView();
     void describePoint(int row);
-    const QPixmap& background();
+    const QPixmap& background(double scale);
 
     void select(int row);
     /// Selects and tells the others, as a person's choice.

@@ -44,7 +44,7 @@ QPolygonF curveLine(std::span<const AQTimePoint> points, const CurveGeometry& ge
 
 CurvePainter::CurvePainter(QPainter& painter, const CurveGeometry& geometry, const QFont& font)
     : m_painter(painter), m_geometry(geometry), m_labelFont(fontOfSize(font, 11)),
-      m_tagFont(fontOfSize(font, 13)), m_scale(painter.device()->devicePixelRatio()) {
+      m_tagFont(fontOfSize(font, 13)), m_scale(painter.deviceTransform().m11()) {
     painter.setRenderHint(QPainter::Antialiasing);
 }
 
@@ -158,7 +158,10 @@ double CurvePainter::lineWidth(double width) const {
 }
 
 void CurvePainter::fillBox(const QRectF& box, const QColor& color) {
-    m_painter.fillRect(Strokes::snapped(m_painter, box), color);
+    const auto snapped = [this](double place) { return std::round(place * m_scale) / m_scale; };
+    m_painter.fillRect(QRectF(QPointF(snapped(box.left()), snapped(box.top())),
+                              QPointF(snapped(box.right()), snapped(box.bottom()))),
+                       color);
 }
 
 // A line of an odd number of device pixels cannot be centred on its place. It gives way to the left

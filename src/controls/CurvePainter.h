@@ -15,7 +15,7 @@ class QPainter;
 /// Paints the parts of the curve view; the view says which and in what order.
 ///
 /// Straight lines and boxes are set on whole device pixels, so that they are sharp at every scale.
-/// The painter's origin must lie on one.
+/// The painter's origin must lie on one, and it must not be rotated.
 class CurvePainter {
 public:
     /// `painter` must outlive this. Texts are set in the family of `font`.
