@@ -6,6 +6,7 @@
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QPainterPath>
+#include <QPixmapCache>
 #include <QVariantList>
 
 #include <algorithm>
@@ -137,10 +138,38 @@ void AQSliderColorTemp::drawLabels(QPainter& painter, const QRectF& rect,
     drawColumn(coldWord(), coldValue(), false);
 }
 
-void AQSliderColorTemp::drawBar(QPainter& painter, const QRectF& rect) {
+void AQSliderColorTemp::drawBackground(QPainter& painter, const QRectF& rect) {
     AQSlider::drawBar(painter, rect);
     if (m_showCurve) {
         drawCurve(painter, rect);
+    }
+}
+
+QPixmap AQSliderColorTemp::background(const QRectF& rect, double scale) {
+    const QString key = QStringLiteral("AQSliderColorTemp %1 %2 %3 %4")
+                            .arg(rect.width())
+                            .arg(rect.height())
+                            .arg(scale)
+                            .arg(m_showCurve);
+    QPixmap pixmap;
+    if (!QPixmapCache::find(key, &pixmap)) {
+        pixmap = QPixmap(static_cast<int>(std::ceil(rect.width() * scale)),
+                         static_cast<int>(std::ceil(rect.height() * scale)));
+        pixmap.setDevicePixelRatio(scale);
+        pixmap.fill(DisplayColors::neutral);
+        QPainter painter(&pixmap);
+        drawBackground(painter, rect);
+        painter.end();
+        QPixmapCache::insert(key, pixmap);
+    }
+    return pixmap;
+}
+
+void AQSliderColorTemp::drawBar(QPainter& painter, const QRectF& rect) {
+    if (isEnabled()) {
+        painter.drawPixmap(rect.topLeft(), background(rect, painter.device()->devicePixelRatioF()));
+    } else {
+        drawBackground(painter, rect);
     }
     drawLabels(painter, rect, labelColor());
 }

@@ -2,6 +2,8 @@
 
 #include "controls/AQSlider.h"
 
+#include <QPixmap>
+
 /// The colour-temperature slider: a bar from warm over white to cold, with the share of each
 /// channel.
 class AQSliderColorTemp : public AQSlider {
@@ -37,6 +39,11 @@ protected:
     void drawKnob(QPainter& painter, const QRectF& rect) override;
 
 private:
+    /// All of the bar that no value changes.
+    void drawBackground(QPainter& painter, const QRectF& rect);
+    /// That of an enabled bar, which sliders of the same size share: the curve takes longer to draw
+    /// than everything else together.
+    QPixmap background(const QRectF& rect, double scale);
     void drawCurve(QPainter& painter, const QRectF& rect) const;
     void drawLabels(QPainter& painter, const QRectF& rect, const QColor& color) const;
 
