@@ -20,6 +20,7 @@
 namespace {
 
 constexpr int pageIncrements = 10;
+constexpr int gridUnit = 8;
 constexpr double focusedFrameWidth = 2.0;
 constexpr double frameWidth = 1.0;
 
@@ -82,7 +83,8 @@ void AQSlider::userSetValue(double value) {
 }
 
 QSize AQSlider::sizeHint() const {
-    return {200, std::max(24, minimumSizeHint().height())};
+    const int rows = (minimumSizeHint().height() + gridUnit - 1) / gridUnit;
+    return {200, rows * gridUnit};
 }
 
 QSize AQSlider::minimumSizeHint() const {

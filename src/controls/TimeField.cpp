@@ -1,5 +1,6 @@
 #include "controls/TimeField.h"
 
+#include <QAccessible>
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -152,9 +153,17 @@ void TimeField::refuse(const QString& reason) {
     }
     m_refusalTimer.start(refusalShown);
     update();
-    if (isVisible()) {
-        QToolTip::showText(mapToGlobal(rect().bottomLeft()), reason, this);
+    if (QAccessible::isActive()) {
+        setAccessibleDescription(reason);
+        QAccessibleEvent event(this, QAccessible::Alert);
+        QAccessible::updateAccessibility(&event);
     }
+    // Later, because the focus that a refused draft loses to another control hides tool tips.
+    QTimer::singleShot(0, this, [this, reason] {
+        if (isVisible() && showsRefusal()) {
+            QToolTip::showText(mapToGlobal(rect().bottomLeft()), reason, this);
+        }
+    });
     Q_EMIT refused(reason);
 }
 

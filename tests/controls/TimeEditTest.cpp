@@ -100,7 +100,7 @@ TEST_F(TimeEditTest, aRefusedTimeIsShownAsSuchAndTheOldOneKept) {
     ASSERT_EQ(refused.count(), 1);
     const QString reason = QStringLiteral("Another point already has the time 12:00.");
     EXPECT_EQ(refused.at(0).at(0).toString(), reason);
-    EXPECT_EQ(QToolTip::text(), reason);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return QToolTip::text() == reason; }));
 
     edit.setTime({11, 30, 0});
     press(Qt::Key_Up);
@@ -109,6 +109,14 @@ TEST_F(TimeEditTest, aRefusedTimeIsShownAsSuchAndTheOldOneKept) {
     EXPECT_FALSE(edit.showsRefusal()) << "typing on ends the complaint";
     press(Qt::Key_Return);
     EXPECT_EQ(edit.time(), (AQTime{8, 30, 0}));
+}
+
+TEST_F(TimeEditTest, theReasonStaysInSightWhenTheFocusGoesOn) {
+    type("99");
+    press(Qt::Key_Tab);
+    EXPECT_TRUE(edit.showsRefusal());
+    EXPECT_TRUE(QTest::qWaitFor([] { return QToolTip::text().contains(QLatin1String("07:30")); }));
+    EXPECT_TRUE(duration.isWindowFocus());
 }
 
 TEST_F(TimeEditTest, nonsenseKeepsTheLastValueWithoutAskingAnyone) {
