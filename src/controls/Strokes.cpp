@@ -9,10 +9,12 @@
 namespace Strokes {
 
 QRectF snapped(const QPainter& painter, const QRectF& rect) {
-    const double scale = painter.device()->devicePixelRatioF();
-    const auto snap = [scale](double position) { return std::round(position * scale) / scale; };
-    return {QPointF(snap(rect.left()), snap(rect.top())),
-            QPointF(snap(rect.right()), snap(rect.bottom()))};
+    // In the window's pixels: at a scale of 1.5 a widget may begin between two of them.
+    const QTransform toDevice = painter.deviceTransform();
+    const QRectF device = toDevice.mapRect(rect);
+    const QPointF topLeft(std::round(device.left()), std::round(device.top()));
+    const QPointF bottomRight(std::round(device.right()), std::round(device.bottom()));
+    return toDevice.inverted().mapRect(QRectF(topLeft, bottomRight));
 }
 
 void frame(QPainter& painter, const QRectF& rect, double thickness, const QColor& color) {

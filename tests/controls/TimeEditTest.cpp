@@ -115,8 +115,9 @@ TEST_F(TimeEditTest, theReasonStaysInSightWhenTheFocusGoesOn) {
     type("99");
     press(Qt::Key_Tab);
     EXPECT_TRUE(edit.showsRefusal());
-    EXPECT_TRUE(QTest::qWaitFor([] { return QToolTip::text().contains(QLatin1String("07:30")); }));
     EXPECT_TRUE(duration.isWindowFocus());
+    EXPECT_TRUE(QTest::qWaitFor(
+        [] { return QToolTip::isVisible() && QToolTip::text().contains(QLatin1String("07:30")); }));
 }
 
 TEST_F(TimeEditTest, nonsenseKeepsTheLastValueWithoutAskingAnyone) {
