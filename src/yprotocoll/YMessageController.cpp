@@ -299,26 +299,34 @@ void YMessageController::sendNextOfList(const std::shared_ptr<ListTransfer>& tra
     });
 }
 
-void YMessageController::sendStream(YCommand command, std::chrono::milliseconds interval) {
+void YMessageController::sendStream(YCommand command, std::chrono::milliseconds interval,
+                                    AnswerCallback callback) {
     if (!m_port) {
         m_nextStreamCmd.reset();
         return;
     }
-    m_nextStreamCmd = StreamCommand{std::move(command), ++m_streamSerial, interval};
+    m_nextStreamCmd =
+        StreamCommand{std::move(command), ++m_streamSerial, interval, std::move(callback)};
     if (m_streamIsRunning)
         return;
     m_streamIsRunning = true;
-    enqueue(m_nextStreamCmd->command, [this, serial = m_streamSerial, interval](const AnswerPtr&) {
-        m_answeredStreamSerial = serial;
-        m_streamTimer.start(interval);
+    enqueue(m_nextStreamCmd->command, [this, stream = *m_nextStreamCmd](const AnswerPtr& answer) {
+        m_answeredStreamSerial = stream.serial;
+        m_streamTimer.start(stream.interval);
+        if (stream.callback)
+            later([callback = stream.callback, answer] { callback(*answer); });
     });
+}
+
+void YMessageController::dropWaitingStream() {
+    m_nextStreamCmd.reset();
 }
 
 void YMessageController::onStreamTimer() {
     m_streamIsRunning = false;
     const auto newest = std::exchange(m_nextStreamCmd, std::nullopt);
     if (newest && newest->serial != m_answeredStreamSerial)
-        sendStream(newest->command, newest->interval);
+        sendStream(newest->command, newest->interval, newest->callback);
 }
 
 // Receiving

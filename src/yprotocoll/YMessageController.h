@@ -102,8 +102,13 @@ public:
     void sendCommands(std::vector<YCommand> commands, AnswersCallback callback);
     /// For values that change faster than the controller answers: one command at most is in flight,
     /// the newest goes out last, and after each answer the next waits `interval`.
-    /// Dropped silently without an open port.
-    void sendStream(YCommand command, std::chrono::milliseconds interval);
+    /// Dropped silently without an open port. `callback` gets the answer, unless a newer command
+    /// takes this one's place before it goes out.
+    void sendStream(YCommand command, std::chrono::milliseconds interval,
+                    AnswerCallback callback = {});
+    /// Forgets the stream's command that waits for its turn, if any. What is in flight stays so,
+    /// and the interval behind it goes on.
+    void dropWaitingStream();
 
 private:
     using DirectCallback = std::function<void(const AnswerPtr&)>;
@@ -116,6 +121,7 @@ private:
         YCommand command;
         std::uint64_t serial = 0; ///< tells one command from another with the same bytes
         std::chrono::milliseconds interval{};
+        AnswerCallback callback;
     };
     struct OpenFailure {
         std::string path;

@@ -315,6 +315,36 @@ TEST_F(YMessageControllerTest, streamWaitsItsIntervalAfterEachAnswer) {
     EXPECT_GE(clock.elapsed(), 30);
 }
 
+TEST_F(YMessageControllerTest, streamForgetsWhatWaitsButNotItsInterval) {
+    connectDevice();
+    Story answered;
+    const auto stream = [&](std::uint8_t level) {
+        link->sendStream(
+            CmdSetDemoModeLevels(level, level), 30ms,
+            [&answered, level](const YAnswer&) { answered.push_back(std::to_string(level)); });
+    };
+    QElapsedTimer clock;
+    clock.start();
+    stream(1);
+    stream(2);
+    link->dropWaitingStream();
+    stream(3);
+    stream(4);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return answered.size() == 2; }));
+    EXPECT_EQ(answered, (Story{"1", "4"}));
+    EXPECT_EQ(device.got, (Story{"48 1 1 1", "48 1 4 4"}));
+    EXPECT_GE(clock.elapsed(), 30);
+
+    stream(5);
+    link->dropWaitingStream();
+    // At rest again after the interval, with nothing left of the forgotten command.
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        stream(6);
+        return answered.size() == 3;
+    }));
+    EXPECT_EQ(device.got.at(2), "48 1 6 6");
+}
+
 TEST_F(YMessageControllerTest, streamGoesOnAfterALostLink) {
     connectDevice();
     device.isStalled = true;
