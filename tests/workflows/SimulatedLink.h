@@ -1,5 +1,6 @@
 #pragma once
 
+#include "simulator/EventLoop.h"
 #include "simulator/FaultPlan.h"
 #include "simulator/SimulatedController.h"
 #include "simulator/SimulatedSerialPortManager.h"
@@ -8,8 +9,6 @@
 #include "yprotocoll/YMessageController.h"
 
 #include <gtest/gtest.h>
-
-#include <QTest>
 
 #include <chrono>
 #include <functional>
@@ -40,9 +39,7 @@ struct SimulatedLink final : YMessageControllerDelegate {
         return waitFor([this] { return !isConnected; });
     }
 
-    static bool waitFor(const std::function<bool()>& condition) {
-        return QTest::qWaitFor(condition, 5000);
-    }
+    static bool waitFor(const std::function<bool()>& condition) { return runUntil(condition); }
     /// True once the controller has received just these, with their payload in decimal:
     /// "CmdSetDemoModeLevels 1 254 254". Commands of the opening are left out.
     bool receives(const Commands& expected) {

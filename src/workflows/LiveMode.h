@@ -1,0 +1,67 @@
+#pragma once
+
+#include "data/AQTimePoint.h"
+
+#include <QObject>
+#include <QTimer>
+
+#include <chrono>
+#include <optional>
+#include <utility>
+
+class AQDataSource;
+class AQSwitchButton;
+class LampPreview;
+
+/// Shows on the lamp the light that is being edited: the point or task light that the person
+/// touched last.
+class LiveMode : public QObject {
+    Q_OBJECT
+
+public:
+    struct Intervals {
+        /// Without an edit for this long the controller is told that the preview goes on.
+        std::chrono::milliseconds keepAlive{50000};
+    };
+
+    /// All must outlive this.
+    LiveMode(AQDataSource& data, LampPreview& lamp, AQSwitchButton& bttnLiveModeSwitch,
+             QObject* parent = nullptr);
+    LiveMode(AQDataSource& data, LampPreview& lamp, AQSwitchButton& bttnLiveModeSwitch,
+             Intervals intervals, QObject* parent = nullptr);
+
+    /// The switch; a lost link leaves it on.
+    bool isOn() const { return m_isOn; }
+    /// The task light is being edited from now on, and has changed if the lamp shows it already.
+    void taskLightTouched();
+    /// While suspended another user has the lamp; afterwards it is taken again if the mode is on.
+    void setSuspended(bool isSuspended);
+
+Q_SIGNALS:
+    void isOnChanged(bool isOn);
+
+private:
+    enum class EditedLight { None, Point, TaskLight };
+    using Levels = std::pair<int, int>;
+
+    void onBttnLiveMode(bool isOn);
+    void onLiveModeTimer();
+    void onPointTouched(int row);
+    void onDataChanged();
+    void onDataLoaded();
+    bool hasLamp() const { return m_isOn && !m_isSuspended; }
+    void takeLamp();
+    void showEditedLight();
+    std::optional<AQTimePoint> editedLight() const;
+
+    AQDataSource& m_data;
+    LampPreview& m_lamp;
+    Intervals m_intervals;
+    QTimer* m_liveModeTimer;
+    bool m_isOn = false;
+    bool m_isSuspended = false;
+    EditedLight m_editedLight = EditedLight::None;
+    int m_editedRow = -1;
+    AQTimePoint m_editedPoint; ///< as last seen at that row, to find it again when rows move
+    std::optional<Levels> m_shown;
+};
