@@ -370,14 +370,27 @@ const QPixmap& AQCurveView::background(double scale) {
     return m_background;
 }
 
+void AQCurveView::drawBackground(QPainter& painter, double scale) {
+    const QPixmap& picture = background(scale);
+    const CurveGeometry geometry = curveGeometry();
+    // Within the axes it is blank, and filling is faster than copying.
+    const QRectF plot(QPointF(geometry.left(), geometry.top()),
+                      QPointF(geometry.right(), geometry.bottom()));
+    const QRectF inside = plot.adjusted(1.0, 1.0, -1.0, -1.0);
+    const QRect blank(QRectF(inside.topLeft() * scale, inside.size() * scale).toRect());
+    painter.save();
+    painter.scale(1.0 / scale, 1.0 / scale);
+    painter.fillRect(blank, DisplayColors::neutral);
+    for (const QRect& part : QRegion(picture.rect()) - blank)
+        painter.drawPixmap(part.topLeft(), picture, part);
+    painter.restore();
+}
+
 void AQCurveView::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     alignOrigin(painter);
     const double scale = painter.deviceTransform().m11();
-    painter.save();
-    painter.scale(1.0 / scale, 1.0 / scale);
-    painter.drawPixmap(0, 0, background(scale));
-    painter.restore();
+    drawBackground(painter, scale);
 
     CurvePainter curve(painter, curveGeometry(), font());
     const auto points = this->points();

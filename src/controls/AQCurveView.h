@@ -106,6 +106,7 @@ private:
     void removeLastPointView();
     void describePoint(int row);
     const QPixmap& background(double scale);
+    void drawBackground(QPainter& painter, double scale);
 
     void select(int row);
     /// Selects and tells the others, as a person's choice.

@@ -6,6 +6,7 @@
 #include "controls/Strokes.h"
 #include "controls/TimeText.h"
 
+#include <QLineF>
 #include <QPainter>
 #include <QPolygonF>
 
@@ -17,6 +18,10 @@ namespace {
 constexpr double dashLength = 2.0;
 constexpr double tickLength = 10.0;
 constexpr double labelHeight = 14.0;
+/// The area under the curve is filled in upright slabs of this many pixels. The rasteriser's time
+/// grows with the number of edges in a row, so in one piece it takes twice as long. Slabs meet at
+/// whole pixels and leave no seams.
+constexpr double slabWidth = 256.0;
 constexpr double markerWidth = 2.0;
 constexpr double markerHeadRadius = 4.0;
 constexpr double playheadRadius = 10.0;
@@ -109,23 +114,49 @@ void CurvePainter::drawOutline(std::span<const AQTimePoint> points) {
 }
 
 void CurvePainter::drawFill(std::span<const AQTimePoint> points) {
-    QPolygonF area = curveLine(points, m_geometry);
-    area.append({m_geometry.right(), m_geometry.bottom()});
-    area.append({m_geometry.left(), m_geometry.bottom()});
-
     // In device pixels, where the strip of colours needs no scaling.
-    const double start = m_geometry.left() * m_scale;
-    const double end = m_geometry.right() * m_scale;
+    const QPolygonF line =
+        QTransform::fromScale(m_scale, m_scale).map(curveLine(points, m_geometry));
+    const double start = line.first().x();
+    const double end = line.last().x();
     const int firstPixel = static_cast<int>(std::floor(start));
     const int pixels = static_cast<int>(std::ceil(end)) - firstPixel;
+    if (pixels <= 0)
+        return;
     const auto colors = CurveGradient::colorStops(CurveGradient::temperatureStops(points));
+
     m_painter.save();
     m_painter.scale(1.0 / m_scale, 1.0 / m_scale);
     m_painter.setPen(Qt::NoPen);
     m_painter.setBrush(CurveGradient::strip(colors, start - firstPixel, end - firstPixel, pixels));
     m_painter.setBrushOrigin(firstPixel, 0);
-    m_painter.drawPolygon(QTransform::fromScale(m_scale, m_scale).map(area));
+    fillUnder(line, m_geometry.bottom() * m_scale);
     m_painter.restore();
+}
+
+void CurvePainter::fillUnder(const QPolygonF& line, double bottom) {
+    qsizetype next = 1;
+    QPointF from = line.first();
+    while (next < line.size()) {
+        // Up to the next whole pixel of a slab's end, the part of the line within the slab.
+        const double end = std::min(std::floor(from.x()) + slabWidth, line.last().x());
+        const double slabStart = from.x();
+        QPolygonF slab{from};
+        while (next < line.size() && line[next].x() <= end)
+            slab.append(line[next++]);
+        if (next < line.size()) {
+            const QLineF segment(line[next - 1], line[next]);
+            from = segment.pointAt((end - segment.x1()) / segment.dx());
+            slab.append(from);
+        }
+        // Below the line's lowest whole pixel it is a plain box.
+        const auto lowest = std::ranges::max(slab, {}, &QPointF::y).y();
+        const double boxTop = std::min(std::ceil(lowest), bottom);
+        slab.append({end, boxTop});
+        slab.append({slabStart, boxTop});
+        m_painter.drawPolygon(slab);
+        m_painter.drawRect(QRectF(QPointF(slabStart, boxTop), QPointF(end, bottom)));
+    }
 }
 
 void CurvePainter::drawTimeMarker(AQTime time) {

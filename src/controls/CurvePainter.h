@@ -11,6 +11,7 @@
 
 class QColor;
 class QPainter;
+class QPolygonF;
 
 /// Paints the parts of the curve view; the view says which and in what order.
 ///
@@ -36,6 +37,8 @@ public:
     void drawFocusRing();
 
 private:
+    /// Fills between `line`, whose x never falls, and `bottom` with the brush; in device pixels.
+    void fillUnder(const QPolygonF& line, double bottom);
     void drawAxes();
     void drawIntensityTicks();
     void drawHourTicks();

@@ -142,9 +142,10 @@ TEST_F(CurvePaint, PlayheadReplacesThePoints) {
 TEST_F(CurvePaint, OnePointHoldsAllDayInOneColour) {
     show({{AQTime{9, 30, 0}, 0.0, 0.5}});
     const QImage one = image();
-    for (const int x : {61, 200, 600, 938}) {
-        EXPECT_EQ(one.pixelColor(x, 300), DisplayColors::warm) << x;
-        EXPECT_EQ(one.pixelColor(x, 236), white) << x;
+    for (int x = 60; x < 940; ++x) {
+        ASSERT_TRUE(one.pixelColor(x, 300) == DisplayColors::warm) << x;
+        ASSERT_TRUE(one.pixelColor(x, 439) == DisplayColors::warm) << x;
+        ASSERT_TRUE(one.pixelColor(x, 236) == white || std::abs(x - 408) < 12) << x;
     }
 }
 
