@@ -1,0 +1,101 @@
+#pragma once
+
+#include "journeys/UiElement.h"
+#include "simulator/WireEvent.h"
+
+#include <QJsonObject>
+#include <QLocalSocket>
+#include <QProcess>
+#include <QString>
+#include <QStringList>
+#include <QTemporaryDir>
+
+#include <chrono>
+#include <functional>
+#include <string>
+#include <vector>
+
+/// The unmodified program in its window, with simulated controllers on its USB bus, driven from
+/// outside: through the accessibility tree, the keyboard and the pointer, the simulator's commands
+/// and log, signals and files.
+///
+/// Needs a `JourneySession`. At its end the program is told to quit by SIGTERM when it still runs,
+/// and the test fails unless it then ends with status 0 (a sanitizer's finding is another status).
+/// A failed test prints the window's tree, the line's log and the program's output, and leaves a
+/// screenshot.
+class Journey {
+public:
+    static constexpr std::chrono::milliseconds usualLimit{15'000};
+
+    explicit Journey(const QStringList& simulatorOptions = {},
+                     const QStringList& programArguments = {});
+    ~Journey();
+    Journey(const Journey&) = delete;
+    Journey& operator=(const Journey&) = delete;
+
+    /// Looks again and again until `holds` is true; false when it is not within the limit.
+    static bool waitUntil(const std::function<bool()>& holds,
+                          std::chrono::milliseconds limit = usualLimit);
+
+    // The window. While a dialog is open, elements are searched for in the front one only: what is
+    // behind it cannot be reached by a person either.
+
+    /// Main window's title; empty until it is shown.
+    std::string title() const;
+    std::vector<UiElement> dialogs() const; ///< open ones, the front one last
+    UiElement find(const std::string& role, const std::string& name) const;
+    /// A label, button or other element with exactly this text.
+    bool shows(const std::string& text) const;
+    bool waitForText(const std::string& text, std::chrono::milliseconds limit = usualLimit) const;
+    /// Waits for a dialog that shows this text and returns all its labels' texts in order; empty
+    /// when it does not come.
+    std::vector<std::string> waitForDialog(const std::string& text,
+                                           std::chrono::milliseconds limit = usualLimit) const;
+    bool waitForNoDialog() const;
+    /// Waits for a button, check box or menu item of this name and presses it; false when it is not
+    /// there or not enabled within the limit.
+    bool press(const std::string& name) const;
+    /// As `press`, for an entry of a menu that need not be open.
+    bool chooseMenu(const std::string& entry) const;
+
+    /// Keys by their X names, "ctrl+s", "Return", to the focused window.
+    static void keys(const QStringList& names);
+    static void type(const QString& text);
+    /// Arguments of xdotool, for the pointer: {"mousemove", "10", "20", "click", "1"}.
+    static void xdotool(const QStringList& arguments);
+
+    // The controllers.
+
+    /// A command to the simulator; its reply ("ok").
+    QString control(const QString& command) const;
+    /// What the `index`-th controller stores and does.
+    QJsonObject controller(int index = 0) const;
+    /// Everything on the line until now.
+    std::vector<WireEvent> wire() const;
+    /// The commands that the controllers received, by name, in order.
+    std::vector<std::string> commands() const;
+    int count(const std::string& command) const;
+
+    // The process.
+
+    qint64 processId() const { return m_programId; }
+    bool isRunning() const;
+    /// Processor seconds used until now, user and system.
+    double cpuSeconds() const;
+    /// What the program wrote to its standard output and error.
+    std::string output() const;
+    void signal(int number) const;
+    /// Waits for the program's end; its exit status, or −1 when it does not end.
+    int waitForEnd(std::chrono::milliseconds limit = usualLimit);
+    /// A folder of the journey's own.
+    QString file(const QString& name) const { return m_folder.filePath(name); }
+
+private:
+    UiElement application() const { return UiElement::application(m_programId); }
+    UiElement front() const;
+    void explainWindow() const;
+
+    QTemporaryDir m_folder;
+    QProcess m_simulator;
+    qint64 m_programId = 0;
+};

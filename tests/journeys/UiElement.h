@@ -1,0 +1,58 @@
+#pragma once
+
+#include <QPoint>
+#include <QRect>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+struct _AtspiAccessible;
+
+/// One element of a running program's window, as a screen reader sees it (AT-SPI). What is found
+/// and pressed here is therefore also usable by people who cannot see the window.
+///
+/// A value that may be empty. An element that has left the screen answers with empty texts and
+/// false.
+class UiElement {
+public:
+    UiElement() = default;
+    /// Takes over the reference.
+    explicit UiElement(_AtspiAccessible* accessible);
+
+    /// The program of this process id; empty until it has shown itself on the bus.
+    static UiElement application(qint64 processId);
+
+    explicit operator bool() const { return m_accessible != nullptr; }
+    std::string name() const;        ///< a label's text, a button's title, a window's title
+    std::string description() const; ///< tool tip
+    std::string role() const;        ///< "label", "push button", "check box", "alert", "frame"
+    std::string text() const;        ///< contents of an editable text
+    bool isShowing() const;
+    bool isEnabled() const;
+    bool isChecked() const;
+    bool isFocused() const;
+    double value() const; ///< of sliders and spin boxes; NaN without one
+    QRect screenRect() const;
+
+    std::vector<UiElement> children() const;
+    /// The first showing element of this role and name, this one included; empty strings match all.
+    UiElement find(const std::string& role, const std::string& name) const;
+    /// All showing elements for which `matches` holds, in reading order.
+    std::vector<UiElement> findAll(const std::function<bool(const UiElement&)>& matches) const;
+    /// Role, name and state of everything below, one line each.
+    std::string tree() const;
+
+    /// Presses, toggles or chooses; does not wait until it has taken effect, so that what it opens
+    /// may be modal.
+    void press() const;
+    void setValue(double value) const;
+    void setText(const std::string& text) const;
+
+private:
+    void appendTree(std::string& text, int depth) const;
+    bool hasState(int state) const;
+
+    std::shared_ptr<_AtspiAccessible> m_accessible;
+};
