@@ -128,6 +128,7 @@ requires requires(const List& list) {
 }
 std::string text(const List& list) {
     std::vector<std::string> texts;
+    texts.reserve(list.size());
     for (const auto& value : list)
         texts.push_back(text(value));
     return fmt::format("[{}]", fmt::join(texts, ", "));
@@ -141,12 +142,13 @@ struct Field {
     Value Answer::*member;
     Codec codec; ///< stateless; picks the way of reading
 };
+template <class Codec, class Answer, class Value>
+constexpr Field<Answer, Value, Codec> field(const char* label, Value Answer::*member) {
+    return {label, member, Codec{}};
+}
 
 /// Named once, so that the log cannot call a field otherwise than the code does.
-#define FIELD(member, codec)                                                                       \
-    Field {                                                                                        \
-#member, &A::member, codec {}                                                              \
-    }
+#define FIELD(member, codec) field<codec>(#member, &A::member)
 
 template <class Answer>
 struct Table;

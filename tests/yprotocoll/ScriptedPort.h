@@ -18,7 +18,7 @@ class ScriptedDevice : public QObject {
 public:
     using Bytes = std::vector<std::uint8_t>;
 
-    explicit ScriptedDevice(std::string name = "ttyUSB0",
+    explicit ScriptedDevice(const std::string& name = "ttyUSB0",
                             std::optional<UsbIdentity> usb = aquelonUsbIdentity)
         : info{name, "/dev/" + name, usb} {}
 

@@ -13,6 +13,9 @@ using Story = std::vector<std::string>;
 
 /// The process runs with umockdev preloaded and sees only the devices of this test bed.
 class UdevSerialPortManagerTest : public testing::Test, public SerialPortManagerDelegate {
+public:
+    ~UdevSerialPortManagerTest() override { g_object_unref(bed); }
+
 protected:
     struct Device {
         std::string path; ///< below /sys
@@ -21,8 +24,6 @@ protected:
         std::string node; ///< name in /dev, none for no device file
     };
 
-    ~UdevSerialPortManagerTest() override { g_object_unref(bed); }
-
     void serialPortsChanged() override { ++changes; }
 
     void add(const Device& device) const {
@@ -30,7 +31,7 @@ protected:
         if (!device.node.empty())
             text += "E: DEVNAME=/dev/" + device.node + "\n";
         for (const auto& [name, value] : device.attributes)
-            text += "A: " + name + '=' + value + "\\n\n";
+            text.append("A: ").append(name).append("=").append(value).append("\\n\n");
         GError* error = nullptr;
         umockdev_testbed_add_from_string(bed, text.c_str(), &error);
         ASSERT_EQ(error, nullptr) << error->message;

@@ -10,7 +10,8 @@ using Bytes = std::vector<std::uint8_t>;
 using Story = std::vector<std::string>;
 
 /// What the parser told, in order.
-struct Recorder final : YAnswerParserDelegate {
+struct Recorder : YAnswerParserDelegate {
+    virtual ~Recorder() = default;
     Story story;
     void answerParserGotAnswer(std::shared_ptr<const YAnswer> answer) override {
         story.push_back(answer->description());
@@ -125,7 +126,8 @@ TEST(YAnswerParser, longNoiseCostsLinearTime) {
     EXPECT_EQ(parse({Bytes(size, 0), version}), (Story{noStart, noStart, versionText}));
 
     YAnswerParser parser;
-    struct Counter final : YAnswerParserDelegate {
+    struct Counter : YAnswerParserDelegate {
+        virtual ~Counter() = default;
         std::size_t answers = 0;
         std::size_t errors = 0;
         void answerParserGotAnswer(std::shared_ptr<const YAnswer>) override { ++answers; }
