@@ -9,6 +9,7 @@
 #include <QXmlStreamReader>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <fcntl.h>
 #include <limits>
@@ -42,20 +43,19 @@ QString tooLarge() {
     return QStringLiteral("File too large");
 }
 
-/// Everything left in the device; nothing when it fails on the way. One byte more than is allowed
-/// tells that there is too much.
+/// Everything left in the device; nothing when it fails on the way. More than `maxFileSize` bytes
+/// tell that there is too much.
 std::optional<QByteArray> readAll(QIODevice& device) {
-    QByteArray bytes(AQDataSourceReader::maxFileSize + 1, Qt::Uninitialized);
-    qint64 size = 0;
-    while (size < bytes.size()) {
-        const qint64 count = device.read(bytes.data() + size, bytes.size() - size);
+    QByteArray bytes;
+    std::array<char, 16 * 1024> piece;
+    while (bytes.size() <= AQDataSourceReader::maxFileSize) {
+        const qint64 count = device.read(piece.data(), piece.size());
         if (count < 0)
             return {};
         if (count == 0)
             break;
-        size += count;
+        bytes.append(piece.data(), count);
     }
-    bytes.truncate(size);
     return bytes;
 }
 
