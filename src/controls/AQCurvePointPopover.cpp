@@ -7,6 +7,7 @@
 #include <QEvent>
 #include <QGuiApplication>
 #include <QPainter>
+#include <QPainterPath>
 #include <QScreen>
 
 namespace {
@@ -116,8 +117,13 @@ void AQCurvePointPopover::applyVisibility() {
 void AQCurvePointPopover::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
+    const QPainterPath outline = PopoverShape::outline(m_placement, border / 2.0);
     painter.setPen(QPen(DisplayColors::disabled, border));
-    painter.setBrush(m_placement.isAbove ? AQCurvePointPopoverView::valueBandColor()
-                                         : DisplayColors::disabled);
-    painter.drawPath(PopoverShape::outline(m_placement, border / 2.0));
+    painter.setBrush(AQCurvePointPopoverView::valueBandColor());
+    painter.drawPath(outline);
+    // The time band and an arrow above it.
+    const int bandBottom = m_popoverView->y() + AQCurvePointPopoverView::timeBandHeight;
+    painter.setClipRect(0, 0, width(), bandBottom);
+    painter.setBrush(DisplayColors::disabled);
+    painter.drawPath(outline);
 }

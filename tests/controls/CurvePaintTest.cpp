@@ -169,3 +169,29 @@ TEST_F(CurvePaint, LinesAreSharpAtEveryScale) {
                 << scale << ' ' << row;
     }
 }
+
+TEST_F(CurvePaint, PopoverKeepsItsTextsReadable) {
+    showLevelProgram();
+    view.onPointHover(point(1));
+    auto& popover = view.pointPopover();
+    const QRect body = popover.placement().frame;
+    EXPECT_EQ(body.size(), QSize(182, 77 + PopoverPlacement::arrowLength));
+    const QImage picture = popover.grab().toImage();
+    EXPECT_EQ(picture.pixelColor(10, 10), grey);
+    EXPECT_EQ(picture.pixelColor(4, 50), white);
+    EXPECT_EQ(picture.pixelColor(popover.placement().arrowX, 79), white);
+    // The white of the time, the blue of the cold level and the grey of the intensity are there.
+    const auto has = [&picture](const QRect& area, const QColor& color) {
+        for (int y = area.top(); y <= area.bottom(); ++y) {
+            for (int x = area.left(); x <= area.right(); ++x) {
+                if (isNear(picture.pixelColor(x, y), color, 24))
+                    return true;
+            }
+        }
+        return false;
+    };
+    EXPECT_TRUE(has(QRect(60, 2, 60, 22), white));
+    EXPECT_TRUE(has(QRect(62, 46, 58, 26), DisplayColors::cold));
+    EXPECT_TRUE(has(QRect(122, 46, 56, 26), grey));
+    EXPECT_FALSE(has(QRect(122, 46, 56, 26), black));
+}
