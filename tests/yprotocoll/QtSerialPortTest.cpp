@@ -107,14 +107,6 @@ TEST_F(QtSerialPortTest, forgetsBytesFromBeforeTheOpening) {
     EXPECT_EQ(received, Bytes{6});
 }
 
-TEST_F(QtSerialPortTest, closesAtOnceWithUnsentOutput) {
-    port.open();
-    port.send(Bytes(1U << 20U, 'x')); // nobody reads
-    const auto start = std::chrono::steady_clock::now();
-    port.close();
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2));
-}
-
 TEST_F(QtSerialPortTest, hangUpIsReportedOnceAndCostsNothing) {
     port.open();
     pty.hangUp();
