@@ -3,7 +3,9 @@ add_library(warnings INTERFACE)
 target_compile_options(warnings INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
     -Wnon-virtual-dtor -Woverloaded-virtual)
-target_compile_definitions(warnings INTERFACE QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII)
+# Every log line is compiled in; which are written is decided when the program runs.
+target_compile_definitions(warnings INTERFACE QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII
+    SPDLOG_ACTIVE_LEVEL=SPDLOG_LEVEL_TRACE)
 
 # A library of our own: its sources are listed by name in the folder's CMakeLists.txt,
 # and headers are included by folder ("data/AQSequence.h").

@@ -9,6 +9,7 @@
 
 #include <functional>
 #include <optional>
+#include <vector>
 
 /// The document: the light program, the task light, the mode and the dirty flag.
 ///
@@ -20,9 +21,21 @@ public:
     /// What the link knows about the connected controller, asked for whenever a limit is needed.
     using DeviceInfoSource = std::function<std::optional<DeviceInfo>()>;
 
+    /// Everything a settings file or the controller holds of the document, as a value.
+    struct Contents {
+        std::vector<AQTimePoint> points;
+        AQTimePoint taskLight;
+        bool isProgramMode = true;
+        bool operator==(const Contents&) const = default;
+    };
+
     /// Holds the default document, clean and unannounced. `notifications` must outlive it; without
     /// `device` there is never a controller.
     explicit AQDataSource(NotificationCenter& notifications, DeviceInfoSource device = {});
+
+    /// The one document of the running program, whose limits come from the shared message
+    /// controller; made on first use. For the start of the program only.
+    static AQDataSource& sharedInstance();
 
     NotificationCenter& notifications() const { return m_notifications; }
     std::optional<DeviceInfo> device() const;
@@ -43,6 +56,8 @@ public:
     bool isDirty() const { return m_isDirty; }
     /// Posts dataDirty when the value changes.
     void setIsDirty(bool isDirty);
+
+    Contents contents() const { return {m_sequence.points(), m_taskLight, m_isProgramMode}; }
 
     /// Installs the defaults and posts sectionChanged (-1), dataChanged, dataLoaded. Leaves the
     /// dirty flag to the caller.

@@ -158,7 +158,7 @@ void AQDataSourceReader::endElement() {
     applyText();
     const QString name = m_contextStack.takeLast();
     if (name == u"timeline")
-        spdlog::debug("{} elements loaded from file", m_document.sequence().count());
+        SPDLOG_DEBUG("{} elements loaded from file", m_document.sequence().count());
     else if (name == u"point" && m_ptTime && m_ptColorTemp && m_ptBrightness)
         m_document.sequence().appendPoint({*m_ptTime, *m_ptColorTemp, *m_ptBrightness});
 }

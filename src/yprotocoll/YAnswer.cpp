@@ -12,5 +12,5 @@ void YAnswer::logVerbose() const {
     if (!spdlog::should_log(spdlog::level::trace))
         return;
     for (const AnswerField& field : fields())
-        spdlog::trace("    - {}: {}", field.label, field.value);
+        SPDLOG_TRACE("    - {}: {}", field.label, field.value);
 }

@@ -32,7 +32,7 @@ std::uint8_t limitedChannel(const char* command, int channel,
     const int highest = known ? device->channelCount - 1 : defaultHighestChannel;
     if (channel <= highest)
         return toByte(channel);
-    spdlog::warn("{}.init(): channel set to max = {}", command, highest);
+    SPDLOG_WARN("{}.init(): channel set to max = {}", command, highest);
     return toByte(highest);
 }
 
@@ -45,7 +45,7 @@ Bytes sequencePayload(int channel, std::span<const SequenceEntry> entries,
                                   ? static_cast<std::size_t>(std::max(device->maxPointsInSeq, 0))
                                   : defaultMaxEntries;
     if (entries.size() > limit) {
-        spdlog::warn("{}.init(): sequence data truncated at {} entries", command, limit);
+        SPDLOG_WARN("{}.init(): sequence data truncated at {} entries", command, limit);
         entries = entries.first(limit);
     }
     for (const SequenceEntry& entry : entries)

@@ -22,11 +22,11 @@ std::string describe(const SerialPortInfo& port) {
 void traceBytes(std::span<const std::uint8_t> bytes) {
     if (!spdlog::should_log(spdlog::level::trace))
         return;
-    spdlog::trace("[");
+    SPDLOG_TRACE("[");
     int index = 0;
     for (const std::uint8_t byte : bytes)
-        spdlog::trace("    {:2}: {:3}", index++, byte);
-    spdlog::trace("]");
+        SPDLOG_TRACE("    {:2}: {:3}", index++, byte);
+    SPDLOG_TRACE("]");
 }
 
 } // namespace
@@ -129,7 +129,7 @@ void YMessageController::openPort(const SerialPortInfo& port) {
     }
     if (m_port) {
         if (m_port->info().path == port.path) {
-            spdlog::info("Aquelon device {} is already open!", describe(port));
+            SPDLOG_INFO("Aquelon device {} is already open!", describe(port));
             return;
         }
         close();
@@ -151,7 +151,7 @@ void YMessageController::serialPortWasOpened(SerialPort& port) {
         return;
     m_portIsOpen = true;
     m_reportedOpenFailure.reset();
-    spdlog::trace("checking device version");
+    SPDLOG_TRACE("checking device version");
     enqueue(CmdGetVersion(), [this](const AnswerPtr& answer) { gotVersion(*answer); });
 }
 
@@ -164,7 +164,7 @@ void YMessageController::gotVersion(const YAnswer& answer) {
         refuse(YMessageError::DeviceVersion{major, minor});
         return;
     }
-    spdlog::info("device version {}.{}", major, minor);
+    SPDLOG_INFO("device version {}.{}", major, minor);
     m_device = DeviceInfo{version->version, version->build, version->deviceType, 0, 0};
     enqueue(CmdGetSequenceDataInfo(),
             [this](const AnswerPtr& info) { gotSequenceDataInfo(*info); });
@@ -215,7 +215,7 @@ void YMessageController::close() {
     m_streamIsRunning = false;
     if (!m_port)
         return;
-    spdlog::trace("closing port...");
+    SPDLOG_TRACE("closing port...");
     SerialPort* const port = m_closedPorts.emplace_back(std::move(m_port)).get();
     m_portIsOpen = false;
     m_isConnected = false;
@@ -248,7 +248,7 @@ void YMessageController::sendFirstCmdInQueue() {
         return;
     const YCommand& command = m_sendQueue.front().command;
     if (spdlog::should_log(spdlog::level::trace))
-        spdlog::trace("--> {}", command.description());
+        SPDLOG_TRACE("--> {}", command.description());
     const std::uint64_t thisWrite = ++m_writeCount;
     m_port->send(command.frame());
     // A port may deliver the answer, and so the next command, before it returns.
@@ -343,7 +343,7 @@ void YMessageController::answerParserGotAnswer(AnswerPtr answer) {
     if (!m_port)
         return;
     if (spdlog::should_log(spdlog::level::trace))
-        spdlog::trace("<-- {}", answer->description());
+        SPDLOG_TRACE("<-- {}", answer->description());
     if (m_sendQueue.empty()) {
         report(YMessageError::AnswerUnexpected{answer->id()});
         return;
@@ -374,7 +374,7 @@ void YMessageController::serialPortWasClosed(SerialPort& port) {
         close();
         report(YMessageError::portClosed(YMessageError::PortClosedUnexpectedly{}));
     }
-    spdlog::info("port was closed");
+    SPDLOG_INFO("port was closed");
 }
 
 void YMessageController::serialPortWasRemovedFromSystem(SerialPort& port) {
