@@ -1,0 +1,39 @@
+#include "workflows/ConnectionWorkflow.h"
+
+#include "workflows/Prompts.h"
+#include "workflows/SelectDevicePanel.h"
+
+#include <spdlog/spdlog.h>
+
+ConnectionWorkflow::ConnectionWorkflow(YMessageController& controller, Prompts& prompts,
+                                       SelectDevicePanel& panel, QObject* parent)
+    : QObject(parent), m_controller(controller), m_prompts(prompts), m_panel(panel) {
+    m_controller.setDelegate(this);
+    connect(&panel, &SelectDevicePanel::chosen, this,
+            [this](const std::string& path) { m_controller.openWithPath(path); });
+}
+
+ConnectionWorkflow::~ConnectionWorkflow() {
+    m_controller.setDelegate(nullptr);
+}
+
+void ConnectionWorkflow::menuOpenDevice() {
+    m_panel.run(m_controller.availablePorts());
+}
+
+void ConnectionWorkflow::messageControllerDidOpen() {
+    SPDLOG_DEBUG("Aquelon device opened");
+    m_isConnected = true;
+    Q_EMIT connectedChanged(true);
+}
+
+void ConnectionWorkflow::messageControllerGotError(const YMessageError& error) {
+    SPDLOG_ERROR("{}", error.description());
+    if (!error.is<YMessageError::PortClosedError>())
+        return;
+    m_isConnected = false;
+    Q_EMIT connectedChanged(false);
+    m_prompts.alert(QStringLiteral("Device Error!"),
+                    QStringLiteral("Error: ") + QString::fromStdString(error.description()) + u'.',
+                    Prompts::Severity::Critical);
+}

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "yprotocoll/YMessageController.h"
+
+#include <QObject>
+
+class Prompts;
+class SelectDevicePanel;
+
+/// The link as the person sees it: connected or not, the choice among several controllers, and the
+/// one alert when the link is lost.
+class ConnectionWorkflow : public QObject, public YMessageControllerDelegate {
+    Q_OBJECT
+
+public:
+    /// Becomes the controller's delegate. All must outlive this.
+    ConnectionWorkflow(YMessageController& controller, Prompts& prompts, SelectDevicePanel& panel,
+                       QObject* parent = nullptr);
+    ~ConnectionWorkflow() override;
+
+    void menuOpenDevice();
+    /// As shown in the window; follows the link's reports, not its inner state.
+    bool isConnected() const { return m_isConnected; }
+
+    void messageControllerDidOpen() override;
+    void messageControllerGotError(const YMessageError& error) override;
+
+Q_SIGNALS:
+    void connectedChanged(bool isConnected);
+
+private:
+    YMessageController& m_controller;
+    Prompts& m_prompts;
+    SelectDevicePanel& m_panel;
+    bool m_isConnected = false;
+};

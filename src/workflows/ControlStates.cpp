@@ -1,0 +1,56 @@
+#include "workflows/ControlStates.h"
+
+#include <QAction>
+#include <QWidget>
+
+void ControlState::applyTo(QWidget& widget) const {
+    widget.setEnabled(isEnabled);
+    widget.setToolTip(toolTip);
+}
+
+void ControlState::applyTo(QAction& action) const {
+    action.setEnabled(isEnabled);
+    action.setStatusTip(toolTip);
+}
+
+namespace {
+
+ControlState whileConnected(const WindowState& state, const QString& purpose) {
+    if (!state.isConnected)
+        return {false, QStringLiteral("No controller is connected")};
+    return {true, purpose};
+}
+
+} // namespace
+
+ControlState ControlStates::load(const WindowState& state) {
+    return whileConnected(state,
+                          QStringLiteral("Replace the light program by the one in the controller"));
+}
+
+ControlState ControlStates::send(const WindowState& state) {
+    return whileConnected(state, QStringLiteral("Store the light program in the controller"));
+}
+
+ControlState ControlStates::live(const WindowState& state) {
+    if (state.isConnected && state.isDemo)
+        return {false, QStringLiteral("The demo has the lamp; stop it first")};
+    return whileConnected(state, QStringLiteral("Show on the lamp what is being edited"));
+}
+
+ControlState ControlStates::demo(const WindowState& state) {
+    return whileConnected(state, state.isDemo
+                                     ? QStringLiteral("Give the lamp back to its own program")
+                                     : QStringLiteral("Play the whole day on the lamp"));
+}
+
+ControlState ControlStates::deviceTime(const WindowState& state) {
+    return whileConnected(state, QStringLiteral("Set the controller's clock"));
+}
+
+ControlState ControlStates::editing(const WindowState& state) {
+    if (!state.isProgramMode)
+        return {false, QStringLiteral("The lamp follows its analog 1-10 V input; switch to "
+                                      "programmed mode to edit the light program")};
+    return {true, {}};
+}

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QString>
+
+class QAction;
+class QWidget;
+
+/// What the program is doing, as far as it decides which controls can be used.
+struct WindowState {
+    bool isConnected = false;
+    bool isProgramMode = true;
+    bool isDemo = false;
+};
+
+/// Whether a control can be used, and if not, why: the reason is its tool tip.
+struct ControlState {
+    bool isEnabled = true;
+    QString toolTip;
+
+    void applyTo(QWidget& widget) const;
+    void applyTo(QAction& action) const;
+    bool operator==(const ControlState&) const = default;
+};
+
+/// Which controls can be used, as functions of the state alone.
+namespace ControlStates {
+
+ControlState load(const WindowState& state);
+ControlState send(const WindowState& state);
+/// The live switch waits while a demo has the lamp.
+ControlState live(const WindowState& state);
+ControlState demo(const WindowState& state);
+ControlState deviceTime(const WindowState& state);
+/// The curve, the point table and its buttons.
+ControlState editing(const WindowState& state);
+
+} // namespace ControlStates

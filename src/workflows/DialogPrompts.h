@@ -1,0 +1,29 @@
+#pragma once
+
+#include "workflows/Prompts.h"
+
+#include <QPointer>
+
+class QMessageBox;
+class QWidget;
+
+/// The real dialogs, shown over the main window.
+class DialogPrompts : public Prompts {
+public:
+    /// The dialogs belong to `parent`; null until the window exists.
+    void setParent(QWidget* parent) { m_parent = parent; }
+
+    void askToSave(const QString& message, const QString& informative,
+                   std::function<void(SaveAnswer)> done) override;
+    void confirm(const QString& message, const QString& informative,
+                 std::function<void(bool)> done) override;
+    void alert(const QString& message, const QString& informative, Severity severity) override;
+    void askForFileToOpen(std::function<void(std::optional<QString>)> done) override;
+    void askWhereToSave(const QString& suggested,
+                        std::function<void(std::optional<QString>)> done) override;
+
+private:
+    QMessageBox* makeBox(const QString& message, const QString& informative) const;
+
+    QPointer<QWidget> m_parent;
+};

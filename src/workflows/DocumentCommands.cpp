@@ -1,0 +1,165 @@
+#include "workflows/DocumentCommands.h"
+
+#include "data/AQDataSource.h"
+#include "workflows/Prompts.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace {
+
+void call(const DocumentCommands::Continuation& continuation) {
+    if (continuation)
+        continuation();
+}
+
+const QString unsavedChanges =
+    QStringLiteral("There are unsaved changes. Do you want to save them first?");
+
+} // namespace
+
+DocumentCommands::DocumentCommands(AQDataSource& data, Prompts& prompts, QObject* parent)
+    : QObject(parent), m_data(data), m_prompts(prompts), m_reader(data), m_writer(data) {
+    connect(&data.notifications(), &NotificationCenter::dataDirty, this,
+            &DocumentCommands::titleChanged);
+}
+
+QString DocumentCommands::windowTitle() const {
+    QString name = m_openFilePath.isEmpty() ? QStringLiteral("Untitled")
+                                            : QFileInfo(m_openFilePath).fileName();
+    // Window titles give "[*]" a meaning of their own; doubled it is shown as it stands.
+    name.replace(QLatin1String("[*]"), QLatin1String("[*][*]"));
+    return QStringLiteral("Aquelon - ") + name +
+           (m_data.isDirty() ? QStringLiteral(" *") : QString());
+}
+
+void DocumentCommands::askAboutChanges(const QString& message, Continuation goOn,
+                                       Continuation cancelled) {
+    if (!m_data.isDirty()) {
+        goOn();
+        return;
+    }
+    m_prompts.askToSave(message, unsavedChanges, [=, this](Prompts::SaveAnswer answer) {
+        switch (answer) {
+        case Prompts::SaveAnswer::Save:
+            saveOrAskWhere(goOn, cancelled);
+            break;
+        case Prompts::SaveAnswer::Discard:
+            goOn();
+            break;
+        case Prompts::SaveAnswer::Cancel:
+            call(cancelled);
+            break;
+        }
+    });
+}
+
+void DocumentCommands::loadDefaults() {
+    askAboutChanges(QStringLiteral("Save changes before loading defaults?"), [this] {
+        m_data.loadDefaults();
+        m_data.setIsDirty(false);
+        // A new document has no file yet: saving it must not replace the one that was open.
+        m_openFilePath.clear();
+        m_holdsPartsOfAnotherFile = false;
+        Q_EMIT titleChanged();
+    });
+}
+
+void DocumentCommands::open() {
+    askAboutChanges(QStringLiteral("Save changes before opening new file?"), [this] {
+        m_prompts.askForFileToOpen([this](const std::optional<QString>& path) {
+            if (path)
+                read(*path);
+        });
+    });
+}
+
+void DocumentCommands::openPath(const QString& path) {
+    const QString absolute = QDir::current().absoluteFilePath(path);
+    askAboutChanges(QStringLiteral("Save changes before opening new file?"),
+                    [this, absolute] { read(absolute); });
+}
+
+void DocumentCommands::read(const QString& path) {
+    const FileStamp stamp = stampOf(path);
+    const auto before = m_data.contents();
+    if (m_reader.loadFromFile(path)) {
+        m_openFilePath = path;
+        m_openFileStamp = stamp;
+        m_holdsPartsOfAnotherFile = false;
+        m_data.setIsDirty(false);
+        Q_EMIT titleChanged();
+        return;
+    }
+    m_holdsPartsOfAnotherFile |= m_data.contents() != before;
+    m_prompts.alert(
+        QStringLiteral("Could not open file!"),
+        path + QStringLiteral(
+                   " could not be opened. Maybe the file is corrupt or contains invalid data."),
+        Prompts::Severity::Critical);
+}
+
+void DocumentCommands::saveDocument() {
+    saveOrAskWhere({}, {});
+}
+
+void DocumentCommands::saveDocumentAs() {
+    askWhereThenSave({}, {});
+}
+
+void DocumentCommands::saveOrAskWhere(Continuation saved, Continuation cancelled) {
+    if (m_openFilePath.isEmpty())
+        askWhereThenSave(std::move(saved), std::move(cancelled));
+    else
+        saveOverOwnFile(std::move(saved), std::move(cancelled));
+}
+
+void DocumentCommands::saveOverOwnFile(Continuation saved, Continuation cancelled) {
+    const auto save = [=, this] { write(m_openFilePath) ? call(saved) : call(cancelled); };
+    const bool changedOnDisk =
+        QFileInfo::exists(m_openFilePath) && stampOf(m_openFilePath) != m_openFileStamp;
+    if (!changedOnDisk && !m_holdsPartsOfAnotherFile) {
+        save();
+        return;
+    }
+    const QString name = QFileInfo(m_openFilePath).fileName();
+    m_prompts.confirm(
+        QStringLiteral("The file will be overwritten!"),
+        changedOnDisk
+            ? name + QStringLiteral(" was changed by another program since it was opened. "
+                                    "Are you sure you want to continue?")
+            : QStringLiteral("The program in the window is not the one that was opened from ") +
+                  name + QStringLiteral(". Are you sure you want to continue?"),
+        [=](bool yes) { yes ? save() : call(cancelled); });
+}
+
+void DocumentCommands::askWhereThenSave(Continuation saved, Continuation cancelled) {
+    const QString suggested =
+        m_openFilePath.isEmpty() ? QStringLiteral("Untitled.sq") : m_openFilePath;
+    m_prompts.askWhereToSave(suggested, [=, this](const std::optional<QString>& path) {
+        if (!path) {
+            call(cancelled);
+            return;
+        }
+        write(*path) ? call(saved) : call(cancelled);
+    });
+}
+
+bool DocumentCommands::write(const QString& path) {
+    if (!m_writer.saveToFile(path)) {
+        m_prompts.alert(QStringLiteral("Could not save file!"),
+                        QStringLiteral("There was an error while saving to ") + path,
+                        Prompts::Severity::Critical);
+        return false;
+    }
+    m_openFilePath = path;
+    m_openFileStamp = stampOf(path);
+    m_holdsPartsOfAnotherFile = false;
+    Q_EMIT titleChanged();
+    return true;
+}
+
+DocumentCommands::FileStamp DocumentCommands::stampOf(const QString& path) {
+    const QFileInfo file(path);
+    return file.exists() ? FileStamp{file.lastModified(), file.size()} : FileStamp{};
+}

@@ -1,0 +1,231 @@
+#include "workflows/PointTable.h"
+
+#include "controls/AQSliderBrightness.h"
+#include "controls/AQSliderColorTemp.h"
+#include "controls/AQTimeEdit.h"
+#include "data/AQDataSource.h"
+#include "workflows/PointTableModel.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QHeaderView>
+#include <QScopedValueRollback>
+#include <QTableView>
+#include <QTimer>
+
+namespace {
+
+constexpr int rowHeight = 40;
+constexpr int timeColumnWidth = 112;
+constexpr int noFocusColumn = -1;
+
+} // namespace
+
+PointTable::PointTable(AQDataSource& data, Outlets outlets, QObject* parent)
+    : QObject(parent), m_data(data), m_outlets(outlets), m_model(new PointTableModel(data, this)) {
+    QTableView& table = m_outlets.tableView;
+    table.setModel(m_model);
+    table.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    table.verticalHeader()->setDefaultSectionSize(rowHeight);
+    table.horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    table.horizontalHeader()->setSectionResizeMode(NotificationCenter::columnTime,
+                                                   QHeaderView::Fixed);
+    table.setColumnWidth(NotificationCenter::columnTime, timeColumnWidth);
+    syncRows();
+
+    connect(m_model, &QAbstractItemModel::rowsInserted, this, &PointTable::syncRows);
+    connect(m_model, &QAbstractItemModel::rowsRemoved, this, &PointTable::syncRows);
+    connect(m_model, &QAbstractItemModel::dataChanged, this,
+            [this](const QModelIndex& first, const QModelIndex& last) {
+                for (int row = first.row(); row <= last.row(); ++row)
+                    for (int column = first.column(); column <= last.column(); ++column)
+                        refresh(row, column);
+            });
+    connect(table.selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &PointTable::onSelectionDidChange);
+    connect(&data.notifications(), &NotificationCenter::sectionChanged, this,
+            &PointTable::onSectionChanged);
+    connect(&data.notifications(), &NotificationCenter::dataChanged, this,
+            &PointTable::updateButtons);
+    connect(&m_outlets.bttnTableItemAdd, &QAbstractButton::clicked, this,
+            &PointTable::onTableItemAdd);
+    connect(&m_outlets.bttnTableItemDelete, &QAbstractButton::clicked, this,
+            &PointTable::onTableItemDelete);
+    updateButtons();
+}
+
+PointTable::~PointTable() {
+    for (const CellControls& row : m_rows)
+        for (AQValueView* view : row)
+            view->setDelegate(nullptr);
+}
+
+int PointTable::selectedRow() const {
+    const auto rows = m_outlets.tableView.selectionModel()->selectedRows();
+    return rows.isEmpty() ? -1 : rows.first().row();
+}
+
+void PointTable::setEditingEnabled(bool enabled) {
+    m_editingEnabled = enabled;
+    for (const CellControls& row : m_rows)
+        for (AQValueView* view : row)
+            view->setEnabled(enabled);
+    m_outlets.tableView.setEnabled(enabled);
+    updateButtons();
+}
+
+void PointTable::syncRows() {
+    const int count = m_model->rowCount();
+    // The view deletes the controls of a row that goes; only our own record is left to shorten.
+    if (static_cast<int>(m_rows.size()) > count)
+        m_rows.resize(static_cast<std::size_t>(count));
+    while (static_cast<int>(m_rows.size()) < count)
+        m_rows.push_back(makeRow(static_cast<int>(m_rows.size())));
+    updateButtons();
+}
+
+PointTable::CellControls PointTable::makeRow(int row) {
+    QTableView& table = m_outlets.tableView;
+    auto* time = new AQTimeEdit(table.viewport());
+    auto* colorTemp = new AQSliderColorTemp(table.viewport());
+    auto* brightness = new AQSliderBrightness(table.viewport());
+    colorTemp->setDocument(&m_data);
+    brightness->setDocument(&m_data);
+    const CellControls controls{time, colorTemp, brightness};
+    for (int column = 0; column < static_cast<int>(controls.size()); ++column) {
+        AQValueView* view = controls[static_cast<std::size_t>(column)];
+        view->setAccessibleName(
+            QStringLiteral("Point %1, %2")
+                .arg(row + 1)
+                .arg(m_model->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString()));
+        view->setObjectName(QStringLiteral("cell_%1_%2").arg(row).arg(column));
+        view->setEnabled(m_editingEnabled);
+        view->setDelegate(this);
+        table.setIndexWidget(m_model->index(row, column), view);
+    }
+    const QScopedValueRollback guard(m_refreshing, true);
+    for (int column = 0; column < static_cast<int>(controls.size()); ++column)
+        controls[static_cast<std::size_t>(column)]->setObjectValue(
+            m_model->data(m_model->index(row, column), Qt::EditRole));
+    return controls;
+}
+
+void PointTable::refresh(int row, int column) {
+    if (row >= static_cast<int>(m_rows.size()))
+        return;
+    const QScopedValueRollback guard(m_refreshing, true);
+    m_rows[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)]->setObjectValue(
+        m_model->data(m_model->index(row, column), Qt::EditRole));
+}
+
+PointTable::Cell PointTable::cellOf(const AQValueView& view) const {
+    for (std::size_t row = 0; row < m_rows.size(); ++row)
+        for (std::size_t column = 0; column < m_rows[row].size(); ++column)
+            if (m_rows[row][column] == &view)
+                return {static_cast<int>(row), static_cast<int>(column)};
+    return {};
+}
+
+bool PointTable::aqValueShouldChange(AQValueView& view, const QVariant& value) {
+    const Cell cell = cellOf(view);
+    if (cell.row < 0 || cell.column != NotificationCenter::columnTime)
+        return true;
+    return !m_data.sequence().hasPointAt(value.value<AQTime>(), cell.row);
+}
+
+void PointTable::aqValueDidChange(AQValueView& view, const QVariant& value) {
+    if (m_refreshing)
+        return;
+    const Cell cell = cellOf(view);
+    if (cell.row < 0)
+        return;
+    if (cell.column == NotificationCenter::columnTime)
+        setTime(cell.row, value);
+    else if (cell.column == NotificationCenter::columnColorTemp)
+        m_data.sequence().updateWithRow(cell.row, AQSequence::ColorTemp{value.toDouble()}, this);
+    else
+        m_data.sequence().updateWithRow(cell.row, AQSequence::Brightness{value.toDouble()}, this);
+}
+
+void PointTable::setTime(int row, const QVariant& value) {
+    const int newRow = m_data.sequence().setTime(row, value.value<AQTime>(), this);
+    if (newRow >= 0)
+        selectOnNextTurn(newRow, NotificationCenter::columnTime);
+}
+
+void PointTable::aqGotFocus(AQValueView& view) {
+    const Cell cell = cellOf(view);
+    if (cell.row >= 0)
+        select(cell.row);
+}
+
+void PointTable::onTableItemAdd() {
+    if (!m_editingEnabled || !m_data.sequence().hasSpace())
+        return;
+    selectOnNextTurn(m_data.sequence().addNewAfter(selectedRow(), this), noFocusColumn);
+}
+
+void PointTable::onTableItemDelete() {
+    const int row = selectedRow();
+    if (!m_editingEnabled || row < 0)
+        return;
+    m_data.sequence().deleteWithRow(row, this);
+    select(-1);
+    selectOnNextTurn(std::min(row, m_data.sequence().count() - 1), noFocusColumn);
+}
+
+void PointTable::select(int row) {
+    QTableView& table = m_outlets.tableView;
+    if (row < 0 || row >= m_model->rowCount()) {
+        table.clearSelection();
+        table.setCurrentIndex({});
+        return;
+    }
+    table.selectionModel()->setCurrentIndex(
+        m_model->index(row, 0), QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    table.scrollTo(m_model->index(row, 0));
+}
+
+void PointTable::selectOnNextTurn(int row, int focusColumn) {
+    QTimer::singleShot(0, this, [this, row, focusColumn] {
+        select(row);
+        // A point that moved takes the keyboard focus along, so that stepping its time goes on.
+        if (focusColumn >= 0 && row < static_cast<int>(m_rows.size()) && m_editingEnabled) {
+            QWidget* focus = QApplication::focusWidget();
+            if (focus && m_outlets.tableView.isAncestorOf(focus))
+                m_rows[static_cast<std::size_t>(row)][static_cast<std::size_t>(focusColumn)]
+                    ->setFocus();
+        }
+    });
+}
+
+void PointTable::onSectionChanged(int row, const QObject* sender) {
+    if (sender == this)
+        return;
+    const QScopedValueRollback guard(m_following, true);
+    select(row);
+    updateButtons();
+}
+
+void PointTable::onSelectionDidChange() {
+    updateButtons();
+    if (!m_following)
+        m_data.sequence().notifySelectionChange(selectedRow(), this);
+}
+
+void PointTable::updateButtons() {
+    const bool hasSpace = m_data.sequence().hasSpace();
+    const bool hasSelection = selectedRow() >= 0;
+    const QString analog = QStringLiteral("Not while the lamp follows its analog 1-10 V input");
+    m_outlets.bttnTableItemAdd.setEnabled(m_editingEnabled && hasSpace);
+    m_outlets.bttnTableItemAdd.setToolTip(
+        !m_editingEnabled ? analog
+        : hasSpace        ? QStringLiteral("Add a point after the selected one")
+                          : QStringLiteral("The controller holds no more than %1 points")
+                         .arg(m_data.sequence().pointLimit()));
+    m_outlets.bttnTableItemDelete.setEnabled(m_editingEnabled && hasSelection);
+    m_outlets.bttnTableItemDelete.setToolTip(!m_editingEnabled ? analog
+                                             : hasSelection
+                                                 ? QStringLiteral("Delete the selected point")
+                                                 : QStringLiteral("Select a point first"));
+}

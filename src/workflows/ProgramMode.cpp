@@ -1,0 +1,34 @@
+#include "workflows/ProgramMode.h"
+
+#include "controls/AQSwitchButton.h"
+#include "data/AQDataSource.h"
+#include "yprotocoll/YCommands.h"
+#include "yprotocoll/YMessageController.h"
+
+namespace {
+
+constexpr std::uint8_t programModeByte = 1;
+constexpr std::uint8_t analogModeByte = 0;
+
+} // namespace
+
+ProgramMode::ProgramMode(AQDataSource& data, YMessageController& controller,
+                         AQSwitchButton& bttnSwitchProgMode, QObject* parent)
+    : QObject(parent), m_data(data), m_controller(controller), m_switch(bttnSwitchProgMode) {
+    connect(&m_switch, &QAbstractButton::clicked, this, &ProgramMode::onSwitched);
+    connect(&data.notifications(), &NotificationCenter::dataLoaded, this, &ProgramMode::refresh);
+    refresh();
+}
+
+void ProgramMode::onSwitched(bool isProgramMode) {
+    m_data.setIsProgramMode(isProgramMode);
+    m_data.setIsDirty(true);
+    if (m_controller.isConnected())
+        m_controller.send(CmdSetDeviceMode(isProgramMode ? programModeByte : analogModeByte));
+    Q_EMIT changed(isProgramMode);
+}
+
+void ProgramMode::refresh() {
+    m_switch.setChecked(m_data.isProgramMode());
+    Q_EMIT changed(m_data.isProgramMode());
+}

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QObject>
+
+class AQDataSource;
+class AQSwitchButton;
+class YMessageController;
+
+/// The choice between the light program and the analog 1-10 V input.
+///
+/// The switch changes the document and, while connected, the controller; after every load the
+/// document decides the switch's position.
+class ProgramMode : public QObject {
+    Q_OBJECT
+
+public:
+    /// All must outlive this.
+    ProgramMode(AQDataSource& data, YMessageController& controller,
+                AQSwitchButton& bttnSwitchProgMode, QObject* parent = nullptr);
+
+Q_SIGNALS:
+    void changed(bool isProgramMode);
+
+private:
+    void onSwitched(bool isProgramMode);
+    void refresh();
+
+    AQDataSource& m_data;
+    YMessageController& m_controller;
+    AQSwitchButton& m_switch;
+};

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QString>
+
+#include <functional>
+#include <optional>
+
+/// Everything the program asks or tells in a dialog. Behind an interface so that the whole program
+/// can run inside a test that answers from a list.
+///
+/// No call blocks: the answer comes later through `done`, from the event loop, exactly once unless
+/// the program ends first. Dialogs are modal for the whole program.
+class Prompts {
+public:
+    enum class SaveAnswer { Save, Discard, Cancel };
+    enum class Severity { Information, Critical };
+
+    virtual ~Prompts() = default;
+
+    /// "Yes" (save first), "No" (go on without saving), "Cancel".
+    virtual void askToSave(const QString& message, const QString& informative,
+                           std::function<void(SaveAnswer)> done) = 0;
+    /// Yes or no; `done` gets true for yes only.
+    virtual void confirm(const QString& message, const QString& informative,
+                         std::function<void(bool)> done) = 0;
+    /// One "OK" button.
+    virtual void alert(const QString& message, const QString& informative, Severity severity) = 0;
+    /// Asks for an existing settings file; none when cancelled.
+    virtual void askForFileToOpen(std::function<void(std::optional<QString>)> done) = 0;
+    /// Asks where to save; `suggested` presets folder and name. None when cancelled.
+    virtual void askWhereToSave(const QString& suggested,
+                                std::function<void(std::optional<QString>)> done) = 0;
+};

@@ -1,0 +1,60 @@
+#include "workflows/SelectDevicePanel.h"
+
+#include "yprotocoll/SerialPort.h"
+
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace {
+
+const QString comboDeviceItemPrefix = QStringLiteral("Aquelon Controller ");
+
+} // namespace
+
+SelectDevicePanel::SelectDevicePanel(QWidget* parent)
+    : QDialog(parent), m_comboDeviceList(new QComboBox(this)),
+      m_lblNone(new QLabel(QStringLiteral("No Aquelon controller is plugged in."), this)) {
+    setObjectName(QStringLiteral("panelSelectDevice"));
+    setWindowTitle(QStringLiteral("Aquelon"));
+    setWindowModality(Qt::ApplicationModal);
+
+    m_comboDeviceList->setObjectName(QStringLiteral("comboDeviceList"));
+    m_comboDeviceList->setAccessibleName(QStringLiteral("Controller"));
+    m_comboDeviceList->setMinimumContentsLength(32);
+    auto* label = new QLabel(QStringLiteral("&Controller to connect to:"), this);
+    label->setBuddy(m_comboDeviceList);
+
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+    buttons->button(QDialogButtonBox::Ok)->setText(QStringLiteral("OK"));
+    connect(buttons, &QDialogButtonBox::accepted, this, &SelectDevicePanel::onAccepted);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setSpacing(8);
+    layout->setContentsMargins(16, 16, 16, 16);
+    layout->addWidget(label);
+    layout->addWidget(m_comboDeviceList);
+    layout->addWidget(m_lblNone);
+    layout->addSpacing(8);
+    layout->addWidget(buttons);
+    layout->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+void SelectDevicePanel::run(const std::vector<SerialPortInfo>& ports) {
+    m_comboDeviceList->clear();
+    for (const SerialPortInfo& port : ports)
+        m_comboDeviceList->addItem(comboDeviceItemPrefix + QString::fromStdString(port.path));
+    m_comboDeviceList->setCurrentIndex(ports.empty() ? -1 : 0);
+    m_comboDeviceList->setEnabled(!ports.empty());
+    m_lblNone->setVisible(ports.empty());
+    show();
+    m_comboDeviceList->setFocus();
+}
+
+void SelectDevicePanel::onAccepted() {
+    accept();
+    Q_EMIT chosen(m_comboDeviceList->currentText().mid(comboDeviceItemPrefix.size()).toStdString());
+}

@@ -1,0 +1,61 @@
+#include "workflows/TaskLightEditor.h"
+
+#include "controls/AQSliderBrightness.h"
+#include "controls/AQSliderColorTemp.h"
+#include "controls/AQTimeDurationEdit.h"
+#include "data/AQDataSource.h"
+
+#include <QScopedValueRollback>
+
+TaskLightEditor::TaskLightEditor(AQDataSource& data, Outlets outlets, QObject* parent)
+    : QObject(parent), m_data(data), m_outlets(outlets) {
+    m_outlets.pickerTaskTime.setDelegate(this);
+    m_outlets.sliderTaskTemp.setDelegate(this);
+    m_outlets.sliderTaskBrightness.setDelegate(this);
+    m_outlets.sliderTaskTemp.setDocument(&data);
+    m_outlets.sliderTaskBrightness.setDocument(&data);
+    connect(&data.notifications(), &NotificationCenter::dataLoaded, this,
+            &TaskLightEditor::refresh);
+    refresh();
+}
+
+TaskLightEditor::~TaskLightEditor() {
+    m_outlets.pickerTaskTime.setDelegate(nullptr);
+    m_outlets.sliderTaskTemp.setDelegate(nullptr);
+    m_outlets.sliderTaskBrightness.setDelegate(nullptr);
+}
+
+void TaskLightEditor::refresh() {
+    const QScopedValueRollback guard(m_refreshing, true);
+    const AQTimePoint& light = m_data.taskLight();
+    m_outlets.pickerTaskTime.setObjectValue(QVariant::fromValue(light.time));
+    m_outlets.sliderTaskTemp.setObjectValue(QVariantList{light.colorTemp, light.brightness});
+    m_outlets.sliderTaskBrightness.setValue(light.brightness);
+}
+
+void TaskLightEditor::aqValueDidChange(AQValueView& view, const QVariant& value) {
+    if (m_refreshing)
+        return;
+    AQTimePoint light = m_data.taskLight();
+    if (&view == &m_outlets.pickerTaskTime)
+        light.time = value.value<AQTime>();
+    else if (&view == &m_outlets.sliderTaskTemp)
+        light.colorTemp = value.toDouble();
+    else
+        light.brightness = value.toDouble();
+    m_data.setTaskLight(light);
+    m_data.setIsDirty(true);
+    // The colour slider's percentages are those at the present intensity.
+    m_outlets.sliderTaskTemp.setMaxValue(light.brightness);
+    if (&view != &m_outlets.pickerTaskTime)
+        Q_EMIT touched();
+}
+
+bool TaskLightEditor::aqValueShouldChange(AQValueView& /*view*/, const QVariant& /*value*/) {
+    return true;
+}
+
+void TaskLightEditor::aqGotFocus(AQValueView& view) {
+    if (&view != &m_outlets.pickerTaskTime)
+        Q_EMIT touched();
+}

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "workflows/Prompts.h"
+
+#include <QStringList>
+
+#include <deque>
+
+/// Answers the program's questions from lists and writes down what was asked and told.
+///
+/// Answers at once unless told to hold; a question without an answer left is recorded as such and
+/// treated like "Cancel".
+class ScriptedPrompts : public Prompts {
+public:
+    std::deque<SaveAnswer> saveAnswers;
+    std::deque<bool> confirmations;
+    std::deque<std::optional<QString>> filesToOpen;
+    std::deque<std::optional<QString>> placesToSave;
+    /// "message|informative text", in order.
+    QStringList asked;
+    QStringList told;
+
+    void askToSave(const QString& message, const QString& informative,
+                   std::function<void(SaveAnswer)> done) override {
+        asked << message + u'|' + informative;
+        done(take(saveAnswers, SaveAnswer::Cancel));
+    }
+    void confirm(const QString& message, const QString& informative,
+                 std::function<void(bool)> done) override {
+        asked << message + u'|' + informative;
+        done(take(confirmations, false));
+    }
+    void alert(const QString& message, const QString& informative, Severity /*severity*/) override {
+        told << message + u'|' + informative;
+    }
+    void askForFileToOpen(std::function<void(std::optional<QString>)> done) override {
+        asked << QStringLiteral("open");
+        done(take(filesToOpen, std::optional<QString>{}));
+    }
+    void askWhereToSave(const QString& suggested,
+                        std::function<void(std::optional<QString>)> done) override {
+        asked << QStringLiteral("save as ") + suggested;
+        done(take(placesToSave, std::optional<QString>{}));
+    }
+
+private:
+    template <class T>
+    T take(std::deque<T>& answers, T otherwise) {
+        if (answers.empty()) {
+            asked << QStringLiteral("(no answer left)");
+            return otherwise;
+        }
+        T answer = answers.front();
+        answers.pop_front();
+        return answer;
+    }
+};
