@@ -1,0 +1,194 @@
+#include "AppDelegate.h"
+
+#include "MainWindow.h"
+#include "controls/AQAboutPanel.h"
+#include "controls/AQHelpPopover.h"
+#include "data/AQDataSource.h"
+#include "ui_MainWindow.h"
+#include "workflows/ConnectionWorkflow.h"
+#include "workflows/ControlStates.h"
+#include "workflows/DeviceTimePanel.h"
+#include "workflows/DocumentCommands.h"
+#include "workflows/PointTable.h"
+#include "workflows/ProgramMode.h"
+#include "workflows/SelectDevicePanel.h"
+#include "workflows/TaskLightEditor.h"
+#include "workflows/TransferWorkflow.h"
+#include "yprotocoll/ModalPause.h"
+#include "yprotocoll/YMessageController.h"
+
+#include <QTimer>
+
+/// One member for each thing a person does; in this order each may use those above it.
+struct AppDelegate::Workflows {
+    Workflows(const Services& services, MainWindow& window)
+        : ui(window.outlets()), documents(services.data, services.prompts), selectDevice(&window),
+          connection(services.controller, services.prompts, selectDevice),
+          transfer(services.data, services.controller, documents, services.prompts),
+          table(services.data, {*ui.tableView, *ui.bttnTableItemAdd, *ui.bttnTableItemDelete}),
+          taskLight(services.data,
+                    {*ui.pickerTaskTime, *ui.sliderTaskTemp, *ui.sliderTaskBrightness}),
+          programMode(services.data, services.controller, *ui.bttnSwitchProgMode),
+          deviceTime(services.controller, &window) {}
+
+    Ui::MainWindow& ui;
+    DocumentCommands documents;
+    SelectDevicePanel selectDevice;
+    ConnectionWorkflow connection;
+    TransferWorkflow transfer;
+    PointTable table;
+    TaskLightEditor taskLight;
+    ProgramMode programMode;
+    DeviceTimePanel deviceTime;
+};
+
+AppDelegate::AppDelegate(const Services& services)
+    : m_services(services), m_window(std::make_unique<MainWindow>()) {
+    // The curve follows the document before the workflows, so that it draws what they announce.
+    m_window->outlets().curveView->setDocument(services.data);
+    m_workflows = std::make_unique<Workflows>(services, *m_window);
+    connectDocument();
+    connectDevice();
+    connectHelp();
+    updateControls();
+}
+
+AppDelegate::~AppDelegate() = default;
+
+void AppDelegate::applicationDidFinishLaunching(const QString& file) {
+    showTitle();
+    Q_EMIT m_services.data.notifications().dataLoaded(&m_services.data);
+    // Looking for the controller waits for the first picture, but not for a window that is never
+    // shown, such as one that starts minimised.
+    constexpr int longestWaitForPaint = 1000; // ms
+    connect(m_window.get(), &MainWindow::firstPainted, this, &AppDelegate::startDiscovery);
+    QTimer::singleShot(longestWaitForPaint, this, &AppDelegate::startDiscovery);
+    m_window->show();
+    if (!file.isEmpty())
+        m_workflows->documents.openPath(file);
+}
+
+void AppDelegate::startDiscovery() {
+    if (m_discoveryStarted)
+        return;
+    m_discoveryStarted = true;
+    m_services.controller.run();
+}
+
+void AppDelegate::connectDocument() {
+    Workflows& w = *m_workflows;
+    connect(w.ui.menuitemNew, &QAction::triggered, &w.documents, &DocumentCommands::loadDefaults);
+    connect(w.ui.menuitemOpen, &QAction::triggered, &w.documents, &DocumentCommands::open);
+    connect(w.ui.menuitemSave, &QAction::triggered, &w.documents, &DocumentCommands::saveDocument);
+    connect(w.ui.menuitemSaveAs, &QAction::triggered, &w.documents,
+            &DocumentCommands::saveDocumentAs);
+    connect(w.ui.menuitemQuit, &QAction::triggered, this,
+            [this] { applicationShouldTerminate(Ask::AboutChanges); });
+    connect(m_window.get(), &MainWindow::closeRequested, this,
+            [this] { applicationShouldTerminate(Ask::AboutChanges); });
+    connect(m_window.get(), &MainWindow::fileDropped, &w.documents, &DocumentCommands::openPath);
+    connect(&w.documents, &DocumentCommands::titleChanged, this, &AppDelegate::showTitle);
+
+    connect(w.ui.menuitemAddPoint, &QAction::triggered, &w.table, &PointTable::onTableItemAdd);
+    connect(w.ui.menuitemDeletePoint, &QAction::triggered, &w.table,
+            &PointTable::onTableItemDelete);
+    connect(w.ui.curveView, &AQCurveView::addRequested, &w.table, &PointTable::onTableItemAdd);
+    connect(w.ui.curveView, &AQCurveView::deleteRequested, &w.table,
+            &PointTable::onTableItemDelete);
+    connect(&w.programMode, &ProgramMode::changed, this, &AppDelegate::updateControls);
+}
+
+void AppDelegate::connectDevice() {
+    Workflows& w = *m_workflows;
+    connect(w.ui.menuitemOpenDevice, &QAction::triggered, &w.connection,
+            &ConnectionWorkflow::menuOpenDevice);
+    connect(w.ui.menuitemLoad, &QAction::triggered, &w.transfer,
+            &TransferWorkflow::onBttnLoadFromDevice);
+    connect(w.ui.menuitemSend, &QAction::triggered, &w.transfer,
+            &TransferWorkflow::onBttnSaveToDevice);
+    connect(w.ui.menuitemSetDeviceTime, &QAction::triggered, &w.deviceTime,
+            &DeviceTimePanel::menuSetDeviceTime);
+    connect(w.ui.bttnLoad, &QAbstractButton::clicked, &w.transfer,
+            &TransferWorkflow::onBttnLoadFromDevice);
+    connect(w.ui.bttnSend, &QAbstractButton::clicked, &w.transfer,
+            &TransferWorkflow::onBttnSaveToDevice);
+    connect(m_window.get(), &MainWindow::modalChanged, &m_services.controller.modalPause(),
+            &ModalPause::setActive);
+    connect(&w.connection, &ConnectionWorkflow::connectedChanged, this,
+            &AppDelegate::onConnectedChanged);
+}
+
+void AppDelegate::connectHelp() {
+    Workflows& w = *m_workflows;
+    connect(w.ui.bttnStatusHelp, &QAbstractButton::clicked, this,
+            &AppDelegate::onBttnHelpDeviceStatus);
+    connect(w.ui.menuitemStatusHelp, &QAction::triggered, this,
+            &AppDelegate::onBttnHelpDeviceStatus);
+    connect(w.ui.headerTask, &AQGroupHeader::helpRequested, this, &AppDelegate::onBttnHelpTask);
+    connect(w.ui.menuitemTaskHelp, &QAction::triggered, this, &AppDelegate::onBttnHelpTask);
+    connect(w.ui.menuitemAbout, &QAction::triggered, this, [this] {
+        auto* about = new AQAboutPanel(m_window.get());
+        about->setAttribute(Qt::WA_DeleteOnClose);
+        about->show();
+    });
+}
+
+void AppDelegate::onConnectedChanged(bool isConnected) {
+    m_window->showConnected(isConnected);
+    m_workflows->deviceTime.setConnected(isConnected);
+    updateControls();
+}
+
+void AppDelegate::updateControls() {
+    Workflows& w = *m_workflows;
+    const WindowState state{w.connection.isConnected(), m_services.data.isProgramMode(), false};
+    ControlStates::load(state).applyTo(*w.ui.bttnLoad);
+    ControlStates::load(state).applyTo(*w.ui.menuitemLoad);
+    ControlStates::send(state).applyTo(*w.ui.bttnSend);
+    ControlStates::send(state).applyTo(*w.ui.menuitemSend);
+    ControlStates::live(state).applyTo(*w.ui.bttnLiveModeSwitch);
+    ControlStates::live(state).applyTo(*w.ui.lblLiveMode);
+    ControlStates::demo(state).applyTo(*w.ui.bttnRunDemo);
+    ControlStates::deviceTime(state).applyTo(*w.ui.menuitemSetDeviceTime);
+    ControlStates::editing(state).applyTo(*w.ui.curveView);
+    w.table.setEditingEnabled(ControlStates::editing(state).isEnabled);
+}
+
+void AppDelegate::showTitle() {
+    m_window->setWindowTitle(m_workflows->documents.windowTitle());
+}
+
+void AppDelegate::applicationShouldTerminate(Ask ask) {
+    if (ask == Ask::AboutChanges)
+        m_workflows->documents.askAboutChanges(QStringLiteral("Save changed before quitting?"),
+                                               [this] { giveBackLampThenTerminate(); });
+    else
+        giveBackLampThenTerminate();
+}
+
+void AppDelegate::giveBackLampThenTerminate() {
+    m_services.controller.stop();
+    Q_EMIT terminated();
+}
+
+void AppDelegate::onBttnHelpDeviceStatus() {
+    AQHelpPopover::present(
+        *m_workflows->ui.bttnStatusHelp,
+        QStringLiteral("Aquelon controller connection status\n\n"
+                       "Indicates if the Aquelon controller communication is "
+                       "active.\nIf \"NOT CONNECTED\" is displayed, select a controller "
+                       "and connect to it by choosing \"Menu | Device | Open Device...\"."),
+        QSize(410, 120));
+}
+
+void AppDelegate::onBttnHelpTask() {
+    AQHelpPopover::present(
+        *m_workflows->ui.headerTask->helpButton(),
+        QStringLiteral("Sets time, intensity and color point of the task lighting.\n\n"
+                       "Task lighting can be enabled by pressing the button on the "
+                       "Aquelon controller. By pressing the button again, the contoller "
+                       "will fall back to its previous state and program.\n\n"
+                       "Task lighting can be used for tank maintenance or quickly "
+                       "checking the inhabitants at night"),
+        QSize(380, 165));
+}

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+#include <memory>
+
+class AQDataSource;
+class MainWindow;
+class Prompts;
+class YMessageController;
+
+/// Composes the program: owns the window and the workflows, connects them to the document and the
+/// link, and carries out start-up and quit.
+class AppDelegate : public QObject {
+    Q_OBJECT
+
+public:
+    /// What the program works on; the real ones come from `main`, tests make their own.
+    struct Services {
+        AQDataSource& data;
+        YMessageController& controller;
+        Prompts& prompts;
+    };
+
+    explicit AppDelegate(const Services& services);
+    ~AppDelegate() override;
+
+    /// Shows the window and starts discovery once it has been painted. `file` is opened as by
+    /// Open...; empty for none.
+    void applicationDidFinishLaunching(const QString& file);
+
+    enum class Ask { AboutChanges, Nothing };
+    /// Ends the program: asks about unsaved changes (unless told not to), gives the lamp back to
+    /// the controller's program if a preview has it, closes the link, then emits `terminated`.
+    void applicationShouldTerminate(Ask ask);
+
+    MainWindow& window() { return *m_window; }
+
+Q_SIGNALS:
+    /// Everything is done; the event loop may end.
+    void terminated();
+
+private:
+    struct Workflows;
+
+    void connectDocument();
+    void connectDevice();
+    void connectHelp();
+    void startDiscovery();
+    void giveBackLampThenTerminate();
+    void onConnectedChanged(bool isConnected);
+    void onBttnHelpDeviceStatus();
+    void onBttnHelpTask();
+    void showTitle();
+    void updateControls();
+
+    Services m_services;
+    std::unique_ptr<MainWindow> m_window;
+    std::unique_ptr<Workflows> m_workflows;
+    bool m_discoveryStarted = false;
+};

@@ -1,0 +1,101 @@
+#include "MainWindow.h"
+
+#include "ui_MainWindow.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDropEvent>
+#include <QMimeData>
+#include <QUrl>
+
+namespace {
+
+const QColor connectedColor{24, 121, 78};
+const QColor disconnectedColor{176, 32, 48};
+
+/// The path of the one local file that is being dragged, else empty.
+QString draggedFile(const QMimeData& data) {
+    const QList<QUrl> urls = data.urls();
+    return urls.size() == 1 ? urls.first().toLocalFile() : QString();
+}
+
+void setTextColor(QWidget& widget, const QColor& color) {
+    QPalette palette = widget.palette();
+    palette.setColor(QPalette::WindowText, color);
+    widget.setPalette(palette);
+}
+
+} // namespace
+
+MainWindow::MainWindow() : m_ui(std::make_unique<Ui::MainWindow>()) {
+    m_ui->setupUi(this);
+    setCentralWidget(m_ui->content);
+    setShortcuts();
+    showConnected(false);
+    showPreview({});
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::setShortcuts() {
+    m_ui->menuitemNew->setShortcut(QKeySequence::New);
+    m_ui->menuitemOpen->setShortcut(QKeySequence::Open);
+    m_ui->menuitemSave->setShortcut(QKeySequence::Save);
+    m_ui->menuitemSaveAs->setShortcut(QKeySequence::SaveAs);
+    m_ui->menuitemQuit->setShortcut(QKeySequence::Quit);
+    m_ui->menuitemAddPoint->setShortcut(Qt::CTRL | Qt::Key_Plus);
+    m_ui->menuitemDeletePoint->setShortcut(Qt::CTRL | Qt::Key_Minus);
+    m_ui->menuitemOpenDevice->setShortcut(Qt::CTRL | Qt::Key_D);
+    m_ui->menuitemLoad->setShortcut(Qt::CTRL | Qt::Key_L);
+    m_ui->menuitemSend->setShortcut(Qt::CTRL | Qt::Key_E);
+    m_ui->menuitemSetDeviceTime->setShortcut(Qt::CTRL | Qt::Key_T);
+    m_ui->menuitemStatusHelp->setShortcut(QKeySequence::HelpContents);
+}
+
+void MainWindow::showConnected(bool isConnected) {
+    const QColor color = isConnected ? connectedColor : disconnectedColor;
+    m_ui->lblConnectionStatus->setText(isConnected ? QStringLiteral("CONNECTED")
+                                                   : QStringLiteral("NOT CONNECTED"));
+    setTextColor(*m_ui->lblConnectionStatus, color);
+    setTextColor(*m_ui->lblConnectionDot, color);
+}
+
+void MainWindow::showPreview(const QString& text) {
+    m_ui->lblPreview->setText(text);
+    m_ui->lblPreview->setVisible(!text.isEmpty());
+}
+
+bool MainWindow::event(QEvent* event) {
+    if (event->type() == QEvent::WindowBlocked || event->type() == QEvent::WindowUnblocked)
+        Q_EMIT modalChanged(event->type() == QEvent::WindowBlocked);
+    return QMainWindow::event(event);
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    // The program ends without closing the window, after the questions and the lamp are done with.
+    event->ignore();
+    Q_EMIT closeRequested();
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+    if (!QApplication::activeModalWidget() && !draggedFile(*event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+    const QString path = draggedFile(*event->mimeData());
+    if (path.isEmpty() || QApplication::activeModalWidget())
+        return;
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    Q_EMIT fileDropped(path);
+}
+
+void MainWindow::paintEvent(QPaintEvent* event) {
+    QMainWindow::paintEvent(event);
+    if (!m_wasPainted) {
+        m_wasPainted = true;
+        // Queued: the controls are painted after the window itself, in the same turn.
+        QMetaObject::invokeMethod(this, &MainWindow::firstPainted, Qt::QueuedConnection);
+    }
+}

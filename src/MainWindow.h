@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QMainWindow>
+
+#include <memory>
+
+namespace Ui {
+class MainWindow;
+}
+
+/// The one window: outlets from MainWindow.ui, and the events that only a window gets.
+class MainWindow : public QMainWindow {
+    Q_OBJECT
+
+public:
+    MainWindow();
+    ~MainWindow() override;
+
+    /// The controls, by their outlet names.
+    Ui::MainWindow& outlets() { return *m_ui; }
+
+    void showConnected(bool isConnected);
+    /// The sign that the lamp shows a preview; an empty text hides it.
+    void showPreview(const QString& text);
+
+Q_SIGNALS:
+    /// Once, when the window has been painted for the first time.
+    void firstPainted();
+    /// The person wants to close the window, which stays open until the program ends.
+    void closeRequested();
+    void fileDropped(const QString& path);
+    /// A modal window over this one appeared or went.
+    void modalChanged(bool isModal);
+
+protected:
+    bool event(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void setShortcuts();
+
+    std::unique_ptr<Ui::MainWindow> m_ui;
+    bool m_wasPainted = false;
+};

@@ -1,0 +1,37 @@
+#include "AppDelegate.h"
+#include "Logging.h"
+#include "MainWindow.h"
+#include "TerminationSignals.h"
+#include "data/AQDataSource.h"
+#include "workflows/DialogPrompts.h"
+#include "yprotocoll/YMessageController.h"
+
+#include <QApplication>
+
+int main(int argc, char* argv[]) {
+    // Before the log starts its thread, which would take the signals otherwise.
+    TerminationSignals signals;
+    const Logging logging;
+
+    QApplication::setApplicationName(QStringLiteral("Aquelon"));
+    QApplication::setApplicationVersion(QStringLiteral(AQUELON_VERSION));
+    QApplication::setDesktopFileName(QStringLiteral("aquelon"));
+    QApplication::setQuitOnLastWindowClosed(false);
+    QApplication application(argc, argv);
+
+    DialogPrompts prompts;
+    AppDelegate delegate(
+        {AQDataSource::sharedInstance(), YMessageController::sharedInstance(), prompts});
+    prompts.setParent(&delegate.window());
+
+    QObject::connect(&delegate, &AppDelegate::terminated, &application,
+                     [] { QApplication::exit(0); });
+    QObject::connect(&signals, &TerminationSignals::received, &delegate, [&delegate] {
+        delegate.applicationShouldTerminate(AppDelegate::Ask::Nothing);
+    });
+    signals.watch();
+
+    const QStringList arguments = QApplication::arguments();
+    delegate.applicationDidFinishLaunching(arguments.value(1));
+    return QApplication::exec();
+}

@@ -1,0 +1,299 @@
+#include "AppDelegate.h"
+#include "MainWindow.h"
+#include "data/AQDataSource.h"
+#include "simulator/FaultPlan.h"
+#include "simulator/SimulatedController.h"
+#include "simulator/SimulatedSerialPortManager.h"
+#include "simulator/WireLog.h"
+#include "ui_MainWindow.h"
+#include "workflows/ScriptedPrompts.h"
+#include "workflows/SelectDevicePanel.h"
+#include "yprotocoll/ModalPause.h"
+#include "yprotocoll/YMessageController.h"
+
+#include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTest>
+
+namespace {
+
+using namespace std::chrono_literals;
+
+/// The whole program in this process: its real window on simulated controllers, with the dialogs
+/// answered from lists and the intervals shortened.
+class ProgramTest : public testing::Test {
+protected:
+    void start() {
+        m_delegate.applicationDidFinishLaunching({});
+        ASSERT_TRUE(QTest::qWaitFor([&] { return m_ports.listings() > 0; }, 5000));
+    }
+    void plug(const ControllerConfig& config, const char* name = "ttyUSB0") {
+        m_controllers.push_back(std::make_unique<SimulatedController>(config));
+        m_ports.plug(name, *m_controllers.back(), m_faults);
+    }
+    void startConnected(const ControllerConfig& config) {
+        plug(config);
+        start();
+        ASSERT_TRUE(becomes(QStringLiteral("CONNECTED")));
+    }
+    bool becomes(const QString& status) {
+        return QTest::qWaitFor([&] { return ui().lblConnectionStatus->text() == status; }, 3000);
+    }
+    /// True when an alert was told; takes it from the list.
+    QString nextAlert() {
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !m_prompts.told.isEmpty(); }, 3000));
+        return m_prompts.told.isEmpty() ? QString() : m_prompts.told.takeFirst();
+    }
+    Ui::MainWindow& ui() { return m_delegate.window().outlets(); }
+    SimulatedController& device() { return *m_controllers.front(); }
+
+    static constexpr YMessageController::Intervals intervals{
+        .scan = 20ms, .open = 400ms, .answer = 20ms};
+
+    WireLog m_log;
+    FaultPlan m_faults;
+    std::vector<std::unique_ptr<SimulatedController>> m_controllers;
+    SimulatedSerialPortManager m_ports{m_log};
+    ModalPause m_pause;
+    YMessageController m_controller{m_ports, m_pause, intervals};
+    NotificationCenter m_notifications;
+    AQDataSource m_data{m_notifications, [this] { return m_controller.device(); }};
+    ScriptedPrompts m_prompts;
+    AppDelegate m_delegate{{m_data, m_controller, m_prompts}};
+};
+
+ControllerConfig version(std::uint8_t major, std::uint8_t minor) {
+    return {.versionMajor = major, .versionMinor = minor};
+}
+
+TEST_F(ProgramTest, startsDisconnectedAndLooksForPortsAfterTheFirstPaint) {
+    EXPECT_EQ(m_ports.listings(), 0);
+    start();
+    EXPECT_EQ(m_delegate.window().windowTitle(), QStringLiteral("Aquelon - Untitled"));
+    EXPECT_EQ(ui().lblConnectionStatus->text(), QStringLiteral("NOT CONNECTED"));
+    for (const QWidget* control :
+         {static_cast<QWidget*>(ui().bttnLoad), static_cast<QWidget*>(ui().bttnSend),
+          static_cast<QWidget*>(ui().bttnRunDemo),
+          static_cast<QWidget*>(ui().bttnLiveModeSwitch)}) {
+        EXPECT_FALSE(control->isEnabled());
+        EXPECT_FALSE(control->toolTip().isEmpty());
+    }
+    EXPECT_FALSE(ui().menuitemSetDeviceTime->isEnabled());
+}
+
+TEST_F(ProgramTest, connectsByItselfAndEnablesTheDevice) {
+    startConnected({});
+    for (const QWidget* control :
+         {static_cast<QWidget*>(ui().bttnLoad), static_cast<QWidget*>(ui().bttnSend),
+          static_cast<QWidget*>(ui().bttnRunDemo), static_cast<QWidget*>(ui().bttnLiveModeSwitch)})
+        EXPECT_TRUE(control->isEnabled());
+    EXPECT_TRUE(ui().menuitemSetDeviceTime->isEnabled());
+    EXPECT_TRUE(m_prompts.told.isEmpty());
+}
+
+TEST_F(ProgramTest, refusedControllers) {
+    struct Case {
+        ControllerConfig config;
+        QString alert; ///< empty: refused without a word to the person
+    };
+    const Case cases[] = {
+        {version(0, 9), {}},
+        {version(1, 0), {}},
+        {{.entrySize = 4},
+         QStringLiteral("Device Error!|Error: port closed: unsupported sequence data format.")},
+    };
+    start();
+    for (const Case& test : cases) {
+        plug(test.config);
+        m_controller.run(); // a refusal has switched discovery off
+        if (test.alert.isEmpty())
+            EXPECT_TRUE(QTest::qWaitFor(
+                [&] {
+                    const auto* port = m_ports.device("ttyUSB0");
+                    return port->openCount == 1 && !port->openPort;
+                },
+                3000));
+        else
+            EXPECT_EQ(nextAlert(), test.alert);
+        EXPECT_EQ(ui().lblConnectionStatus->text(), QStringLiteral("NOT CONNECTED"));
+        m_ports.unplug("ttyUSB0");
+    }
+    EXPECT_TRUE(m_prompts.told.isEmpty());
+    plug(version(2, 0));
+    m_controller.run();
+    EXPECT_TRUE(becomes(QStringLiteral("CONNECTED")));
+}
+
+TEST_F(ProgramTest, amongTwoThePersonChooses) {
+    plug({}, "ttyUSB0");
+    plug({}, "ttyUSB1");
+    m_ports.plugForeign("ttyUSB2", UsbIdentity{0x7A51, 0x0C25});
+    m_ports.plugForeign("ttyS0", std::nullopt);
+    start();
+    const int before = m_ports.listings();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return m_ports.listings() > before + 2; }, 3000));
+    EXPECT_EQ(ui().lblConnectionStatus->text(), QStringLiteral("NOT CONNECTED"));
+
+    ui().menuitemOpenDevice->trigger();
+    auto* panel = m_delegate.window().findChild<SelectDevicePanel*>();
+    auto* list = panel->findChild<QComboBox*>(QStringLiteral("comboDeviceList"));
+    ASSERT_EQ(list->count(), 2);
+    EXPECT_EQ(list->itemText(1), QStringLiteral("Aquelon Controller /dev/ttyUSB1"));
+    list->setCurrentIndex(1);
+    panel->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
+    EXPECT_TRUE(becomes(QStringLiteral("CONNECTED")));
+    EXPECT_EQ(m_ports.device("ttyUSB1")->openCount, 1);
+
+    // From now on only this one is looked for.
+    m_ports.unplug("ttyUSB1");
+    nextAlert();
+    EXPECT_TRUE(becomes(QStringLiteral("NOT CONNECTED")));
+    plug({}, "ttyUSB1");
+    EXPECT_TRUE(becomes(QStringLiteral("CONNECTED")));
+    EXPECT_EQ(m_ports.device("ttyUSB0")->openCount, 0);
+}
+
+TEST_F(ProgramTest, pulledCableIsToldOnceAndMendsItself) {
+    startConnected({});
+    m_ports.unplug("ttyUSB0");
+    EXPECT_EQ(nextAlert(), QStringLiteral("Device Error!|Error: port closed: port was removed."));
+    EXPECT_EQ(ui().lblConnectionStatus->text(), QStringLiteral("NOT CONNECTED"));
+    EXPECT_FALSE(ui().bttnSend->isEnabled());
+    plug({}, "ttyUSB5");
+    EXPECT_TRUE(becomes(QStringLiteral("CONNECTED")));
+    EXPECT_TRUE(m_prompts.told.isEmpty());
+}
+
+TEST_F(ProgramTest, silenceIsToldOnceAfterFiveTries) {
+    startConnected({});
+    m_faults.add(*Fault::parse("silence"));
+    ui().bttnLoad->click();
+    EXPECT_EQ(nextAlert(), QStringLiteral("Device Error!|Error: port closed: too many timeouts "
+                                          "while trying to send."));
+    EXPECT_EQ(device().commandCounts().at("CmdGetTaskMode"), 5);
+    EXPECT_EQ(m_data.sequence().count(), 7);
+}
+
+TEST_F(ProgramTest, sentAndLoadedBackIsTheSameProgram) {
+    for (const int channels : {2, 4, 6}) {
+        SCOPED_TRACE(channels);
+        plug({.channels = channels});
+        if (channels == 2)
+            start();
+        ASSERT_TRUE(becomes(QStringLiteral("CONNECTED")));
+        m_data.loadDefaults();
+        m_data.setIsDirty(false);
+
+        m_prompts.confirmations = {false};
+        ui().bttnSend->click();
+        m_prompts.confirmations = {true};
+        ui().bttnSend->click();
+        EXPECT_EQ(m_prompts.asked.last(),
+                  QStringLiteral("The device settings will be overwritten!|Are you sure you want "
+                                 "to continue?"));
+        EXPECT_EQ(nextAlert(), QStringLiteral("Upload was successfull!|Your settings have been "
+                                              "applied to the device."));
+        const auto stored = m_controllers.back()->state().sequence;
+        EXPECT_EQ(m_controllers.back()->commandCounts().at("CmdSetSequenceData"), channels);
+
+        m_data.sequence().replacePoints({});
+        QSignalSpy loaded(&m_notifications, &NotificationCenter::dataLoaded);
+        ui().bttnLoad->click();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !loaded.isEmpty(); }, 3000));
+        EXPECT_EQ(m_data.sequence().count(), 7);
+        EXPECT_TRUE(m_data.isDirty()) << "what came from the controller stands in no file yet";
+
+        m_prompts.confirmations = {true};
+        ui().bttnSend->click();
+        nextAlert();
+        EXPECT_EQ(m_controllers.back()->state().sequence, stored);
+        m_ports.unplug("ttyUSB0");
+        nextAlert();
+    }
+}
+
+TEST_F(ProgramTest, transfersThatTheControllerCannotTake) {
+    startConnected({.channels = 3, .maxPoints = 6});
+    ui().bttnLoad->click();
+    EXPECT_EQ(nextAlert(), QStringLiteral("Could not load settings from device!|Wrong number of "
+                                          "channels: got 3, expected 2 or 4."));
+    m_prompts.confirmations = {true};
+    ui().bttnSend->click();
+    EXPECT_EQ(nextAlert(), QStringLiteral("Could not send settings to device!|Wrong number of "
+                                          "channels: got 3, expected 2 or 4."));
+    m_ports.unplug("ttyUSB0");
+    nextAlert();
+    plug({.maxPoints = 6});
+    ASSERT_TRUE(becomes(QStringLiteral("CONNECTED")));
+    m_prompts.confirmations = {true};
+    ui().bttnSend->click();
+    EXPECT_EQ(nextAlert(),
+              QStringLiteral("Could not send settings to device!|Too many time points in "
+                             "sequence: 7. This controller supports a maximmum of 6 points only."));
+    EXPECT_EQ(m_controllers.back()->commandCounts().count("CmdSetSequenceData"), 0U);
+    EXPECT_FALSE(ui().bttnTableItemAdd->isEnabled());
+}
+
+TEST_F(ProgramTest, loadAsksAboutUnsavedChangesFirst) {
+    startConnected({});
+    ui().sliderTaskBrightness->userSetValue(0.5);
+    m_prompts.saveAnswers = {Prompts::SaveAnswer::Cancel};
+    ui().bttnLoad->click();
+    EXPECT_EQ(m_prompts.asked.last(),
+              QStringLiteral("Save changes before loading settings|There are unsaved changes. Do "
+                             "you want to save them first?"));
+    m_prompts.saveAnswers = {Prompts::SaveAnswer::Discard};
+    ui().bttnLoad->click();
+    EXPECT_TRUE(
+        QTest::qWaitFor([&] { return device().commandCounts().count("CmdGetTaskMode"); }, 3000));
+    EXPECT_EQ(device().commandCounts().at("CmdGetTaskMode"), 1) << "cancelling sent nothing";
+}
+
+// A person goes on working while the answers are on their way: that work is asked about as well.
+TEST_F(ProgramTest, workDoneDuringALoadIsNotLost) {
+    startConnected({});
+    m_faults.add(*Fault::parse("delay=10"));
+    ui().bttnLoad->click();
+    ui().sliderTaskBrightness->userSetValue(0.125);
+    m_prompts.saveAnswers = {Prompts::SaveAnswer::Cancel};
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !m_prompts.asked.isEmpty(); }, 3000));
+    EXPECT_EQ(m_data.taskLight().brightness, 0.125);
+}
+
+TEST_F(ProgramTest, programModeSwitchTellsDocumentAndController) {
+    startConnected({});
+    ui().bttnSwitchProgMode->click();
+    EXPECT_FALSE(m_data.isProgramMode());
+    EXPECT_TRUE(m_data.isDirty());
+    EXPECT_FALSE(ui().bttnTableItemAdd->isEnabled());
+    EXPECT_TRUE(ui().sliderTaskTemp->isEnabled());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !device().state().programMode; }, 3000));
+    m_data.loadDefaults();
+    EXPECT_TRUE(ui().bttnSwitchProgMode->isChecked());
+    EXPECT_TRUE(ui().bttnTableItemAdd->isEnabled());
+}
+
+TEST_F(ProgramTest, quitAsksOnceAndClosesTheLink) {
+    startConnected({});
+    QSignalSpy terminated(&m_delegate, &AppDelegate::terminated);
+    ui().sliderTaskBrightness->userSetValue(0.5);
+    m_prompts.saveAnswers = {Prompts::SaveAnswer::Cancel};
+    m_delegate.window().close();
+    EXPECT_TRUE(m_delegate.window().isVisible());
+    EXPECT_TRUE(terminated.isEmpty());
+    EXPECT_EQ(m_prompts.asked.size(), 1);
+    m_prompts.saveAnswers = {Prompts::SaveAnswer::Discard};
+    ui().menuitemQuit->trigger();
+    EXPECT_EQ(terminated.size(), 1);
+    EXPECT_FALSE(m_controller.isConnected());
+    // A signal of the system asks nothing.
+    m_delegate.applicationShouldTerminate(AppDelegate::Ask::Nothing);
+    EXPECT_EQ(terminated.size(), 2);
+    EXPECT_EQ(m_prompts.asked.size(), 2);
+}
+
+} // namespace
