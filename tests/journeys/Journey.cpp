@@ -34,6 +34,7 @@ QByteArray contents(const QString& path) {
 Journey::Journey(const QStringList& simulatorOptions, const QStringList& programArguments) {
     m_simulator.setProcessChannelMode(QProcess::MergedChannels);
     m_simulator.setStandardOutputFile(file(QStringLiteral("output")));
+    m_simulator.setWorkingDirectory(m_folder.path()); // where file dialogs open
     m_simulator.setStandardInputFile(QProcess::nullDevice());
     m_simulator.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });
     const QStringList own{QStringLiteral("--control"), file(QStringLiteral("control")),
@@ -169,6 +170,29 @@ bool Journey::chooseMenu(const std::string& entry) const {
     });
 }
 
+bool Journey::chooseFile(const QString& path) const {
+    UiElement field;
+    const bool open = waitUntil([&] {
+        const auto windows = dialogs();
+        field = windows.empty() ? UiElement() : windows.back().find("text", {});
+        return field && windows.back().find("push button", "Cancel");
+    });
+    if (!open)
+        return false;
+    field.setText(path.toStdString());
+    // The accepting button is the one that is not "Cancel".
+    return waitUntil([&] {
+        for (const char* accept : {"Open", "Save"}) {
+            const UiElement button = find("push button", accept);
+            if (button && button.isEnabled()) {
+                button.press();
+                return true;
+            }
+        }
+        return false;
+    });
+}
+
 void Journey::xdotool(const QStringList& arguments) {
     EXPECT_EQ(QProcess::execute(QStringLiteral("xdotool"), arguments), 0);
 }
@@ -192,9 +216,9 @@ QString Journey::control(const QString& command) const {
     return QString::fromUtf8(socket.readLine()).trimmed();
 }
 
-QJsonObject Journey::controller(int index) const {
+QJsonValue Journey::controller(QLatin1String entry, int index) const {
     const auto status = QJsonDocument::fromJson(control(QStringLiteral("status")).toUtf8());
-    return status[QStringLiteral("devices")][index].toObject();
+    return status[QStringLiteral("devices")][index][entry];
 }
 
 std::vector<WireEvent> Journey::wire() const {

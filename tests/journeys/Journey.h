@@ -3,7 +3,7 @@
 #include "journeys/UiElement.h"
 #include "simulator/WireEvent.h"
 
-#include <QJsonObject>
+#include <QJsonValue>
 #include <QLocalSocket>
 #include <QProcess>
 #include <QString>
@@ -58,6 +58,9 @@ public:
     /// As `press`, for an entry of a menu that need not be open.
     bool chooseMenu(const std::string& entry) const;
 
+    /// Waits for a file dialog, fills in the path and accepts it.
+    bool chooseFile(const QString& path) const;
+
     /// Keys by their X names, "ctrl+s", "Return", to the focused window.
     static void keys(const QStringList& names);
     static void type(const QString& text);
@@ -68,8 +71,9 @@ public:
 
     /// A command to the simulator; its reply ("ok").
     QString control(const QString& command) const;
-    /// What the `index`-th controller stores and does.
-    QJsonObject controller(int index = 0) const;
+    /// One entry of what the `index`-th controller stores and does: "channels", "taskLight",
+    /// "demoActive", "clock" and the others of `reportOf`.
+    QJsonValue controller(QLatin1String entry, int index = 0) const;
     /// Everything on the line until now.
     std::vector<WireEvent> wire() const;
     /// The commands that the controllers received, by name, in order.

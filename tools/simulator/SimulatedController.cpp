@@ -65,7 +65,7 @@ void SimulatedController::storeFactoryProgram() {
     static constexpr std::array<std::array<std::uint8_t, 2>, 4> times{
         {{8, 0}, {11, 0}, {18, 30}, {22, 0}}};
     static constexpr std::array<std::array<std::uint8_t, 4>, 4> levels{
-        {{0, 254, 229, 0}, {0, 229, 242, 0}, {64, 153, 102, 51}, {0, 255, 220, 0}}};
+        {{0, 254, 240, 0}, {0, 246, 249, 0}, {64, 153, 102, 51}, {0, 255, 220, 0}}};
     static constexpr std::array<std::uint8_t, 2> taskLight{127, 254};
     for (std::size_t channel = 0; channel < m_state.sequence.size(); ++channel) {
         auto& entries = m_state.sequence[channel];

@@ -11,6 +11,9 @@
 ///     +12.345678 ttyUSB0 <- 59 01 00 01 CmdGetVersion     received from the program
 ///     +12.346112 ttyUSB0 -> 59 02 04 ... AnswerVersion    sent to the program
 ///     +13.000000 ttyUSB0 == unplugged                     anything else that happened
+///
+/// The time of a frame is that of its last byte: `<-` when it has arrived, `->` when it has left.
+/// On a paced line the first byte was 86.8 µs a byte earlier.
 struct WireEvent {
     enum class Kind { Received, Sent, Note };
 
