@@ -192,8 +192,10 @@ TEST(SimulatorProgram, saysWhatIsWrong) {
         EXPECT_EQ(run.end(), c.status) << c.text;
         EXPECT_TRUE(run.errorOutput().contains(QString::fromUtf8(c.text))) << c.text;
     }
+    const QByteArray path = qgetenv("PATH");
     qputenv("PATH", "/nonexistent");
     SimulatorRun run({});
+    qputenv("PATH", path);
     EXPECT_EQ(run.end(), 127);
     EXPECT_TRUE(run.errorOutput().contains(QStringLiteral("install the package umockdev")));
 }
