@@ -7,8 +7,11 @@
 #include "ui_MainWindow.h"
 #include "workflows/ConnectionWorkflow.h"
 #include "workflows/ControlStates.h"
+#include "workflows/DemoMode.h"
 #include "workflows/DeviceTimePanel.h"
 #include "workflows/DocumentCommands.h"
+#include "workflows/LampPreview.h"
+#include "workflows/LiveMode.h"
 #include "workflows/PointTable.h"
 #include "workflows/ProgramMode.h"
 #include "workflows/SelectDevicePanel.h"
@@ -17,6 +20,7 @@
 #include "yprotocoll/ModalPause.h"
 #include "yprotocoll/YMessageController.h"
 
+#include <QApplication>
 #include <QTimer>
 
 /// One member for each thing a person does; in this order each may use those above it.
@@ -29,6 +33,8 @@ struct AppDelegate::Workflows {
           taskLight(services.data,
                     {*ui.pickerTaskTime, *ui.sliderTaskTemp, *ui.sliderTaskBrightness}),
           programMode(services.data, services.controller, *ui.bttnSwitchProgMode),
+          lamp(services.controller), liveMode(services.data, lamp, *ui.bttnLiveModeSwitch),
+          demoMode(services.data, lamp, *ui.curveView, *ui.bttnRunDemo),
           deviceTime(services.controller, &window) {}
 
     Ui::MainWindow& ui;
@@ -39,6 +45,9 @@ struct AppDelegate::Workflows {
     PointTable table;
     TaskLightEditor taskLight;
     ProgramMode programMode;
+    LampPreview lamp;
+    LiveMode liveMode;
+    DemoMode demoMode;
     DeviceTimePanel deviceTime;
 };
 
@@ -49,6 +58,7 @@ AppDelegate::AppDelegate(const Services& services)
     m_workflows = std::make_unique<Workflows>(services, *m_window);
     connectDocument();
     connectDevice();
+    connectPreview();
     connectHelp();
     updateControls();
 }
@@ -116,6 +126,16 @@ void AppDelegate::connectDevice() {
             &ModalPause::setActive);
     connect(&w.connection, &ConnectionWorkflow::connectedChanged, this,
             &AppDelegate::onConnectedChanged);
+    connect(&w.connection, &ConnectionWorkflow::portProblemChanged, m_window.get(),
+            &MainWindow::showPortProblem);
+}
+
+void AppDelegate::connectPreview() {
+    Workflows& w = *m_workflows;
+    connect(&w.taskLight, &TaskLightEditor::touched, &w.liveMode, &LiveMode::taskLightTouched);
+    connect(&w.demoMode, &DemoMode::runningChanged, &w.liveMode, &LiveMode::setSuspended);
+    connect(&w.demoMode, &DemoMode::runningChanged, this, &AppDelegate::updateControls);
+    connect(&w.lamp, &LampPreview::signChanged, m_window.get(), &MainWindow::showPreview);
 }
 
 void AppDelegate::connectHelp() {
@@ -137,11 +157,13 @@ void AppDelegate::onConnectedChanged(bool isConnected) {
     m_window->showConnected(isConnected);
     m_workflows->deviceTime.setConnected(isConnected);
     updateControls();
+    m_workflows->lamp.setConnected(isConnected);
 }
 
 void AppDelegate::updateControls() {
     Workflows& w = *m_workflows;
-    const WindowState state{w.connection.isConnected(), m_services.data.isProgramMode(), false};
+    const WindowState state{w.connection.isConnected(), m_services.data.isProgramMode(),
+                            w.demoMode.isRunning()};
     ControlStates::load(state).applyTo(*w.ui.bttnLoad);
     ControlStates::load(state).applyTo(*w.ui.menuitemLoad);
     ControlStates::send(state).applyTo(*w.ui.bttnSend);
@@ -167,8 +189,15 @@ void AppDelegate::applicationShouldTerminate(Ask ask) {
 }
 
 void AppDelegate::giveBackLampThenTerminate() {
-    m_services.controller.stop();
-    Q_EMIT terminated();
+    // The link's time-outs wait for dialogs, and nobody may be there to close one.
+    while (QWidget* dialog = QApplication::activeModalWidget()) {
+        if (!dialog->close())
+            break;
+    }
+    m_workflows->lamp.releaseForGood([this] {
+        m_services.controller.stop();
+        Q_EMIT terminated();
+    });
 }
 
 void AppDelegate::onBttnHelpDeviceStatus() {

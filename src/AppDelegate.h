@@ -46,6 +46,7 @@ private:
 
     void connectDocument();
     void connectDevice();
+    void connectPreview();
     void connectHelp();
     void startDiscovery();
     void giveBackLampThenTerminate();

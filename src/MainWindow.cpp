@@ -32,7 +32,7 @@ MainWindow::MainWindow() : m_ui(std::make_unique<Ui::MainWindow>()) {
     setCentralWidget(m_ui->content);
     setShortcuts();
     showConnected(false);
-    showPreview({});
+    showPortProblem({});
 }
 
 MainWindow::~MainWindow() = default;
@@ -60,9 +60,15 @@ void MainWindow::showConnected(bool isConnected) {
     setTextColor(*m_ui->lblConnectionDot, color);
 }
 
+void MainWindow::showPortProblem(const QString& text) {
+    // The first words stand in the window; the whole, which may name a command, in the tool tip.
+    m_ui->lblPortProblem->setText(text.section(QLatin1String(" ("), 0, 0));
+    m_ui->lblPortProblem->setToolTip(text);
+    m_ui->lblPortProblem->setVisible(!text.isEmpty());
+}
+
 void MainWindow::showPreview(const QString& text) {
-    m_ui->lblPreview->setText(text);
-    m_ui->lblPreview->setVisible(!text.isEmpty());
+    m_ui->lblPreview->setSign(text);
 }
 
 bool MainWindow::event(QEvent* event) {

@@ -20,6 +20,8 @@ public:
     Ui::MainWindow& outlets() { return *m_ui; }
 
     void showConnected(bool isConnected);
+    /// Why a controller that is plugged in cannot be opened; an empty text hides it.
+    void showPortProblem(const QString& text);
     /// The sign that the lamp shows a preview; an empty text hides it.
     void showPreview(const QString& text);
 

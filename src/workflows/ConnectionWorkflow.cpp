@@ -24,11 +24,14 @@ void ConnectionWorkflow::menuOpenDevice() {
 void ConnectionWorkflow::messageControllerDidOpen() {
     SPDLOG_DEBUG("Aquelon device opened");
     m_isConnected = true;
+    Q_EMIT portProblemChanged({});
     Q_EMIT connectedChanged(true);
 }
 
 void ConnectionWorkflow::messageControllerGotError(const YMessageError& error) {
     SPDLOG_ERROR("{}", error.description());
+    if (error.is<YMessageError::PortError>() && !m_isConnected)
+        Q_EMIT portProblemChanged(QString::fromStdString(error.description()));
     if (!error.is<YMessageError::PortClosedError>())
         return;
     m_isConnected = false;

@@ -27,6 +27,9 @@ public:
 
 Q_SIGNALS:
     void connectedChanged(bool isConnected);
+    /// A controller is there but its port cannot be used; the text says why and what helps. Empty
+    /// when that is over.
+    void portProblemChanged(const QString& problem);
 
 private:
     YMessageController& m_controller;

@@ -10,14 +10,31 @@
 #include <QApplication>
 #include <QHeaderView>
 #include <QScopedValueRollback>
+#include <QStyledItemDelegate>
 #include <QTableView>
 #include <QTimer>
 
 namespace {
 
-constexpr int rowHeight = 40;
+constexpr int rowHeight = 48;
+constexpr int cellMargin = 4;
 constexpr int timeColumnWidth = 112;
 constexpr int noFocusColumn = -1;
+
+/// Leaves a margin around each cell's control, in which the selection shows, and draws no text of
+/// its own: the controls do, and a disabled one would let it shine through.
+class CellDelegate : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
+                              const QModelIndex& /*index*/) const override {
+        editor->setGeometry(option.rect.adjusted(cellMargin, cellMargin, -cellMargin, -cellMargin));
+    }
+    QString displayText(const QVariant& /*value*/, const QLocale& /*locale*/) const override {
+        return {};
+    }
+};
 
 } // namespace
 
@@ -25,6 +42,7 @@ PointTable::PointTable(AQDataSource& data, Outlets outlets, QObject* parent)
     : QObject(parent), m_data(data), m_outlets(outlets), m_model(new PointTableModel(data, this)) {
     QTableView& table = m_outlets.tableView;
     table.setModel(m_model);
+    table.setItemDelegate(new CellDelegate(&table));
     table.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     table.verticalHeader()->setDefaultSectionSize(rowHeight);
     table.horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
