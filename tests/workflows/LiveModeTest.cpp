@@ -209,6 +209,14 @@ TEST_F(LiveModeTest, givesTheLampBackWithAllThatWaits) {
     bttnLiveModeSwitch.setChecked(false);
     bttnLiveModeSwitch.setChecked(true);
     ASSERT_TRUE(link.receives({enable, levelsOfRow(2), enable, levelsOfRow(2)}));
+    // The same with no levels to take the release's place in the stream.
+    bttnLiveModeSwitch.setChecked(false);
+    data.loadDefaults();
+    link.ignoreSoFar();
+    bttnLiveModeSwitch.setChecked(true);
+    const double later = link.log.secondsNow() + 0.08; // past the stream's interval
+    ASSERT_TRUE(link.waitFor([&] { return link.log.secondsNow() > later; }));
+    EXPECT_EQ(link.commands(), SimulatedLink::Commands({enable}));
     EXPECT_TRUE(lamp.hasLamp());
 }
 
