@@ -1,17 +1,23 @@
 #include "MainWindow.h"
 
+#include "controls/AccentColor.h"
 #include "ui_MainWindow.h"
 
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDropEvent>
 #include <QMimeData>
+#include <QScreen>
 #include <QUrl>
 
 namespace {
 
-const QColor connectedColor{24, 121, 78};
-const QColor disconnectedColor{176, 32, 48};
+/// Green and red, each readable on the light and on the dark brand bar.
+QColor statusColor(bool isConnected, bool onDark) {
+    if (onDark)
+        return isConnected ? QColor(88, 204, 146) : QColor(255, 128, 134);
+    return isConnected ? QColor(24, 121, 78) : QColor(176, 32, 48);
+}
 
 /// The path of the one local file that is being dragged, else empty.
 QString draggedFile(const QMimeData& data) {
@@ -30,9 +36,12 @@ void setTextColor(QWidget& widget, const QColor& color) {
 MainWindow::MainWindow() : m_ui(std::make_unique<Ui::MainWindow>()) {
     m_ui->setupUi(this);
     setCentralWidget(m_ui->content);
+    // Not larger than the screen, which may be a small one.
+    resize(size().boundedTo(screen()->availableSize()));
     setShortcuts();
     showConnected(false);
     showPortProblem({});
+    m_ui->curveView->setFocus();
 }
 
 MainWindow::~MainWindow() = default;
@@ -53,7 +62,8 @@ void MainWindow::setShortcuts() {
 }
 
 void MainWindow::showConnected(bool isConnected) {
-    const QColor color = isConnected ? connectedColor : disconnectedColor;
+    m_isConnected = isConnected;
+    const QColor color = statusColor(isConnected, AccentColor::isDark(palette()));
     m_ui->lblConnectionStatus->setText(isConnected ? QStringLiteral("CONNECTED")
                                                    : QStringLiteral("NOT CONNECTED"));
     setTextColor(*m_ui->lblConnectionStatus, color);
@@ -69,6 +79,12 @@ void MainWindow::showPortProblem(const QString& text) {
 
 void MainWindow::showPreview(const QString& text) {
     m_ui->lblPreview->setSign(text);
+}
+
+void MainWindow::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        showConnected(m_isConnected);
 }
 
 bool MainWindow::event(QEvent* event) {

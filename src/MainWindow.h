@@ -35,6 +35,7 @@ Q_SIGNALS:
     void modalChanged(bool isModal);
 
 protected:
+    void changeEvent(QEvent* event) override;
     bool event(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
@@ -45,5 +46,6 @@ private:
     void setShortcuts();
 
     std::unique_ptr<Ui::MainWindow> m_ui;
+    bool m_isConnected = false;
     bool m_wasPainted = false;
 };

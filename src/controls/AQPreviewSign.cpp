@@ -13,6 +13,7 @@ constexpr int verticalPadding = 6;
 } // namespace
 
 AQPreviewSign::AQPreviewSign(QWidget* parent) : QLabel(parent) {
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     setContentsMargins(horizontalPadding, verticalPadding, horizontalPadding, verticalPadding);
     QFont bold = font();
     bold.setBold(true);

@@ -101,8 +101,9 @@ void LampPreview::setConnected(bool isConnected) {
 }
 
 QString LampPreview::sign() const {
-    const bool isShown = m_isHeld || (m_hasLamp && m_isConnected);
-    return isShown ? m_sign : QString();
+    if (m_isHeld && !m_isConnected)
+        return m_sign + QStringLiteral(", waiting for the controller");
+    return m_isHeld || (m_hasLamp && m_isConnected) ? m_sign : QString();
 }
 
 void LampPreview::announceSign() {

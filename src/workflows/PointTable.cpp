@@ -196,12 +196,14 @@ void PointTable::select(int row) {
     QTableView& table = m_outlets.tableView;
     if (row < 0 || row >= m_model->rowCount()) {
         table.clearSelection();
-        table.setCurrentIndex({});
         return;
     }
-    table.selectionModel()->setCurrentIndex(
-        m_model->index(row, 0), QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
-    table.scrollTo(m_model->index(row, 0));
+    // Selects without making the cell current: that would take the keyboard focus to its control,
+    // away from the curve when the person works there.
+    const QModelIndex index = m_model->index(row, 0);
+    table.selectionModel()->select(index, QItemSelectionModel::ClearAndSelect |
+                                              QItemSelectionModel::Rows);
+    table.scrollTo(index);
 }
 
 void PointTable::selectOnNextTurn(int row, int focusColumn) {

@@ -183,7 +183,7 @@ TEST_F(LiveModeTest, takesTheLampAgainAfterALostLink) {
     link.faults.clear();
     link.ignoreSoFar();
     EXPECT_TRUE(live.isOn());
-    EXPECT_EQ(lamp.sign(), QStringLiteral("LIVE PREVIEW"));
+    EXPECT_EQ(lamp.sign(), QStringLiteral("LIVE PREVIEW, waiting for the controller"));
     sequence.updateWithRow(2, Brightness{0.8}, nullptr);
     ASSERT_TRUE(link.connect());
     link.ignoreSoFar();

@@ -114,6 +114,20 @@ TEST_F(PointTableTest, selectionIsSharedBothWays) {
     EXPECT_EQ(m_sections.last().at(0), 2);
 }
 
+TEST_F(PointTableTest, followingTheCurveLeavesTheFocusThere) {
+    QWidget window;
+    QPushButton curve(&window);
+    m_view.setParent(&window);
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    curve.setFocus();
+    m_data.sequence().notifySelectionChange(4, nullptr);
+    EXPECT_EQ(m_table.selectedRow(), 4);
+    EXPECT_TRUE(curve.hasFocus());
+    m_view.setParent(nullptr);
+}
+
 TEST_F(PointTableTest, addsUntilTheLimitAndDeletesUntilEmpty) {
     for (int count = 8; count <= 20; ++count) {
         EXPECT_TRUE(m_add.isEnabled());
