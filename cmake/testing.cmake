@@ -1,4 +1,5 @@
 find_package(GTest REQUIRED)
+find_package(Qt6 6.4 REQUIRED COMPONENTS Test)
 
 # aquelon_test(NAME <name> LABEL <label> SOURCES <files> LIBS <targets> [DISPLAY] [TIMEOUT <s>])
 # One GoogleTest program, one CTest entry. A test with DISPLAY runs on Qt's offscreen platform.
