@@ -54,6 +54,35 @@ Answers readTransfer(ByteFeed& feed, int channelCount) {
     return answers;
 }
 
+/// The duration would be less than the minutes that it is made of.
+bool carriesBeyondTheHour(const AnswerTaskMode& taskMode) {
+    return taskMode.minutes < (taskMode.minutes + taskMode.seconds / 60) % 60;
+}
+
+/// Whether these are the answers to a load, of a program with times of day.
+bool isLoad(const Answers& answers, int channelCount) {
+    const auto channels = static_cast<std::size_t>(std::min(channelCount, 4));
+    if (answers.size() != channels + 1)
+        return false;
+    const auto* taskMode = dynamic_cast<const AnswerTaskMode*>(answers[0].get());
+    if (!taskMode || carriesBeyondTheHour(*taskMode))
+        return false;
+    std::vector<std::vector<SequenceEntry>> entries;
+    for (std::size_t channel = 0; channel < channels; ++channel) {
+        const auto* data = dynamic_cast<const AnswerSequenceData*>(answers[channel + 1].get());
+        if (!data || data->channel != channel)
+            return false;
+        entries.push_back(data->seqData);
+        if (channel % 2 == 1 && entries[channel - 1].size() != entries[channel].size())
+            return false;
+    }
+    const auto& times = entries[channels - 2];
+    if (channels == 4 && times.size() == 1)
+        return true; // the task light, no point
+    return std::ranges::all_of(
+        times, [](const SequenceEntry& entry) { return entry.hour < 24 && entry.minute < 60; });
+}
+
 struct Contents {
     std::vector<AQTimePoint> points;
     AQTimePoint taskLight;
@@ -130,6 +159,18 @@ void checkReturn(const AQDataSource& document, const DeviceInfo& device) {
         require(loaded.taskLight().time == document.taskLight().time, "the duration is kept");
 }
 
+/// Twice the points, which may be more than a message carries.
+void checkMany(AQDataSource& document, const DeviceInfo& device) {
+    const std::vector<AQTimePoint> points = document.sequence().points();
+    for (const AQTimePoint& point : points)
+        document.sequence().appendPoint(point);
+    const bool fits = document.sequence().count() <= std::min(device.maxPointsInSeq, mostEntries);
+    require(DeviceProgramImage::checkSend(document, device).isOk() == fits,
+            "no more points are sent than the controller and a message hold");
+    if (fits)
+        send(document, device);
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -148,12 +189,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const TransferResult result = DeviceProgramImage::apply(answers, device, document);
     require(log.take().empty() && !document.isDirty() && document.isProgramMode(),
             "a load announces nothing and leaves flag and mode alone");
+    const bool isKnown = DeviceProgramImage::checkLoad(device).isOk();
+    require(result.isOk() == (isKnown && isLoad(answers, device.channelCount)),
+            "the answers of a load are taken, and no others");
     if (result.isOk()) {
         requireValid(document);
         checkReturn(document, device);
+        checkMany(document, device);
     } else {
         require(contentsOf(document) == before, "a failed load changes nothing");
-        const bool isKnown = DeviceProgramImage::checkLoad(device).isOk();
         require(result.is<TransferResult::errorInvalidData>() == isKnown,
                 "data are invalid, or the controller has no usable channels");
     }
