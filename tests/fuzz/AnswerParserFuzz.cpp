@@ -69,11 +69,14 @@ Expected expect(View stream) {
     return expected;
 }
 
-struct Listener final : YAnswerParserDelegate {
+struct Listener : YAnswerParserDelegate {
     explicit Listener(bool listens = true) {
         if (listens)
             parser.setDelegate(this);
     }
+    virtual ~Listener() = default;
+    Listener(const Listener&) = delete;
+    Listener& operator=(const Listener&) = delete;
 
     /// Chunks may be empty, but then the next one has a byte at least.
     void feed(View stream, View chunkSizes = {}) {

@@ -20,25 +20,25 @@ using AnswerPtr = std::shared_ptr<const YAnswer>;
 
 struct Kind {
     std::uint8_t id;
+    bool ignoresSurplus;  ///< a longer payload means the same
+    std::uint8_t minimum; ///< payload bytes
     const char* name;
-    std::size_t minimum; ///< payload bytes
-    bool ignoresSurplus; ///< a longer payload means the same
 };
 
 constexpr Kind kinds[] = {
-    {2, "AnswerVersion", 3, false},       {4, "AnswerProductInfo", 8, true},
-    {33, "AnswerDebugInfo", 31, true},    {35, "AnswerDebugTxRxDALI", 2, true},
-    {41, "AnswerTime", 2, true},          {43, "AnswerDeviceMode", 3, true},
-    {45, "AnswerSequenceData", 1, false}, {51, "AnswerTaskMode", 5, true},
-    {53, "AnswerAnalogMode", 12, true},   {55, "AnswerDeviceSettings", 4, true},
-    {71, "AnswerRTC", 6, true},           {73, "AnswerBufferInfo", 2, true},
-    {75, "AnswerDaylightInfo", 2, true}};
+    {2, false, 3, "AnswerVersion"},       {4, true, 8, "AnswerProductInfo"},
+    {33, true, 31, "AnswerDebugInfo"},    {35, true, 2, "AnswerDebugTxRxDALI"},
+    {41, true, 2, "AnswerTime"},          {43, true, 3, "AnswerDeviceMode"},
+    {45, false, 1, "AnswerSequenceData"}, {51, true, 5, "AnswerTaskMode"},
+    {53, true, 12, "AnswerAnalogMode"},   {55, true, 4, "AnswerDeviceSettings"},
+    {71, true, 6, "AnswerRTC"},           {73, true, 2, "AnswerBufferInfo"},
+    {75, true, 2, "AnswerDaylightInfo"}};
 
 const Kind* kindOf(std::uint8_t id, std::size_t length) {
-    static constexpr Kind sequenceInfo{47, "AnswerSequenceDataInfo", 3, false};
-    static constexpr Kind sequence{47, "AnswerSequenceData", 1, false};
-    static constexpr Kind transmitBuffer{49, "AnswerDemoModeTransmitBuffer", 1, false};
-    static constexpr Kind demoMode{49, "AnswerDemoMode", 3, true};
+    static constexpr Kind sequenceInfo{47, false, 3, "AnswerSequenceDataInfo"};
+    static constexpr Kind sequence{47, false, 1, "AnswerSequenceData"};
+    static constexpr Kind transmitBuffer{49, false, 1, "AnswerDemoModeTransmitBuffer"};
+    static constexpr Kind demoMode{49, true, 3, "AnswerDemoMode"};
     if (id == 47)
         return length == 3 ? &sequenceInfo : &sequence;
     if (id == 49)
