@@ -97,8 +97,11 @@ void PointTable::syncRows() {
     // The view deletes the controls of a row that goes; only our own record is left to shorten.
     if (static_cast<int>(m_rows.size()) > count)
         m_rows.resize(static_cast<std::size_t>(count));
-    while (static_cast<int>(m_rows.size()) < count)
-        m_rows.push_back(makeRow(static_cast<int>(m_rows.size())));
+    while (static_cast<int>(m_rows.size()) < count) {
+        const int row = static_cast<int>(m_rows.size());
+        m_rows.push_back(makeRow(row));
+        insertIntoTabOrder(row);
+    }
     updateButtons();
 }
 
@@ -126,6 +129,24 @@ PointTable::CellControls PointTable::makeRow(int row) {
         controls[static_cast<std::size_t>(column)]->setObjectValue(
             m_model->data(m_model->index(row, column), Qt::EditRole));
     return controls;
+}
+
+// Qt appends new controls to the window's order; they are read after what stands before the table.
+void PointTable::insertIntoTabOrder(int row) {
+    const QTableView& table = m_outlets.tableView;
+    QWidget* before = nullptr;
+    if (row > 0) {
+        before = m_rows[static_cast<std::size_t>(row) - 1].back();
+    } else {
+        before = table.previousInFocusChain();
+        while (before != &table &&
+               (!(before->focusPolicy() & Qt::TabFocus) || table.isAncestorOf(before)))
+            before = before->previousInFocusChain();
+    }
+    for (AQValueView* view : m_rows[static_cast<std::size_t>(row)]) {
+        QWidget::setTabOrder(before, view);
+        before = view;
+    }
 }
 
 void PointTable::refresh(int row, int column) {
@@ -201,8 +222,8 @@ void PointTable::select(int row) {
     // Selects without making the cell current: that would take the keyboard focus to its control,
     // away from the curve when the person works there.
     const QModelIndex index = m_model->index(row, 0);
-    table.selectionModel()->select(index, QItemSelectionModel::ClearAndSelect |
-                                              QItemSelectionModel::Rows);
+    table.selectionModel()->select(index,
+                                   QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     table.scrollTo(index);
 }
 

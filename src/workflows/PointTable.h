@@ -52,6 +52,7 @@ private:
     Cell cellOf(const AQValueView& view) const;
     void syncRows();
     CellControls makeRow(int row);
+    void insertIntoTabOrder(int row);
     void refresh(int row, int column);
     void setTime(int row, const QVariant& value);
     void select(int row);

@@ -109,7 +109,11 @@ UiElement Journey::find(const std::string& role, const std::string& name) const 
 }
 
 bool Journey::shows(const std::string& text) const {
-    return static_cast<bool>(find({}, text));
+    const auto says = [&](const UiElement& element) {
+        return element.name() == text ||
+               (element.role() == "spin button" && element.text() == text);
+    };
+    return !front().findAll(says).empty();
 }
 
 bool Journey::waitForText(const std::string& text, std::chrono::milliseconds limit) const {

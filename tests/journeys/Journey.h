@@ -44,7 +44,7 @@ public:
     std::string title() const;
     std::vector<UiElement> dialogs() const; ///< open ones, the front one last
     UiElement find(const std::string& role, const std::string& name) const;
-    /// A label, button or other element with exactly this text.
+    /// A label, button, time in the table or other element with exactly this text.
     bool shows(const std::string& text) const;
     bool waitForText(const std::string& text, std::chrono::milliseconds limit = usualLimit) const;
     /// Waits for a dialog that shows this text and returns all its labels' texts in order; empty
