@@ -7,8 +7,10 @@
 
 #include <cerrno>
 #include <fcntl.h>
+#include <filesystem>
 #include <optional>
 #include <sys/stat.h>
+#include <system_error>
 #include <unistd.h>
 
 namespace {
@@ -19,17 +21,32 @@ QString systemReason() {
     return qt_error_string(errno);
 }
 
-/// The file at the end of a chain of links, which need not exist. QSaveFile follows only one link
-/// and would replace the second.
-std::optional<QString> followLinks(QString path) {
+struct Target {
+    QString path;
+    std::optional<struct stat> old; ///< none when nothing is there yet
+    QString fault;
+};
+
+/// The file at the end of a chain of links, which need not exist. Only the system's own "no such
+/// file" counts as that: whatever else hinders a look might hide a device or a FIFO.
+Target followLinks(const QString& path) {
+    std::filesystem::path target = QFile::encodeName(path).toStdString();
     for (int links = 0; links <= maxLinks; ++links) {
-        const QFileInfo info(path);
-        if (!info.isSymLink())
-            return path;
-        path = info.symLinkTarget();
+        struct stat status {};
+        const bool exists = ::lstat(target.c_str(), &status) == 0;
+        if (!exists && errno != ENOENT)
+            return {{}, {}, systemReason()};
+        if (!exists || !S_ISLNK(status.st_mode))
+            return {QFile::decodeName(target.c_str()),
+                    exists ? std::optional(status) : std::nullopt,
+                    {}};
+        std::error_code error;
+        const std::filesystem::path link = std::filesystem::read_symlink(target, error);
+        if (error)
+            return {{}, {}, qt_error_string(error.value())};
+        target = target.parent_path() / link;
     }
-    errno = ELOOP;
-    return {};
+    return {{}, {}, qt_error_string(ELOOP)};
 }
 
 /// Makes the new name last through a power cut. The file has been replaced by now, so a file system
@@ -63,24 +80,21 @@ QString writeThrough(int descriptor, const QByteArray& contents) {
 } // namespace
 
 QString AtomicFile::replace(const QString& path, const QByteArray& contents) {
-    const auto target = followLinks(path);
-    if (!target)
-        return systemReason();
-
-    struct stat old {};
-    const bool exists = ::stat(QFile::encodeName(*target).constData(), &old) == 0;
-    if (exists && S_ISDIR(old.st_mode))
+    const auto [target, old, lookFault] = followLinks(path);
+    if (!lookFault.isEmpty())
+        return lookFault;
+    if (old && S_ISDIR(old->st_mode))
         return qt_error_string(EISDIR);
     // QSaveFile would put a plain file in the place of a device node or a FIFO.
-    if (exists && !S_ISREG(old.st_mode))
+    if (old && !S_ISREG(old->st_mode))
         return QStringLiteral("Not a regular file");
 
-    QSaveFile file(*target);
+    QSaveFile file(target);
     if (!file.open(QIODevice::WriteOnly))
         return file.errorString();
     // Fails for people who may not give files away; then the file is theirs.
-    if (exists && ::fchown(file.handle(), old.st_uid, old.st_gid) == 0)
-        ::fchmod(file.handle(), old.st_mode & 07777);
+    if (old && ::fchown(file.handle(), old->st_uid, old->st_gid) == 0)
+        ::fchmod(file.handle(), old->st_mode & 07777);
 
     QString fault = writeThrough(file.handle(), contents);
     if (!fault.isEmpty()) {
@@ -89,6 +103,6 @@ QString AtomicFile::replace(const QString& path, const QByteArray& contents) {
     }
     if (!file.commit())
         return file.errorString();
-    syncFolderOf(*target);
+    syncFolderOf(target);
     return {};
 }
