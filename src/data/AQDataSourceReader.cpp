@@ -2,62 +2,19 @@
 
 #include "data/AQDataSource.h"
 #include "data/GuardedXml.h"
+#include "data/RegularFile.h"
 
 #include <spdlog/spdlog.h>
 
-#include <QFile>
 #include <QXmlStreamReader>
 
 #include <algorithm>
-#include <array>
-#include <cerrno>
-#include <fcntl.h>
 #include <limits>
-#include <sys/stat.h>
+#include <utility>
 
 namespace {
 
 constexpr qint64 maxSeconds = std::numeric_limits<int>::max();
-
-/// Opens a regular file for reading, and nothing else: a FIFO would wait for a writer, and opening
-/// a device can set it going. Returns the system's reason, empty on success.
-QString openRegular(QFile& file, const QString& path) {
-    const QByteArray name = QFile::encodeName(path);
-    struct stat info {};
-    if (::stat(name.constData(), &info) != 0)
-        return qt_error_string(errno);
-    if (S_ISDIR(info.st_mode))
-        return qt_error_string(EISDIR);
-    if (!S_ISREG(info.st_mode))
-        return QStringLiteral("Not a regular file");
-    // Not to wait for a FIFO that took the file's place just now.
-    const int descriptor = ::open(name.constData(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
-    if (descriptor < 0)
-        return qt_error_string(errno);
-    if (!file.open(descriptor, QIODevice::ReadOnly, QFile::AutoCloseHandle))
-        return file.errorString();
-    return {};
-}
-
-QString tooLarge() {
-    return QStringLiteral("File too large");
-}
-
-/// Everything left in the device; nothing when it fails on the way. More than `maxFileSize` bytes
-/// tell that there is too much.
-std::optional<QByteArray> readAll(QIODevice& device) {
-    QByteArray bytes;
-    std::array<char, 16 * 1024> piece;
-    while (bytes.size() <= AQDataSourceReader::maxFileSize) {
-        const qint64 count = device.read(piece.data(), piece.size());
-        if (count < 0)
-            return {};
-        if (count == 0)
-            break;
-        bytes.append(piece.data(), count);
-    }
-    return bytes;
-}
 
 std::optional<qint64> integer(QStringView text) {
     bool ok = false;
@@ -78,30 +35,19 @@ int minuteOfDay(qint64 value) {
 AQDataSourceReader::AQDataSourceReader(AQDataSource& document, QObject* parent)
     : QObject(parent), m_document(document) {}
 
-bool AQDataSourceReader::fail(const QString& reason) {
-    m_errorString = reason;
-    return false;
-}
-
 bool AQDataSourceReader::loadFromFile(const QString& path) {
-    QFile file;
-    if (const QString fault = openRegular(file, path); !fault.isEmpty())
-        return fail(fault);
-    if (file.size() > maxFileSize)
-        return fail(tooLarge());
-    return read(file);
+    auto [bytes, fault] = RegularFile::read(path, maxFileSize);
+    m_fileContents = std::move(bytes);
+    if (!fault.isEmpty()) {
+        m_errorString = fault;
+        return false;
+    }
+    return read(m_fileContents);
 }
 
-bool AQDataSourceReader::read(QIODevice& device) {
-    const auto bytes = readAll(device);
-    if (!bytes)
-        return fail(device.errorString());
-    if (bytes->size() > maxFileSize)
-        return fail(tooLarge());
-
+bool AQDataSourceReader::read(const QByteArray& bytes) {
     m_sequenceChanged = false;
-
-    m_errorString = parse(GuardedXml::fromBytes(*bytes));
+    m_errorString = parse(GuardedXml::fromBytes(bytes));
     postChanges();
     return m_errorString.isEmpty();
 }

@@ -2,6 +2,7 @@
 
 #include "data/AQTimePoint.h"
 
+#include <QByteArray>
 #include <QObject>
 #include <QString>
 #include <QStringList>
@@ -9,7 +10,6 @@
 #include <optional>
 
 class AQDataSource;
-class QIODevice;
 struct GuardedXml;
 
 /// Reads a settings file into the document; AQDataSourceWriter describes the format.
@@ -40,14 +40,15 @@ public:
     /// this case and after success posts, with the reader as object: sectionChanged (-1) and
     /// dataChanged if a timeline was met, dataLoaded always.
     bool loadFromFile(const QString& path);
-    /// The same for everything that is left in an open device.
-    bool read(QIODevice& device);
+    /// The same for the contents of a file, however many.
+    bool read(const QByteArray& bytes);
+    /// What the last `loadFromFile()` found in the file; empty when it could not be read.
+    const QByteArray& fileContents() const { return m_fileContents; }
     /// The reason for the last failure, in the system's or the parser's words; empty after a
     /// success.
     QString errorString() const { return m_errorString; }
 
 private:
-    bool fail(const QString& reason);
     /// Returns the fault, empty when there is none.
     QString parse(const GuardedXml& guarded);
     void startElement(const QString& name);
@@ -58,6 +59,7 @@ private:
     void postChanges();
 
     AQDataSource& m_document;
+    QByteArray m_fileContents;
     QString m_errorString;
     QStringList m_contextStack; ///< the open elements, innermost last
     QString m_text;             ///< of the innermost element, since the last tag

@@ -1,6 +1,7 @@
 #include "workflows/DocumentCommands.h"
 
 #include "data/AQDataSource.h"
+#include "data/RegularFile.h"
 #include "workflows/Prompts.h"
 
 #include <QDir>
@@ -81,11 +82,10 @@ void DocumentCommands::openPath(const QString& path) {
 }
 
 void DocumentCommands::read(const QString& path) {
-    const FileStamp stamp = stampOf(path);
     const auto before = m_data.contents();
     if (m_reader.loadFromFile(path)) {
         m_openFilePath = path;
-        m_openFileStamp = stamp;
+        m_openFileContents = m_reader.fileContents();
         m_holdsPartsOfAnotherFile = false;
         m_data.setIsDirty(false);
         Q_EMIT titleChanged();
@@ -116,8 +116,7 @@ void DocumentCommands::saveOrAskWhere(Continuation saved, Continuation cancelled
 
 void DocumentCommands::saveOverOwnFile(Continuation saved, Continuation cancelled) {
     const auto save = [=, this] { write(m_openFilePath) ? call(saved) : call(cancelled); };
-    const bool changedOnDisk =
-        QFileInfo::exists(m_openFilePath) && stampOf(m_openFilePath) != m_openFileStamp;
+    const bool changedOnDisk = isChangedOnDisk();
     if (!changedOnDisk && !m_holdsPartsOfAnotherFile) {
         save();
         return;
@@ -153,13 +152,15 @@ bool DocumentCommands::write(const QString& path) {
         return false;
     }
     m_openFilePath = path;
-    m_openFileStamp = stampOf(path);
+    m_openFileContents = m_writer.text();
     m_holdsPartsOfAnotherFile = false;
     Q_EMIT titleChanged();
     return true;
 }
 
-DocumentCommands::FileStamp DocumentCommands::stampOf(const QString& path) {
-    const QFileInfo file(path);
-    return file.exists() ? FileStamp{file.lastModified(), file.size()} : FileStamp{};
+bool DocumentCommands::isChangedOnDisk() const {
+    if (!QFileInfo::exists(m_openFilePath))
+        return false;
+    const auto [bytes, fault] = RegularFile::read(m_openFilePath, AQDataSourceReader::maxFileSize);
+    return !fault.isEmpty() || bytes != m_openFileContents;
 }

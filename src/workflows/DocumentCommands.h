@@ -3,7 +3,7 @@
 #include "data/AQDataSourceReader.h"
 #include "data/AQDataSourceWriter.h"
 
-#include <QDateTime>
+#include <QByteArray>
 #include <QObject>
 #include <QString>
 
@@ -47,25 +47,22 @@ Q_SIGNALS:
     void titleChanged();
 
 private:
-    struct FileStamp {
-        QDateTime modified;
-        qint64 size = -1;
-        bool operator==(const FileStamp&) const = default;
-    };
-    static FileStamp stampOf(const QString& path);
-
     void read(const QString& path);
     void saveOrAskWhere(Continuation saved, Continuation cancelled);
     void askWhereThenSave(Continuation saved, Continuation cancelled);
     void saveOverOwnFile(Continuation saved, Continuation cancelled);
     bool write(const QString& path);
+    /// True when the current file is there, and not as this program last read or wrote it.
+    bool isChangedOnDisk() const;
 
     AQDataSource& m_data;
     Prompts& m_prompts;
     AQDataSourceReader m_reader;
     AQDataSourceWriter m_writer;
     QString m_openFilePath;
-    FileStamp m_openFileStamp;
+    /// What this program last read from it or wrote to it. Times and sizes tell less: a clock is
+    /// coarse, and copying programs set it back.
+    QByteArray m_openFileContents;
     /// A failed open left parts of another file in the document, which are not this file's program.
     bool m_holdsPartsOfAnotherFile = false;
 };

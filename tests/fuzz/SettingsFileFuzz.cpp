@@ -7,8 +7,6 @@
 
 #include <spdlog/spdlog.h>
 
-#include <QBuffer>
-
 // Input: a settings file.
 
 namespace {
@@ -27,10 +25,7 @@ public:
     Desk() { m_log.name(m_reader, "reader"); }
 
     Outcome read(const QByteArray& file) {
-        QBuffer buffer;
-        buffer.setData(file);
-        buffer.open(QIODevice::ReadOnly);
-        const bool ok = m_reader.read(buffer);
+        const bool ok = m_reader.read(file);
         return {ok, m_reader.errorString(), AQDataSourceWriter(document).text(), m_log.take()};
     }
     void startAnew() {

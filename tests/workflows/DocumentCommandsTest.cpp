@@ -7,6 +7,9 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include <filesystem>
+#include <functional>
+
 namespace {
 
 using SaveAnswer = Prompts::SaveAnswer;
@@ -173,20 +176,92 @@ TEST_F(DocumentCommandsTest, missingFileChangesNothing) {
 }
 
 TEST_F(DocumentCommandsTest, fileChangedOnDiskIsNotOverwrittenUnasked) {
+    namespace fs = std::filesystem;
+    const fs::path file = path("a.sq").toStdString();
+    const fs::path other = path("b.sq").toStdString();
     saveAs("a.sq");
-    write(path("a.sq"), "somebody else's work");
+    const QByteArray ours = read(path("a.sq"));
+    const QByteArray theirs = QByteArray(ours).replace("<color>255<", "<color>254<");
+    // Copying programs give the copy the time of the original.
+    const auto putWithTime = [](const fs::path& where, const QByteArray& bytes,
+                                fs::file_time_type time) {
+        write(QString::fromStdString(where.string()), bytes);
+        fs::last_write_time(where, time);
+    };
+    const struct {
+        const char* name;
+        std::function<void()> meanwhile;
+        bool asked;
+    } cases[] = {
+        {"nothing", [] {}, false},
+        {"changed", [&] { write(path("a.sq"), "somebody else's work"); }, true},
+        {"changed, with the same size and time",
+         [&] { putWithTime(file, theirs, fs::last_write_time(file)); }, true},
+        {"changed and changed back", [&] { putWithTime(file, ours, {}); }, false},
+        {"renamed over, with the same size and time",
+         [&] {
+             putWithTime(other, theirs, fs::last_write_time(file));
+             fs::rename(other, file);
+         },
+         true},
+        {"deleted", [&] { fs::remove(file); }, false},
+        {"deleted and made again",
+         [&] {
+             const auto time = fs::last_write_time(file);
+             fs::remove(file);
+             putWithTime(file, theirs, time);
+         },
+         true},
+        {"the link turned to another file",
+         [&] {
+             putWithTime(other, theirs, fs::last_write_time(file));
+             fs::remove(path("link.sq").toStdString());
+             fs::create_symlink(other, path("link.sq").toStdString());
+         },
+         true},
+        {"replaced by a folder",
+         [&] {
+             fs::remove(file);
+             fs::create_directory(file);
+         },
+         true},
+    };
+    for (const auto& test : cases) {
+        SCOPED_TRACE(test.name);
+        fs::remove_all(file);
+        fs::remove(path("link.sq").toStdString());
+        write(path("a.sq"), ours);
+        fs::create_symlink(file, path("link.sq").toStdString());
+        m_commands.openPath(path("link.sq"));
+        ASSERT_FALSE(m_data.isDirty());
+        test.meanwhile();
+        const QByteArray found = read(path("link.sq"));
+        edit();
+        m_prompts.asked.clear();
+        m_prompts.confirmations = {false};
+        m_commands.saveDocument();
+        EXPECT_EQ(m_prompts.asked.size(), test.asked ? 1 : 0);
+        EXPECT_EQ(m_data.isDirty(), test.asked);
+        EXPECT_EQ(read(path("link.sq")) == found, test.asked);
+        m_data.setIsDirty(false);
+    }
+}
+
+TEST_F(DocumentCommandsTest, savesOverAChangedFileWhenToldTo) {
+    saveAs("a.sq");
+    write(path("b.sq"), "somebody else's work");
     edit();
-    m_prompts.confirmations = {false};
-    m_commands.saveDocument();
-    EXPECT_EQ(read(path("a.sq")), "somebody else's work");
-    EXPECT_TRUE(m_data.isDirty());
+    saveAs("b.sq"); // the file dialog has asked
+    write(path("b.sq"), "and more of it");
+    edit();
     m_prompts.confirmations = {true};
     m_commands.saveDocument();
-    EXPECT_TRUE(read(path("a.sq")).startsWith("<?xml"));
+    EXPECT_EQ(m_prompts.asked.size(), 1);
     m_prompts.asked.clear();
     edit();
     m_commands.saveDocument();
     EXPECT_TRUE(m_prompts.asked.isEmpty());
+    EXPECT_TRUE(read(path("b.sq")).startsWith("<?xml"));
 }
 
 } // namespace

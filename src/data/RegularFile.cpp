@@ -1,0 +1,55 @@
+#include "data/RegularFile.h"
+
+#include <QFile>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+RegularFile::Contents systemFault() {
+    return {{}, qt_error_string(errno)};
+}
+
+/// Also ends with a file that grows all the time.
+RegularFile::Contents readAll(int descriptor, qint64 maxSize) {
+    RegularFile::Contents contents;
+    std::array<char, 16 * 1024> piece;
+    while (contents.bytes.size() <= maxSize) {
+        const ssize_t count = ::read(descriptor, piece.data(), piece.size());
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count < 0)
+            return systemFault();
+        if (count == 0)
+            return contents;
+        contents.bytes.append(piece.data(), count);
+    }
+    return {{}, QStringLiteral("File too large")};
+}
+
+} // namespace
+
+RegularFile::Contents RegularFile::read(const QString& path, qint64 maxSize) {
+    const QByteArray name = QFile::encodeName(path);
+    // Opening a device can set it going, and a FIFO would wait for a writer.
+    struct stat info {};
+    if (::stat(name.constData(), &info) != 0)
+        return systemFault();
+    if (S_ISDIR(info.st_mode))
+        return {{}, qt_error_string(EISDIR)};
+    if (!S_ISREG(info.st_mode))
+        return {{}, QStringLiteral("Not a regular file")};
+    // Not to wait for a FIFO that took the file's place just now.
+    const int descriptor = ::open(name.constData(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+    if (descriptor < 0)
+        return systemFault();
+    Contents contents = info.st_size > maxSize ? Contents{{}, QStringLiteral("File too large")}
+                                               : readAll(descriptor, maxSize);
+    ::close(descriptor);
+    return contents;
+}
