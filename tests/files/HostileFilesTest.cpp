@@ -1,0 +1,249 @@
+#include "data/AQDataSourceReader.h"
+#include "data/AQDataSourceWriter.h"
+#include "data/GuardedXml.h"
+#include "data/ReaderFixture.h"
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <cstdio>
+#include <fstream>
+#include <malloc.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+namespace {
+
+constexpr qint64 maxSize = AQDataSourceReader::maxFileSize;
+
+// What a file may cost: processor time, since the machine may be busy with something else, and
+// memory on top of what the program has. Sanitizers and builds for the debugger get more of both.
+#if defined(__SANITIZE_ADDRESS__)
+constexpr long maxMilliseconds = 600;
+constexpr long maxKilobytes = 128 * 1024;
+#elif !defined(NDEBUG)
+constexpr long maxMilliseconds = 300;
+constexpr long maxKilobytes = 16 * 1024;
+#else
+constexpr long maxMilliseconds = 100;
+constexpr long maxKilobytes = 16 * 1024;
+#endif
+
+struct Cost {
+    long milliseconds = 0;
+    long kilobytes = 0;
+};
+
+/// Of loading a file, in a process of its own so that nothing hides the peak.
+Cost costOfLoading(const QString& path) {
+    ::malloc_trim(0);
+    long pages = 0;
+    std::ifstream("/proc/self/statm").ignore(64, ' ') >> pages;
+    const pid_t child = ::fork();
+    if (child == 0) {
+        ReaderFixture().reader.loadFromFile(path);
+        ::_exit(0);
+    }
+    rusage usage{};
+    int status = -1;
+    ::wait4(child, &status, 0, &usage);
+    EXPECT_EQ(status, 0);
+    const auto milliseconds = [](timeval time) { return time.tv_sec * 1000 + time.tv_usec / 1000; };
+    return {milliseconds(usage.ru_utime) + milliseconds(usage.ru_stime),
+            usage.ru_maxrss - pages * (::sysconf(_SC_PAGESIZE) / 1024)};
+}
+
+class HostileFiles : public testing::Test {
+protected:
+    ~HostileFiles() override {
+        std::printf("dearest: %ld ms, %ld KiB\n", m_worst.milliseconds, m_worst.kilobytes);
+    }
+
+    QString path(const char* name) const { return m_folder.filePath(QLatin1String(name)); }
+    /// The path of a file with these contents.
+    QString put(const QByteArray& bytes) const {
+        QFile file(path("hostile.sq"));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+        return file.fileName();
+    }
+    void expectCheap(const QString& file) {
+        const Cost cost = costOfLoading(file);
+        EXPECT_LE(cost.milliseconds, maxMilliseconds);
+        EXPECT_LE(cost.kilobytes, maxKilobytes);
+        m_worst = {std::max(m_worst.milliseconds, cost.milliseconds),
+                   std::max(m_worst.kilobytes, cost.kilobytes)};
+    }
+
+private:
+    QTemporaryDir m_folder;
+    Cost m_worst;
+};
+
+QByteArray nested(int depth) {
+    return QByteArray("<a>").repeated(depth) + QByteArray("</a>").repeated(depth);
+}
+
+/// As many repetitions as a file may hold.
+QByteArray full(const QByteArray& start, const QByteArray& unit, const QByteArray& end = {}) {
+    return start + unit.repeated((maxSize - start.size() - end.size()) / unit.size()) + end;
+}
+
+/// "<a a0='' a1='' ...", `size` bytes long or a little less.
+QByteArray manyAttributes(qint64 size) {
+    QByteArray tag = "<a";
+    for (int index = 0; tag.size() < size - 12; ++index)
+        tag += " a" + QByteArray::number(index, 36) + "=''";
+    return tag;
+}
+
+QByteArray utf16(const char* text, bool bigEndian) {
+    QByteArray bytes;
+    for (; *text; ++text)
+        bytes.append(bigEndian ? '\0' : *text).append(bigEndian ? *text : '\0');
+    return bytes;
+}
+
+const char analog[] = "<?xml version='1.0' encoding='UTF-16'?><mode1_10v>0</mode1_10v>";
+const QByteArray start = "<settings><mode1_10v>0</mode1_10v><timeline><point><time>5</time>"
+                         "<intensity>1</intensity><color>2</color></point>";
+const QByteArray next = "<point><time>6</time><intensity>1</intensity><color>2</color></point>";
+const QByteArray end = "</timeline></settings>";
+
+TEST_F(HostileFiles, areReadAsFarAsTheyAreSound) {
+    const struct {
+        const char* name;
+        QByteArray bytes;
+        bool ok = false;
+        std::string points = defaultPoints;
+        const char* rest = defaultRest;
+    } cases[] = {
+        {"empty file", ""},
+        {"no XML", "hello"},
+        {"cut in a point", start + next.left(20), false, "5/2/1 ", "0:1:0/128/255 0"},
+        {"tags mixed up", start + "</settings>", false, "5/2/1 ", "0:1:0/128/255 0"},
+        {"two roots", start + end + "<settings/>", false, "5/2/1 ", "0:1:0/128/255 0"},
+        {"undeclared entity", start + "&x;" + next + end, false, "5/2/1 ", "0:1:0/128/255 0"},
+        {"NUL", start + '\0' + next + end, false, "5/2/1 ", "0:1:0/128/255 0"},
+        {"NUL at the end", start + end + '\0', false, "5/2/1 ", "0:1:0/128/255 0"},
+        {"control character", start + "\x01" + next + end, false, "5/2/1 ", "0:1:0/128/255 0"},
+        {"bad UTF-8", start + "<!--\xff-->" + next + end, false, "5/2/1 ", "0:1:0/128/255 0"},
+        {"character cut in two", start + end + "<!--\xc3", false, "5/2/1 ", "0:1:0/128/255 0"},
+        {"attribute twice", start + "<x a='' a=''/>" + end, false, "5/2/1 ", "0:1:0/128/255 0"},
+        {"too deep", start + nested(63) + next + end, false, "5/2/1 ", "0:1:0/128/255 0"},
+        {"depth at the limit", nested(AQDataSourceReader::maxDepth), true},
+        {"document type", "<!DOCTYPE settings>" + start + end},
+        {"entities of entities", "<!-- > --><!DOCTYPE s [<!ENTITY a '1234567890'>"
+                                 "<!ENTITY b '&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;'>"
+                                 "<!ENTITY c '&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;'>]>"
+                                 "<mode1_10v>&c;</mode1_10v>"},
+        {"external entity", "<!DOCTYPE s [<!ENTITY x SYSTEM 'file:///etc/passwd'>]>"
+                            "<mode1_10v>&x;</mode1_10v>"},
+        {"UTF-7", "<?xml version='1.0' encoding='UTF-7'?>" + start + end},
+        {"latin 1", "<?xml version='1.0' encoding='ISO-8859-1'?>" + start + end},
+        {"UTF-16 that is none", analog},
+        {"UTF-16 without a mark", utf16(analog, false)},
+        {"UTF-16", "\xff\xfe" + utf16(analog, false), true, defaultPoints, "0:1:0/128/255 0"},
+        {"UTF-16, the other", "\xfe\xff" + utf16(analog, true), true, defaultPoints,
+         "0:1:0/128/255 0"},
+        {"UTF-8 with a mark", "\xef\xbb\xbf<mode1_10v>\r\n0\r\n</mode1_10v>\r\n", true,
+         defaultPoints, "0:1:0/128/255 0"},
+        {"US-ASCII", "<?xml version='1.0' encoding='us-ascii'?><mode1_10v>0</mode1_10v>", true,
+         defaultPoints, "0:1:0/128/255 0"},
+        {"attributes", manyAttributes(maxSize) + "/>"},
+        {"tags at the limit", full("<r>", manyAttributes(GuardedXml::maxTagLength) + "/>", "</r>"),
+         true},
+        {"one attribute", full("<a b='", "&lt;", "'/>")},
+        {"nothing but tags", full("", "<a>")},
+        {"nothing but brackets", full("", "<")},
+        {"elements", full("<r>", "<a/>", "</r>"), true},
+        {"references", full("<r>", "1&#50;", "</r>"), true},
+        {"comments", full("<r>", "<!---->", "</r>"), true},
+        {"a huge number", full("<mode1_10v>", "1", "</mode1_10v>"), true},
+        {"points", full("<timeline>", next, "</timeline>"), true,
+         QByteArray("6/2/1 ").repeated((maxSize - 21) / next.size()).toStdString()},
+        {"largest file", start + end + QByteArray(maxSize - (start + end).size(), ' '), true,
+         "5/2/1 ", "0:1:0/128/255 0"},
+    };
+    for (const auto& test : cases) {
+        SCOPED_TRACE(test.name);
+        const QString file = put(test.bytes);
+        ReaderFixture f;
+        EXPECT_EQ(f.reader.loadFromFile(file), test.ok) << f.reader.errorString().toStdString();
+        EXPECT_EQ(f.reader.errorString().isEmpty(), test.ok);
+        EXPECT_EQ(f.points(), test.points);
+        EXPECT_EQ(f.rest(), test.rest);
+        EXPECT_EQ(f.log.take().back(), "dataLoaded from reader");
+        expectCheap(file);
+    }
+}
+
+TEST_F(HostileFiles, areRefusedWhenTheyAreNoSmallFile) {
+    ASSERT_EQ(::mkfifo(QFile::encodeName(path("fifo")).constData(), 0600), 0);
+    ASSERT_EQ(::symlink("loop", QFile::encodeName(path("loop")).constData()), 0);
+    QFile attributes(path("attributes"));
+    ASSERT_TRUE(attributes.open(QIODevice::WriteOnly));
+    for (int index = 0; index < 1'000'000; ++index)
+        attributes.write(" a" + QByteArray::number(index, 36) + "=''");
+    for (const QString& file :
+         {path("missing"), path("fifo"), path("loop"), path("."), attributes.fileName(),
+          put(start + end + QByteArray(maxSize + 1 - (start + end).size(), ' ')), QString(),
+          QStringLiteral("/dev/zero"), QStringLiteral("/dev/tty")}) {
+        SCOPED_TRACE(file.toStdString());
+        ReaderFixture f;
+        EXPECT_FALSE(f.reader.loadFromFile(file));
+        EXPECT_FALSE(f.reader.errorString().isEmpty());
+        EXPECT_EQ(f.points() + f.rest(), std::string(defaultPoints) + defaultRest);
+        EXPECT_TRUE(f.log.take().empty());
+        expectCheap(file);
+    }
+}
+
+TEST_F(HostileFiles, areReadAsFarAsTheyGo) {
+    const QByteArray good = start + next + end;
+    for (qsizetype size = 0; size <= good.size(); ++size) {
+        const QByteArray cut = good.left(size);
+        SCOPED_TRACE(cut.toStdString());
+        ReaderFixture f;
+        EXPECT_EQ(f.reader.read(cut), size == good.size());
+        const qsizetype points = cut.count("</point>");
+        EXPECT_EQ(f.points(), !cut.contains("<timeline>") ? defaultPoints
+                              : points == 0               ? ""
+                              : points == 1               ? "5/2/1 "
+                                                          : "5/2/1 6/2/1 ");
+        EXPECT_EQ(f.document.isProgramMode(), !cut.contains("<mode1_10v>0<"));
+    }
+}
+
+TEST_F(HostileFiles, mayGrowAndShrinkWhileTheyAreRead) {
+    const QByteArray good = "<timeline>" + next.repeated(1000) + "</timeline>";
+    const QString file = put(good);
+    const std::jthread other([&good, &file](const std::stop_token& stop) {
+        QFile changing(file);
+        if (!changing.open(QIODevice::ReadWrite | QIODevice::Unbuffered))
+            return;
+        while (!stop.stop_requested()) {
+            for (const qint64 size : {qint64{good.size()}, maxSize + 1, qint64{good.size() / 2}}) {
+                changing.resize(size);
+                changing.seek(0);
+                changing.write(good.left(size));
+            }
+        }
+    });
+    const std::string all = QByteArray("6/2/1 ").repeated(1000).toStdString();
+    for (int run = 0; run < 50; ++run) {
+        ReaderFixture f;
+        const bool ok = f.reader.loadFromFile(file);
+        const bool refused = f.log.take().empty();
+        const std::string points = f.points();
+        EXPECT_TRUE(!ok || points == all);
+        EXPECT_TRUE(refused || points == defaultPoints || all.starts_with(points));
+        EXPECT_TRUE(!refused || (!ok && points == defaultPoints));
+    }
+}
+
+} // namespace
