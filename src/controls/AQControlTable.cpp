@@ -17,12 +17,12 @@ AQControlTable::AQControlTable(QWidget* parent) : QTableView(parent) {
 }
 
 // QTableView would announce a cell, and screen readers know none.
-
 void AQControlTable::selectionChanged(const QItemSelection& selected,
                                       const QItemSelection& deselected) {
     QAbstractItemView::selectionChanged(selected, deselected); // NOLINT: past QTableView
 }
 
-void AQControlTable::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
-    QAbstractItemView::currentChanged(current, previous); // NOLINT: past QTableView
-}
+// The current cell means nothing here. The base class would give its control the keyboard focus,
+// even when it moves only because rows are removed while the person works elsewhere.
+void AQControlTable::currentChanged(const QModelIndex& /*current*/,
+                                    const QModelIndex& /*previous*/) {}
