@@ -15,12 +15,15 @@ constexpr std::uint8_t analogModeByte = 0;
 ProgramMode::ProgramMode(AQDataSource& data, YMessageController& controller,
                          AQSwitchButton& bttnSwitchProgMode, QObject* parent)
     : QObject(parent), m_data(data), m_controller(controller), m_switch(bttnSwitchProgMode) {
-    connect(&m_switch, &QAbstractButton::clicked, this, &ProgramMode::onSwitched);
+    // Not by clicks: screen readers toggle a switch without one.
+    connect(&m_switch, &QAbstractButton::toggled, this, &ProgramMode::onSwitched);
     connect(&data.notifications(), &NotificationCenter::dataLoaded, this, &ProgramMode::refresh);
     refresh();
 }
 
 void ProgramMode::onSwitched(bool isProgramMode) {
+    if (isProgramMode == m_data.isProgramMode())
+        return; // the switch follows the document
     m_data.setIsProgramMode(isProgramMode);
     m_data.setIsDirty(true);
     if (m_controller.isConnected())
