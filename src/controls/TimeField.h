@@ -33,6 +33,9 @@ public:
     /// True while the red frame is shown.
     bool showsRefusal() const { return m_refusalTimer.isActive(); }
 
+    /// Takes the focus, and the section or selection of a field that shows the same kind of time.
+    void takeFocusFrom(const TimeField& other);
+
     void stepBy(int steps) override;
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }

@@ -7,7 +7,6 @@
 #include "workflows/PointTableModel.h"
 
 #include <QAbstractButton>
-#include <QApplication>
 #include <QHeaderView>
 #include <QScopedValueRollback>
 #include <QStyledItemDelegate>
@@ -19,7 +18,6 @@ namespace {
 constexpr int rowHeight = 48;
 constexpr int cellMargin = 4;
 constexpr int timeColumnWidth = 112;
-constexpr int noFocusColumn = -1;
 
 /// Leaves a margin around each cell's control, in which the selection shows, and draws no text of
 /// its own: the controls do, and a disabled one would let it shine through.
@@ -188,8 +186,10 @@ void PointTable::aqValueDidChange(AQValueView& view, const QVariant& value) {
 
 void PointTable::setTime(int row, const QVariant& value) {
     const int newRow = m_data.sequence().setTime(row, value.value<AQTime>(), this);
-    if (newRow >= 0)
-        selectOnNextTurn(newRow, NotificationCenter::columnTime);
+    if (newRow < 0)
+        return;
+    selectOnNextTurn(newRow);
+    QTimer::singleShot(0, this, [this, row, newRow] { moveFocus(row, newRow); });
 }
 
 void PointTable::aqGotFocus(AQValueView& view) {
@@ -201,7 +201,7 @@ void PointTable::aqGotFocus(AQValueView& view) {
 void PointTable::onTableItemAdd() {
     if (!m_editingEnabled || !m_data.sequence().hasSpace())
         return;
-    selectOnNextTurn(m_data.sequence().addNewAfter(selectedRow(), this), noFocusColumn);
+    selectOnNextTurn(m_data.sequence().addNewAfter(selectedRow(), this));
 }
 
 void PointTable::onTableItemDelete() {
@@ -210,7 +210,7 @@ void PointTable::onTableItemDelete() {
         return;
     m_data.sequence().deleteWithRow(row, this);
     select(-1);
-    selectOnNextTurn(std::min(row, m_data.sequence().count() - 1), noFocusColumn);
+    selectOnNextTurn(std::min(row, m_data.sequence().count() - 1));
 }
 
 void PointTable::select(int row) {
@@ -227,17 +227,26 @@ void PointTable::select(int row) {
     table.scrollTo(index);
 }
 
-void PointTable::selectOnNextTurn(int row, int focusColumn) {
-    QTimer::singleShot(0, this, [this, row, focusColumn] {
-        select(row);
-        // A point that moved takes the keyboard focus along, so that stepping its time goes on.
-        if (focusColumn >= 0 && row < static_cast<int>(m_rows.size()) && m_editingEnabled) {
-            QWidget* focus = QApplication::focusWidget();
-            if (focus && m_outlets.tableView.isAncestorOf(focus))
-                m_rows[static_cast<std::size_t>(row)][static_cast<std::size_t>(focusColumn)]
-                    ->setFocus();
-        }
-    });
+void PointTable::selectOnNextTurn(int row) {
+    QTimer::singleShot(0, this, [this, row] { select(row); });
+}
+
+// A point that moved takes the keyboard focus along, so that stepping its time, or tabbing to its
+// light, goes on. A focus that the person has moved to another point stays.
+void PointTable::moveFocus(int fromRow, int toRow) {
+    if (std::max(fromRow, toRow) >= static_cast<int>(m_rows.size()))
+        return;
+    const CellControls& from = m_rows[static_cast<std::size_t>(fromRow)];
+    const auto focused = std::ranges::find_if(from, &QWidget::hasFocus);
+    if (focused == from.end())
+        return;
+    AQValueView* target = m_rows[static_cast<std::size_t>(toRow)].at(
+        static_cast<std::size_t>(focused - from.begin()));
+    const auto* time = qobject_cast<AQTimeEdit*>(*focused);
+    if (auto* movedTime = qobject_cast<AQTimeEdit*>(target); time && movedTime)
+        movedTime->takeFocusFrom(*time);
+    else
+        target->setFocus();
 }
 
 void PointTable::onSectionChanged(int row, const QObject* sender) {

@@ -56,7 +56,8 @@ private:
     void refresh(int row, int column);
     void setTime(int row, const QVariant& value);
     void select(int row);
-    void selectOnNextTurn(int row, int focusColumn);
+    void selectOnNextTurn(int row);
+    void moveFocus(int fromRow, int toRow);
     void onSectionChanged(int row, const QObject* sender);
     void onSelectionDidChange();
     void updateButtons();
