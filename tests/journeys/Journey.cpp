@@ -209,6 +209,23 @@ void Journey::type(const QString& text) {
     xdotool({QStringLiteral("type"), text});
 }
 
+void Journey::click(QPoint place) {
+    xdotool({QStringLiteral("mousemove"), QString::number(place.x()), QString::number(place.y()),
+             QStringLiteral("click"), QStringLiteral("1")});
+}
+
+void Journey::drag(const UiElement& element, const std::vector<QPoint>& places) {
+    QStringList steps;
+    const auto moveTo = [&](QPoint place) {
+        steps +=
+            {QStringLiteral("mousemove"), QString::number(place.x()), QString::number(place.y())};
+    };
+    moveTo(element.screenRect().center());
+    steps += {QStringLiteral("mousedown"), QStringLiteral("1")};
+    std::ranges::for_each(places, moveTo);
+    xdotool(steps + QStringList{QStringLiteral("mouseup"), QStringLiteral("1")});
+}
+
 QString Journey::control(const QString& command) const {
     QLocalSocket socket;
     socket.connectToServer(file(QStringLiteral("control")));
@@ -245,6 +262,10 @@ std::vector<std::string> Journey::commands() const {
 
 int Journey::count(const std::string& command) const {
     return static_cast<int>(std::ranges::count(commands(), command));
+}
+
+bool Journey::waitForCommand(const std::string& command, int atLeast) const {
+    return waitUntil([&] { return count(command) >= atLeast; });
 }
 
 bool Journey::isRunning() const {

@@ -64,6 +64,11 @@ public:
     /// Keys by their X names, "ctrl+s", "Return", to the focused window.
     static void keys(const QStringList& names);
     static void type(const QString& text);
+    /// The pointer's left button, at a place on the screen.
+    static void click(QPoint place);
+    static void click(const UiElement& element) { click(element.screenRect().center()); }
+    /// Presses there, moves through the places and lets go at the last one.
+    static void drag(const UiElement& element, const std::vector<QPoint>& places);
     /// Arguments of xdotool, for the pointer: {"mousemove", "10", "20", "click", "1"}.
     static void xdotool(const QStringList& arguments);
 
@@ -79,6 +84,7 @@ public:
     /// The commands that the controllers received, by name, in order.
     std::vector<std::string> commands() const;
     int count(const std::string& command) const;
+    bool waitForCommand(const std::string& command, int atLeast = 1) const;
 
     // The process.
 

@@ -90,6 +90,10 @@ bool UiElement::isFocused() const {
     return hasState(ATSPI_STATE_FOCUSED);
 }
 
+bool UiElement::isSelected() const {
+    return hasState(ATSPI_STATE_SELECTED);
+}
+
 double UiElement::value() const {
     const auto value = owned(atspi_accessible_get_value_iface(m_accessible.get()));
     return value ? atspi_value_get_current_value(value.get(), nullptr)

@@ -33,6 +33,7 @@ public:
     bool isEnabled() const;
     bool isChecked() const;
     bool isFocused() const;
+    bool isSelected() const;
     double value() const; ///< of sliders and spin boxes; NaN without one
     QRect screenRect() const;
 

@@ -1,0 +1,225 @@
+#include "journeys/ExpectSoon.h"
+
+#include <algorithm>
+
+namespace {
+
+using Strings = std::vector<std::string>;
+
+/// The curve and the table as a person reads them. Rows count from 1.
+struct Editor {
+    explicit Editor(const QStringList& options) : journey(options) {
+        curve = journey.find("list", "Light program curve");
+        add = journey.find("push button", "Add point");
+        remove = journey.find("push button", "Delete point");
+    }
+
+    std::size_t count() const { return curve.children().size(); }
+    UiElement point(std::size_t row) const {
+        const auto points = curve.children();
+        return row <= points.size() ? points[row - 1] : UiElement();
+    }
+    std::string pointName(std::size_t row) const {
+        const UiElement item = point(row);
+        return (item ? item.name() : std::string()) + (item.isSelected() ? ", selected" : "");
+    }
+    /// "Time", "Colour temperature" or "Intensity".
+    UiElement cell(int row, const std::string& column) const {
+        return journey.find(column == "Time" ? "spin button" : "slider",
+                            "Point " + std::to_string(row) + ", " + column);
+    }
+    /// The place on a slider that stands for a value from 0 to 1.
+    static QPoint place(const UiElement& slider, double value) {
+        const QRect rect = slider.screenRect();
+        return {rect.x() + qRound(10 + value * (rect.width() - 20)), rect.center().y()};
+    }
+    static void typeInto(const UiElement& field, const QString& text) {
+        Journey::click(field);
+        Journey::waitUntil([&] { return field.isFocused(); });
+        Journey::keys({QStringLiteral("ctrl+a")});
+        Journey::type(text);
+        Journey::keys({QStringLiteral("Return")});
+    }
+
+    void curveAndTableFollowEachOther() const {
+        const UiElement third = point(3);
+        const QRect plot = curve.screenRect();
+        const QPoint above(third.screenRect().center().x(), plot.top() - 30);
+        const QPoint below(above.x(), plot.bottom() + 30);
+        const UiElement intensity = cell(3, "Intensity");
+        Journey::drag(third, {QPoint(above.x(), plot.center().y()), below});
+        expectSoon([&] { return pointName(3); },
+                   "Point 3 of 7, 15:00, intensity 0 %, colour temperature 50 %, selected");
+        expectSoon([&] { return intensity.value(); }, 0.0);
+        Journey::drag(third, {plot.center(), above});
+        expectSoon([&] { return intensity.value(); }, 1.0);
+        expectSoon([this] { return remove.isEnabled(); }, true);
+        EXPECT_EQ(journey.title(), "Aquelon - Untitled *");
+
+        Journey::click(plot.topLeft() + QPoint(100, 15));
+        expectSoon([this] { return remove.isEnabled(); }, false);
+        EXPECT_EQ(pointName(3), "Point 3 of 7, 15:00, intensity 100 %, colour temperature 50 %");
+
+        Journey::click(place(cell(2, "Intensity"), 0.25));
+        expectSoon([&] { return pointName(2); },
+                   "Point 2 of 7, 10:00, intensity 25 %, colour temperature 56 %, selected");
+        Journey::keys({QStringLiteral("Right"), QStringLiteral("Up"), QStringLiteral("Up")});
+        Journey::click(place(cell(2, "Colour temperature"), 0.75));
+        expectSoon([&] { return pointName(2); },
+                   "Point 2 of 7, 10:00, intensity 28 %, colour temperature 75 %, selected");
+        Journey::keys({QStringLiteral("Left"), QStringLiteral("Down")});
+        expectSoon([&] { return pointName(2); },
+                   "Point 2 of 7, 10:00, intensity 28 %, colour temperature 74 %, selected");
+    }
+
+    void timesAreTypedAndStepped() const {
+        const UiElement third = cell(3, "Time");
+        typeInto(third, QStringLiteral("10:00"));
+        expectSoon([&] { return third.text() + ", " + third.description(); },
+                   "15:00, Another point already has the time 10:00.");
+        EXPECT_TRUE(third.isFocused());
+
+        typeInto(third, QStringLiteral("7:15"));
+        expectSoon([&] { return pointName(1); },
+                   "Point 1 of 7, 07:15, intensity 100 %, colour temperature 50 %, selected");
+        const UiElement first = cell(1, "Time");
+        expectSoon([&] { return first.text() + (first.isFocused() ? ", focused" : ""); },
+                   "07:15, focused");
+        // Past its neighbour by a key, and on.
+        Journey::keys({QStringLiteral("Up"), QStringLiteral("Up")});
+        expectSoon([&] { return pointName(2); },
+                   "Point 2 of 7, 09:15, intensity 100 %, colour temperature 50 %, selected");
+        expectSoon([&] { return cell(2, "Time").isFocused(); }, true);
+        EXPECT_EQ(cell(1, "Time").text(), "08:30");
+    }
+
+    void curveObeysTheKeyboard() const {
+        Journey::click(curve.screenRect().topLeft() + QPoint(100, 15));
+        expectSoon([this] { return curve.isFocused(); }, true);
+        Journey::keys({QStringLiteral("Home"), QStringLiteral("Right"), QStringLiteral("Right"),
+                       QStringLiteral("Left"), QStringLiteral("shift+Down"), QStringLiteral("Down"),
+                       QStringLiteral("Down"), QStringLiteral("Up")});
+        expectSoon([&] { return pointName(2); },
+                   "Point 2 of 7, 09:15, intensity 89 %, colour temperature 50 %, selected");
+        EXPECT_TRUE(curve.isFocused() || point(2).isFocused());
+        Journey::keys({QStringLiteral("Escape")});
+        expectSoon([this] { return remove.isEnabled(); }, false);
+    }
+
+    void holdsNoMoreThan(std::size_t limit, const std::string& middle) const {
+        Journey::keys({QStringLiteral("Home")});
+        expectSoon([&] { return point(1).isSelected(); }, true);
+        add.press(); // after the selected one, in the middle
+        expectSoon([&] { return pointName(2); },
+                   "Point 2 of 8, " + middle +
+                       ", intensity 50 %, colour temperature 50 %, selected");
+        for (std::size_t points = 9; points <= limit; ++points) {
+            Journey::keys({QStringLiteral("Insert")});
+            expectSoon([this] { return count(); }, points);
+        }
+        expectSoon([this] { return add.isEnabled(); }, false);
+        EXPECT_EQ(add.description(),
+                  "The controller holds no more than " + std::to_string(limit) + " points");
+        Journey::keys({QStringLiteral("Insert"), QStringLiteral("Delete")});
+        expectSoon([this] { return count(); }, limit - 1);
+        expectSoon([this] { return add.isEnabled(); }, true);
+    }
+
+    void emptyProgramIsFilledAgain() const {
+        while (!testing::Test::HasFailure() && count() > 0) {
+            const std::size_t before = count();
+            Journey::keys({QStringLiteral("Delete")});
+            expectSoon([this] { return count(); }, before - 1);
+        }
+        Journey::keys({QStringLiteral("Delete"), QStringLiteral("Left"), QStringLiteral("Up")});
+        expectSoon([this] { return remove.isEnabled(); }, false);
+        EXPECT_FALSE(cell(1, "Time"));
+        Journey::click(add);
+        expectSoon([&] { return pointName(1); },
+                   "Point 1 of 1, 00:00, intensity 50 %, colour temperature 50 %, selected");
+        typeInto(cell(1, "Time"), QStringLiteral("1200"));
+        expectSoon([&] { return cell(1, "Time").text(); }, "12:00");
+        Journey::click(remove);
+        expectSoon([this] { return count(); }, 0U);
+    }
+
+    Journey journey;
+    UiElement curve, add, remove;
+};
+
+TEST(EditorJourneys, programIsEditedWhileConnected) {
+    const Editor editor({QStringLiteral("--points"), QStringLiteral("10")});
+    ASSERT_TRUE(editor.journey.waitForText("CONNECTED"));
+    editor.curveAndTableFollowEachOther();
+    editor.timesAreTypedAndStepped();
+    editor.curveObeysTheKeyboard();
+    editor.holdsNoMoreThan(10, "08:53");
+    editor.emptyProgramIsFilledAgain();
+    EXPECT_EQ(editor.journey.count("CmdSetSequenceData"), 0); // nothing is sent unasked
+}
+
+TEST(EditorJourneys, windowIsWorkedWithoutAControllerAndWithoutAPointer) {
+    const Editor editor({QStringLiteral("--no-device")});
+    const Journey& journey = editor.journey;
+    ASSERT_TRUE(journey.waitForText("NOT CONNECTED"));
+    expectSoon([&] { return editor.curve.isFocused(); }, true);
+    EXPECT_EQ(editor.pointName(3), "Point 3 of 7, 15:00, intensity 100 %, colour temperature 50 %");
+
+    Strings expected{"Light program curve"};
+    for (int row = 1; row <= 7; ++row)
+        for (const char* column : {"Time", "Colour temperature", "Intensity"})
+            expected.push_back("Point " + std::to_string(row) + ", " + column);
+    expected.insert(expected.end(),
+                    {"Add point", "Delete point", "Help on Task light", "Task light duration",
+                     "Task light colour temperature", "Task light intensity", "Programmed mode",
+                     "Help on the connection status", "Light program curve"});
+    const auto controls = journey.find("frame", {}).findAll([&](const UiElement& element) {
+        return element.role() != "filler" && std::ranges::count(expected, element.name()) > 0;
+    });
+    for (std::size_t step = 1; step < expected.size(); ++step) {
+        Journey::keys({QStringLiteral("Tab")});
+        const auto focused = [&] {
+            const auto found = std::ranges::find_if(controls, &UiElement::isFocused);
+            return found == controls.end() ? std::string() : found->name();
+        };
+        expectSoon(focused, expected[step]);
+    }
+
+    editor.holdsNoMoreThan(20, "09:15");
+}
+
+TEST(EditorJourneys, analogModeLeavesTheTaskLight) {
+    const Editor editor({});
+    const Journey& journey = editor.journey;
+    ASSERT_TRUE(journey.waitForText("CONNECTED"));
+    const UiElement cell = editor.cell(2, "Intensity");
+    ASSERT_TRUE(journey.press("Programmed mode"));
+    expectSoon([&] { return editor.curve.isEnabled() || cell.isEnabled(); }, false);
+    EXPECT_FALSE(editor.add.isEnabled());
+    EXPECT_EQ(editor.add.description(), "Not while the lamp follows its analog 1-10 V input");
+    EXPECT_EQ(editor.count(), 0U);
+    ASSERT_TRUE(journey.waitForCommand("CmdSetDeviceMode"));
+
+    const UiElement duration = journey.find("spin button", "Task light duration");
+    Editor::typeInto(duration, QStringLiteral("4:58"));
+    expectSoon([&] { return duration.text(); }, "4 min 58 s");
+    Journey::keys({QStringLiteral("Up"), QStringLiteral("Right"), QStringLiteral("Up"),
+                   QStringLiteral("Up")});
+    expectSoon([&] { return duration.text(); }, "6 min 00 s");
+    Editor::typeInto(duration, QStringLiteral("256:00"));
+    expectSoon([&] { return duration.description(); },
+               "Type minutes and seconds up to 255 min 59 s, for example 1:30.");
+    EXPECT_EQ(duration.text(), "6 min 00 s");
+    const UiElement intensity = journey.find("slider", "Task light intensity");
+    Journey::click(Editor::place(intensity, 0.0));
+    Journey::keys({QStringLiteral("Right"), QStringLiteral("Right")});
+    expectSoon([&] { return qRound(intensity.value() * 100); }, 2);
+
+    ASSERT_TRUE(journey.press("Programmed mode"));
+    expectSoon([&] { return editor.curve.isEnabled() && cell.isEnabled(); }, true);
+    expectSoon([&] { return editor.count(); }, 7U);
+    ASSERT_TRUE(journey.waitForCommand("CmdSetDeviceMode", 2));
+    EXPECT_TRUE(journey.controller(QLatin1String("programMode")).toBool());
+}
+
+} // namespace
