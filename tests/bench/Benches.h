@@ -1,0 +1,10 @@
+#pragma once
+
+// Each measures in one run what it compares, and adds its rows to the table.
+void registerStartBenches();
+void registerIdleBenches();
+void registerPaintBenches();
+void registerDragBenches();
+void registerProtocolBenches();
+void registerTransferBenches();
+void registerTurnRoundBenches();

@@ -1,0 +1,152 @@
+// A point of the curve dragged in the program's window, from the mouse event to the painted frame.
+
+#include "Benches.h"
+#include "Measure.h"
+#include "SampleProgram.h"
+#include "Table.h"
+#include "WholeProgram.h"
+#include "controls/AQCurvePoint.h"
+#include "ui_MainWindow.h"
+
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+#include <QEventLoop>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QTest>
+
+namespace {
+
+constexpr double frameTime = 1000.0 / 60.0; // ms
+
+/// Waits for the frames of a window, and counts the paints of one control in it.
+class Frames : public QObject {
+public:
+    Frames(QWidget& window, QWidget& control) : m_window(window), m_control(control) {
+        window.installEventFilter(this);
+        control.installEventFilter(this);
+    }
+    /// Runs the event loop until the window has painted what is pending; what the painting took.
+    double waitForOne() {
+        m_loop.exec();
+        return m_paintTime;
+    }
+    int paintsOfControl = 0;
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (watched == &m_control && event->type() == QEvent::Paint)
+            ++paintsOfControl;
+        if (watched != &m_window || event->type() != QEvent::UpdateRequest)
+            return false;
+        m_paintTime = milliseconds([&] { watched->event(event); });
+        m_loop.quit();
+        return true;
+    }
+
+private:
+    QWidget& m_window;
+    QWidget& m_control;
+    QEventLoop m_loop;
+    double m_paintTime = 0.0;
+};
+
+void sendMouse(QWidget& target, QEvent::Type type, QPointF inWindow) {
+    const QPointF local = target.mapFrom(target.window(), inWindow);
+    const auto button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
+    QMouseEvent event(type, local, target.window()->mapToGlobal(inWindow), button, Qt::LeftButton,
+                      Qt::NoModifier);
+    QApplication::sendEvent(&target, &event);
+}
+
+struct Step {
+    double latency = 0.0; ///< from before the event to after the frame
+    double work = 0.0;    ///< what the event and the painting took of it
+};
+
+template <typename Event>
+Step measureStep(Frames& frames, Event event) {
+    Step step;
+    step.latency = milliseconds([&] {
+        step.work = milliseconds(event);
+        step.work += frames.waitForOne();
+    });
+    return step;
+}
+
+/// The floor: a control that fills itself with a gradient at each event.
+class PlainControl : public QWidget {
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QLinearGradient gradient(m_shift, 0, width(), 0);
+        gradient.setColorAt(0.0, Qt::white);
+        gradient.setColorAt(1.0, Qt::blue);
+        QPainter(this).fillRect(rect(), gradient);
+    }
+    void mouseMoveEvent(QMouseEvent* event) override {
+        m_shift = event->position().y();
+        update();
+    }
+
+private:
+    double m_shift = 0.0;
+};
+
+void drag(benchmark::State& state) {
+    WholeProgram program({});
+    program.data.sequence().replacePoints(SampleProgram::points());
+    program.data.sequence().notifyDataChange(nullptr, false);
+    program.delegate.applicationDidFinishLaunching({});
+    MainWindow& window = program.delegate.window();
+    AQCurveView& curve = *window.outlets().curveView;
+    QWidget plainWindow;
+    PlainControl plain;
+    plain.setParent(&plainWindow);
+    plainWindow.resize(window.size());
+    plain.setGeometry(curve.geometry());
+    plainWindow.show();
+    if (!QTest::qWaitForWindowExposed(&window) || !QTest::qWaitForWindowExposed(&plainWindow))
+        qFatal("The window did not appear.");
+
+    AQCurvePoint& point = *curve.pointViews()[SampleProgram::pointCount / 2];
+    QPointF at = point.mapTo(&window, QRectF(point.rect()).center());
+    Frames frames(window, curve);
+    Frames plainFrames(plainWindow, plain);
+    sendMouse(point, QEvent::MouseButtonPress, at);
+    at.ry() += 10.0;
+    sendMouse(point, QEvent::MouseMove, at);
+    QTest::qWait(100); // the selection has been shown everywhere
+    frames.paintsOfControl = 0;
+
+    Samples latency;
+    Samples work;
+    Samples floor;
+    Samples floorWork;
+    double direction = 1.0;
+    int steps = 0;
+    for (auto _ : state) {
+        if (++steps % 60 == 0)
+            direction = -direction;
+        at.ry() += direction;
+        const Step ours = measureStep(frames, [&] { sendMouse(point, QEvent::MouseMove, at); });
+        const Step theirs =
+            measureStep(plainFrames, [&] { sendMouse(plain, QEvent::MouseMove, at); });
+        latency.add(ours.latency);
+        work.add(ours.work);
+        floor.add(theirs.latency);
+        floorWork.add(theirs.work);
+    }
+    Table::add({"drag, 20 points: mouse event to painted frame", "ms", latency.median(),
+                floor.median(), "one gradient, the same way", Promise::atMost(frameTime)});
+    Table::add({"drag: of which work on curve and table", "ms", work.median(), floorWork.median(),
+                "one gradient, the same way", Promise::atMost(frameTime)});
+    Table::add({"drag: repaints of the curve a step", "",
+                static_cast<double>(frames.paintsOfControl) / steps, 1.0, "one a step",
+                Promise::atMost(1.0)});
+}
+
+} // namespace
+
+void registerDragBenches() {
+    benchmark::RegisterBenchmark("drag", drag)->Iterations(300);
+}
