@@ -1,22 +1,16 @@
 #include "yprotocoll/YAnswerParser.h"
 
-#include "fuzz/ByteFeed.h"
-#include "fuzz/Require.h"
+#include "fuzz/Fuzz.h"
 
 #include <algorithm>
 #include <functional>
 #include <numeric>
 #include <optional>
 
-// Input: flags | event at which the delegate resets the parser, 0 for none | count of chunk sizes |
+// Input: event at which the delegate resets the parser, 0 for none | count of chunk sizes |
 // the sizes, used over and over | the stream.
 
 namespace {
-
-using Bytes = std::vector<std::uint8_t>;
-using View = std::span<const std::uint8_t>;
-
-constexpr std::uint8_t longChunkFlags = 0xff;
 
 /// One report to the delegate: a frame that was decoded, or an error.
 struct Event {
@@ -123,15 +117,6 @@ Bytes tailFor(View kept) {
     return Bytes(missing) + YMessage("AnswerVersion", 2, {1, 4, 17}).frame();
 }
 
-/// More bytes at once than the parser may keep are no overflow while they make frames or noise.
-void checkLongChunk(View stream) {
-    static const Bytes noise(YAnswerParser::bufferLimit + 1);
-    const Bytes chunk = noise + stream;
-    Listener listener;
-    listener.feed(chunk);
-    require(listener.story == expect(chunk).story, "a long chunk is parsed to its end");
-}
-
 void checkReset(View stream, std::size_t resetAt, View tail) {
     Listener listener;
     listener.resetAt = resetAt;
@@ -148,12 +133,9 @@ void checkReset(View stream, std::size_t resetAt, View tail) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     ByteFeed feed(data, size);
-    const std::uint8_t flags = feed.byte();
     const std::size_t resetAt = feed.byte();
     const View chunkSizes = feed.bytes(feed.byte());
     const View stream = feed.rest();
-    if (flags == longChunkFlags)
-        checkLongChunk(stream);
 
     const Expected expected = expect(stream);
     const Bytes tail = tailFor(expected.kept);

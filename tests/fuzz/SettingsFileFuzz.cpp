@@ -1,9 +1,8 @@
-#include "data/AQDataSource.h"
 #include "data/AQDataSourceReader.h"
 #include "data/AQDataSourceWriter.h"
 #include "data/NotificationLog.h"
 
-#include "fuzz/Require.h"
+#include "fuzz/DocumentFuzz.h"
 
 #include <spdlog/spdlog.h>
 
@@ -20,48 +19,22 @@ struct Outcome {
 };
 
 /// A document with its reader.
-class Desk {
-public:
-    Desk() { m_log.name(m_reader, "reader"); }
+struct Desk {
+    Desk() { log.name(reader, "reader"); }
 
+    /// Reads into a fresh document.
     Outcome read(const QByteArray& file) {
-        const bool ok = m_reader.read(file);
-        return {ok, m_reader.errorString(), AQDataSourceWriter(document).text(), m_log.take()};
-    }
-    void startAnew() {
         document.loadDefaults();
-        m_log.take();
+        log.take();
+        const bool ok = reader.read(file);
+        return {ok, reader.errorString(), AQDataSourceWriter(document).text(), log.take()};
     }
 
-private:
-    NotificationCenter m_notifications;
-
-public:
-    AQDataSource document{m_notifications};
-
-private:
-    AQDataSourceReader m_reader{document};
-    NotificationLog m_log{m_notifications};
+    NotificationCenter notifications;
+    AQDataSource document{notifications};
+    AQDataSourceReader reader{document};
+    NotificationLog log{notifications};
 };
-
-bool isFraction(double value) {
-    return value >= 0.0 && value <= 1.0;
-}
-
-void requireValid(const AQDataSource& document) {
-    for (const AQTimePoint& point : document.sequence().points()) {
-        require(point.time.isValid() && point.time.second == 0, "a point has a minute of the day");
-        require(isFraction(point.colorTemp) && isFraction(point.brightness),
-                "a point's values are fractions");
-    }
-    AQTimePoint taskLight = document.taskLight();
-    require(taskLight.time.second >= 0, "the task light's seconds may be many, never negative");
-    taskLight.time.second = 0;
-    require(taskLight.time.isValid(), "the task light's minutes are those of a day");
-    require(isFraction(taskLight.colorTemp) && isFraction(taskLight.brightness),
-            "the task light's values are fractions");
-    require(!document.isDirty(), "reading leaves the dirty flag alone");
-}
 
 void requireNotifications(const Outcome& outcome) {
     using Lines = std::vector<std::string>;
@@ -91,12 +64,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     require(outcome.ok == outcome.error.isEmpty(), "a failure has a reason, a success none");
     require(!outcome.ok || !hasDocumentType(file), "a document type is refused");
     requireValid(desk.document);
+    AQTime duration = desk.document.taskLight().time;
+    require(duration.second >= 0, "the task light's seconds may be many, never negative");
+    duration.second = 0;
+    require(duration.isValid(), "the task light's minutes are those of a day");
     requireNotifications(outcome);
 
-    desk.startAnew();
     require(desk.read(file) == outcome, "nothing of a file is left in the reader");
-
-    desk.startAnew();
     const Outcome again = desk.read(outcome.document);
     require(again.ok, "what was written can be read");
     require(again.document == outcome.document, "writing and reading changes nothing");

@@ -5,7 +5,6 @@
 
 namespace {
 
-using namespace std::chrono_literals;
 using Bytes = std::vector<std::uint8_t>;
 
 const YMessage command("CmdGetVersion", 1, {});
@@ -75,40 +74,6 @@ TEST(FaultPlan, changesTheBytes) {
     EXPECT_EQ(bytesOf(outcomeOf("flood=1000")).size(), good.size() + 7000);
 }
 
-TEST(FaultPlan, noiseSurroundsOrDividesTheFrameAndHoldsNoStartByte) {
-    const Bytes good = answer.frame();
-    const struct {
-        std::string fault;
-        std::size_t at;
-    } cases[] = {{"noise-before=500", 0}, {"noise-inside=500", 4}, {"noise-after=500", 8}};
-    for (const auto& c : cases) {
-        Bytes bytes = bytesOf(outcomeOf(c.fault));
-        ASSERT_EQ(bytes.size(), good.size() + 500);
-        const auto from = bytes.begin() + static_cast<std::ptrdiff_t>(c.at);
-        EXPECT_EQ(std::count(from, from + 500, 'Y'), 0) << c.fault;
-        bytes.erase(from, from + 500);
-        EXPECT_EQ(bytes, good) << c.fault;
-    }
-}
-
-TEST(FaultPlan, spreadsTheBytesInTime) {
-    const auto pauses = [](const std::string& fault) {
-        std::vector<std::pair<std::size_t, std::chrono::milliseconds>> result;
-        for (const LinePiece& piece : outcomeOf(fault).pieces)
-            result.emplace_back(piece.bytes.size(), piece.pause);
-        return result;
-    };
-    using Pauses = std::vector<std::pair<std::size_t, std::chrono::milliseconds>>;
-    EXPECT_EQ(pauses("delay=199"), (Pauses{{8, 199ms}}));
-    EXPECT_EQ(pauses("split=3"), (Pauses{{3, 0ms}, {5, 20ms}}));
-    EXPECT_EQ(pauses("split=8"), (Pauses{{8, 0ms}}));
-    Pauses dribble(8, {1, 5ms});
-    dribble[0].second = 0ms;
-    EXPECT_EQ(pauses("dribble=5"), dribble);
-    EXPECT_EQ(outcomeOf("unplug=500").unplugFor, 500ms);
-    EXPECT_EQ(outcomeOf("reset=300").resetFor, 300ms);
-}
-
 TEST(WireEvent, readsItsOwnLines) {
     for (const std::string line :
          {"+12.345678 ttyUSB0 <- 59 01 00 01 CmdGetVersion", "+0.000001 ttyUSB1 -> 00 ff noise",
@@ -117,8 +82,6 @@ TEST(WireEvent, readsItsOwnLines) {
         ASSERT_TRUE(event) << line;
         EXPECT_EQ(event->toLine(), line);
     }
-    EXPECT_EQ(WireEvent::fromLine("+1.5 p <- 59 01 00 01 CmdGetVersion")->bytes,
-              (Bytes{0x59, 1, 0, 1}));
     for (const std::string line : {"", "hello", "1.0 p <- 59", "+1.0 p = x"})
         EXPECT_FALSE(WireEvent::fromLine(line)) << line;
 }

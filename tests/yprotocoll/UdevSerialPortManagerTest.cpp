@@ -5,8 +5,6 @@
 #include <gtest/gtest.h>
 #include <umockdev.h>
 
-#include <map>
-
 namespace {
 
 using Story = std::vector<std::string>;
@@ -17,32 +15,22 @@ public:
     ~UdevSerialPortManagerTest() override { g_object_unref(bed); }
 
 protected:
-    struct Device {
-        std::string path; ///< below /sys
-        std::string subsystem;
-        std::map<std::string, std::string> attributes;
-        std::string node; ///< name in /dev, none for no device file
-    };
-
     void serialPortsChanged() override { ++changes; }
 
-    void add(const Device& device) const {
-        std::string text = "P: " + device.path + "\nE: SUBSYSTEM=" + device.subsystem + "\n";
-        if (!device.node.empty())
-            text += "E: DEVNAME=/dev/" + device.node + "\n";
-        for (const auto& [name, value] : device.attributes)
-            text.append("A: ").append(name).append("=").append(value).append("\\n\n");
+    /// `lines` are the device's properties and attributes in the words of umockdev.
+    void add(const std::string& path, const std::string& lines) const {
         GError* error = nullptr;
-        umockdev_testbed_add_from_string(bed, text.c_str(), &error);
+        umockdev_testbed_add_from_string(bed, ("P: " + path + "\n" + lines).c_str(), &error);
         ASSERT_EQ(error, nullptr) << error->message;
     }
-
-    static Device usb(const std::string& path, const std::string& vendor,
-                      const std::string& product) {
-        return {path, "usb", {{"idVendor", vendor}, {"idProduct", product}}, {}};
+    void addUsb(const std::string& path, const std::string& vendor,
+                const std::string& product) const {
+        add(path,
+            "E: SUBSYSTEM=usb\nA: idVendor=" + vendor + "\\n\nA: idProduct=" + product + "\\n\n");
     }
-    static Device tty(const std::string& parent, const std::string& name) {
-        return {parent + "/tty/" + name, "tty", {{"dev", "188:0"}}, name};
+    void addTty(const std::string& parent, const std::string& name) const {
+        add(parent + "/tty/" + name,
+            "E: SUBSYSTEM=tty\nE: DEVNAME=/dev/" + name + "\nA: dev=188:0\\n\n");
     }
 
     UMockdevTestbed* bed = umockdev_testbed_new();
@@ -52,40 +40,33 @@ protected:
 TEST_F(UdevSerialPortManagerTest, theNearestUsbDeviceWithBothNumbersDecides) {
     ASSERT_TRUE(umockdev_in_mock_environment());
     const std::string hub = "/devices/pci0000:00/usb1/1-1";
-    add(usb("/devices/pci0000:00/usb1", "1d6b", "0002"));
-    add(usb(hub, "7a51", "0c24")); // must not answer for what hangs below it
-    const struct {
-        std::vector<Device> chain;
-        std::optional<UsbIdentity> usb;
-    } rows[] = {
-        {{usb(hub + "/1-1.0", "7a51", "0c24")}, aquelonUsbIdentity},
-        {{usb(hub + "/1-1.1", "7A51", "0C24")}, aquelonUsbIdentity},
-        {{usb(hub + "/1-1.2", "7a51", "0c25")}, UsbIdentity{0x7a51, 0x0c25}},
-        {{usb(hub + "/1-1.3", "7a52", "0c24")}, UsbIdentity{0x7a52, 0x0c24}},
-        // An interface without numbers, and a device with one number or no hexadecimal ones, pass
-        // the question on.
-        {{{hub + "/1-1.4", "usb", {{"bInterfaceNumber", "00"}}, {}}}, aquelonUsbIdentity},
-        {{{hub + "/1-1.5", "usb", {{"idVendor", "1234"}}, {}}}, aquelonUsbIdentity},
-        {{usb(hub + "/1-1.6", "12zz", "0001")}, aquelonUsbIdentity},
-        {{{"/devices/pnp0/00:07", "pnp", {}, {}}}, std::nullopt},
+    addUsb("/devices/pci0000:00/usb1", "1d6b", "0002");
+    addUsb(hub, "7a51", "0c24"); // must not answer for what hangs below it
+    addUsb(hub + "/1-1.0", "7A51", "0C24");
+    addUsb(hub + "/1-1.1", "7a51", "0c25");
+    addUsb(hub + "/1-1.2", "7a52", "0c24");
+    // These pass the question on: an interface without numbers, one number, no hexadecimal ones.
+    add(hub + "/1-1.3", "E: SUBSYSTEM=usb\nA: bInterfaceNumber=00\n");
+    add(hub + "/1-1.4", "E: SUBSYSTEM=usb\nA: idVendor=1234\n");
+    addUsb(hub + "/1-1.5", "12zz", "0001");
+    add("/devices/pnp0/00:07", "E: SUBSYSTEM=pnp\n");
+    const std::pair<std::string, std::optional<UsbIdentity>> rows[] = {
+        {hub + "/1-1.0", aquelonUsbIdentity},
+        {hub + "/1-1.1", UsbIdentity{0x7a51, 0x0c25}},
+        {hub + "/1-1.2", UsbIdentity{0x7a52, 0x0c24}},
+        {hub + "/1-1.3", aquelonUsbIdentity},
+        {hub + "/1-1.4", aquelonUsbIdentity},
+        {hub + "/1-1.5", aquelonUsbIdentity},
+        {"/devices/pnp0/00:07", std::nullopt},
     };
-    int number = 0;
-    for (const auto& row : rows) {
-        for (const Device& device : row.chain)
-            add(device);
-        add(tty(row.chain.back().path, "ttyUSB" + std::to_string(number++)));
+    std::vector<SerialPortInfo> expected;
+    for (const auto& [parent, usb] : rows) {
+        const std::string name = "ttyUSB" + std::to_string(expected.size());
+        addTty(parent, name);
+        expected.push_back({name, "/dev/" + name, usb});
     }
-    add(tty("/devices/virtual", "tty1"));
-
-    UdevSerialPortManager manager;
-    const auto ports = manager.availablePorts();
-    ASSERT_EQ(ports.size(), std::size(rows));
-    for (std::size_t i = 0; i < ports.size(); ++i) {
-        EXPECT_EQ(ports[i].name, "ttyUSB" + std::to_string(i));
-        EXPECT_EQ(ports[i].path, "/dev/" + ports[i].name);
-        EXPECT_EQ(ports[i].usb, rows[i].usb) << i;
-        EXPECT_EQ(ports[i].isAquelonDevice(), rows[i].usb == aquelonUsbIdentity) << i;
-    }
+    addTty("/devices/virtual", "tty1"); // a console
+    EXPECT_EQ(UdevSerialPortManager().availablePorts(), expected);
 }
 
 TEST_F(UdevSerialPortManagerTest, tellsArrivalAndRemovalAtOnce) {
@@ -97,8 +78,8 @@ TEST_F(UdevSerialPortManagerTest, tellsArrivalAndRemovalAtOnce) {
                      [&](const std::string& path) { removed.push_back(path); });
 
     const std::string adapter = "/devices/pci0000:00/usb1/1-1";
-    add(usb(adapter, "7a51", "0c24"));
-    add(tty(adapter, "ttyUSB0"));
+    addUsb(adapter, "7a51", "0c24");
+    addTty(adapter, "ttyUSB0");
     EXPECT_TRUE(QTest::qWaitFor([&] { return changes > 0; }));
     EXPECT_EQ(manager.availablePorts().size(), 1U);
     EXPECT_EQ(removed, Story{});

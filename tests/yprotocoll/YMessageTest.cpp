@@ -1,93 +1,76 @@
 #include "yprotocoll/YMessage.h"
-#include "yprotocoll/YBufferReader.h"
-#include "yprotocoll/YBufferWriter.h"
 #include "yprotocoll/YMessageError.h"
 
 #include <gtest/gtest.h>
 
-#include <array>
-
 namespace {
 
 using Bytes = std::vector<std::uint8_t>;
+using E = YMessageError;
 
-YMessageError decodingError(const Bytes& bytes) {
+template <class Make>
+std::string errorOf(Make make) {
     try {
-        YMessage::fromFrame("Answer", bytes);
+        make();
     } catch (const YMessageError& error) {
-        return error;
+        return error.description();
     }
-    return YMessageError::PortRemoved{};
+    return "none";
 }
 
 TEST(YMessage, framesWithStartLengthAndChecksum) {
     EXPECT_EQ(YMessage("CmdGetVersion", 1, {}).frame(), (Bytes{'Y', 1, 0, 1}));
-    EXPECT_EQ(YMessage("CmdEnableDemoMode", 48, {1}).frame(), (Bytes{'Y', 48, 1, 1, 48}));
-
-    const YMessage longest("Cmd", 7, Bytes(255, 0xa5));
-    const Bytes frame = longest.frame();
-    EXPECT_EQ(frame.size(), 259U);
-    EXPECT_EQ(YMessage::fromFrame("Cmd", frame).data(), longest.data());
+    EXPECT_EQ(YMessage("CmdSetTime", 40, {8, 30}).frame(), (Bytes{'Y', 40, 2, 8, 30, 60}));
+    EXPECT_EQ(YMessage("Cmd", 7, Bytes(255)).frame().size(), 259U);
+    EXPECT_EQ(errorOf([] { return YMessage("Cmd", 44, Bytes(256)); }),
+              "Cmd: wrong packet length: 256");
 }
 
-TEST(YMessage, refusesMoreThan255Bytes) {
-    try {
-        YMessage("CmdSetSequenceData", 44, Bytes(300));
-        FAIL();
-    } catch (const YMessageError& error) {
-        EXPECT_EQ(error.description(), "CmdSetSequenceData: wrong packet length: 300");
+TEST(YMessage, decodesTheFirstFrameOrSaysWhyNot) {
+    const struct {
+        Bytes bytes;
+        std::string error;
+    } rows[] = {
+        {{'Y', 40, 2, 8, 30, 60, 'Y', 9}, "none"},
+        {{}, "packet must start with 'Y'"},
+        {{'X', 40, 2, 8, 30, 60}, "packet must start with 'Y'"},
+        {{'Y', 40, 2, 8, 30}, "Answer: wrong packet length: 5"},
+        {{'Y', 41, 2, 8, 30, 60}, "checksum doesn't match"},
+        {{'Y', 40, 2, 8, 30, 61}, "checksum doesn't match"},
+        {{'Y', 40, 1, 8, 30, 60}, "checksum doesn't match"},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(errorOf([&] { return YMessage::fromFrame("Answer", row.bytes); }), row.error);
+    const YMessage message = YMessage::fromFrame("Answer", rows[0].bytes);
+    EXPECT_EQ(message.id(), 40);
+    EXPECT_EQ(message.data(), (Bytes{8, 30}));
+}
+
+// These texts reach the person and are compared by other programs' logs: each is fixed.
+TEST(YMessageError, describesEveryKind) {
+    const std::pair<E, const char*> texts[] = {
+        {E::PortWrongType{"ttyS0"}, "port ttyS0 is no Aquelon device"},
+        {E::PortError{"Permission denied"}, "port error: Permission denied"},
+        {E::DeviceVersion{1, 0}, "unsupported device version 1.0"},
+        {E::UnknownPacket{3}, "unknown answer #3"},
+        {E::PacketLength{"AnswerRTC", 5}, "AnswerRTC: wrong packet length: 5"},
+        {E::AnswerUnexpected{47}, "got an unrequested answer #47"},
+        {E::AnswerWrongId{2, 4}, "answer not matching: expected #2 got #4"},
+        {E::AnswerTimeout{3, 46}, "timeout 3: no answer for command #46"},
+        {E::PortClosedSend{}, "cannot send: port is closed"},
+        {E::PortClosedUnexpectedly{}, "port was closed unexpectedly"},
+        {E::PortRemoved{}, "port was removed"},
+        {E::SequenceDataFormat{}, "unsupported sequence data format"},
+        {E::PacketStart{}, "packet must start with 'Y'"},
+        {E::Checksum{}, "checksum doesn't match"},
+        {E::BufferOverflow{}, "buffer overflow"},
+        {E::OpenTimeout{}, "timeout while trying to open device"},
+        {E::AnswerTooManyTimeouts{}, "too many timeouts while trying to send"},
+    };
+    for (const auto& [error, text] : texts) {
+        EXPECT_EQ(error.description(), text);
+        EXPECT_EQ(E::portClosed(error).description(), std::string("port closed: ") + text);
     }
-    EXPECT_THROW(YMessage("Cmd", 44, Bytes(256)), YMessageError);
-}
-
-TEST(YMessage, everyAlteredBitIsFound) {
-    const Bytes good = YMessage("Answer", 47, {2, 20, 3}).frame();
-    for (std::size_t index = 0; index < good.size(); ++index) {
-        for (unsigned bit = 0; bit < 8; ++bit) {
-            Bytes bad = good;
-            bad[index] = static_cast<std::uint8_t>(bad[index] ^ (1U << bit));
-            const YMessageError error = decodingError(bad);
-            if (index == 0)
-                EXPECT_TRUE(error.is<YMessageError::PacketStart>());
-            else if (bad[2] > good[2])
-                EXPECT_TRUE(error.is<YMessageError::PacketLength>());
-            else
-                EXPECT_TRUE(error.is<YMessageError::Checksum>()) << index << ':' << bit;
-        }
-    }
-}
-
-TEST(YMessage, decodesOnlyTheFirstFrame) {
-    Bytes bytes = YMessage("Answer", 2, {1, 4, 17}).frame();
-    bytes.insert(bytes.end(), {'Y', 9, 9});
-    const YMessage message = YMessage::fromFrame("Answer", bytes);
-    EXPECT_EQ(message.id(), 2);
-    EXPECT_EQ(message.data(), (Bytes{1, 4, 17}));
-    EXPECT_TRUE(decodingError({}).is<YMessageError::PacketStart>());
-    EXPECT_EQ(decodingError({'Y', 2, 9, 0, 0}).description(), "Answer: wrong packet length: 5");
-}
-
-TEST(YBufferReader, mixesByteOrdersAndKeepsItsErrorFlag) {
-    const std::array<std::uint8_t, 7> bytes{0x34, 0x12, 1, 2, 3, 4, 0xff};
-    YBufferReader reader(bytes);
-    EXPECT_EQ(reader.readUInt16(), 0x1234);
-    EXPECT_EQ(reader.readUInt32(), 16909060U);
-    EXPECT_EQ(reader.readInt8(), -1);
-    EXPECT_FALSE(reader.error());
-    EXPECT_EQ(reader.readUInt8(), 0);
-    EXPECT_TRUE(reader.error());
-
-    YBufferReader shorter{std::span(bytes).first(3)};
-    EXPECT_EQ(shorter.readUInt32(), 0U);
-    EXPECT_TRUE(shorter.error());
-    EXPECT_EQ(shorter.readUInt16(), 0x1234);
-    EXPECT_TRUE(shorter.error());
-}
-
-TEST(YBufferWriter, matchesTheReader) {
-    YBufferWriter writer;
-    writer.writeUInt16(0x1234).writeUInt32(16909060).writeUInt8(7);
-    EXPECT_EQ(writer.data(), (Bytes{0x34, 0x12, 1, 2, 3, 4, 7}));
 }
 
 } // namespace

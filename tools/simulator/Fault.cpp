@@ -110,15 +110,15 @@ std::optional<Fault> Fault::parse(std::string_view text, std::string* error) {
 std::string Fault::toString() const {
     std::string text(infoOf(kind).name);
     if (value)
-        text += "=" + std::to_string(*value);
+        text.append(1, '=').append(std::to_string(*value));
     if (command)
-        text += "#" + std::to_string(*command);
+        text.append(1, '#').append(std::to_string(*command));
     const bool open = last == std::numeric_limits<int>::max();
     if (first == 1 && open)
         return text;
-    text += "@" + std::to_string(first);
+    text.append(1, '@').append(std::to_string(first));
     if (last != first)
-        text += ".." + (open ? std::string() : std::to_string(last));
+        text.append("..").append(open ? std::string() : std::to_string(last));
     return text;
 }
 
@@ -131,7 +131,7 @@ std::string Fault::help() {
     for (const KindInfo& info : kinds) {
         std::string name(info.name);
         if (info.defaultValue != 0 || info.kind == Kind::Unplug)
-            name += "=" + std::to_string(info.defaultValue);
+            name.append(1, '=').append(std::to_string(info.defaultValue));
         name.resize(22, ' ');
         text += "  " + name + std::string(info.help) + "\n";
     }
