@@ -50,7 +50,8 @@ void MainWindow::setShortcuts() {
     m_ui->menuitemNew->setShortcut(QKeySequence::New);
     m_ui->menuitemOpen->setShortcut(QKeySequence::Open);
     m_ui->menuitemSave->setShortcut(QKeySequence::Save);
-    m_ui->menuitemSaveAs->setShortcut(QKeySequence::SaveAs);
+    // The standard key exists under Gnome only.
+    m_ui->menuitemSaveAs->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_S);
     m_ui->menuitemQuit->setShortcut(QKeySequence::Quit);
     m_ui->menuitemAddPoint->setShortcut(Qt::CTRL | Qt::Key_Plus);
     m_ui->menuitemDeletePoint->setShortcut(Qt::CTRL | Qt::Key_Minus);
