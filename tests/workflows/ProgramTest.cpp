@@ -13,11 +13,17 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QComboBox>
 #include <QDialogButtonBox>
+#include <QDropEvent>
+#include <QFile>
+#include <QMimeData>
 #include <QPushButton>
 #include <QSignalSpy>
+#include <QTemporaryDir>
 #include <QTest>
+#include <QUrl>
 
 namespace {
 
@@ -275,6 +281,32 @@ TEST_F(ProgramTest, programModeSwitchTellsDocumentAndController) {
     m_data.loadDefaults();
     EXPECT_TRUE(ui().bttnSwitchProgMode->isChecked());
     EXPECT_TRUE(ui().bttnTableItemAdd->isEnabled());
+}
+
+TEST_F(ProgramTest, droppedFileIsOpened) {
+    start();
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(QStringLiteral("lamp.sq")));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("<settings><timeline></timeline></settings>");
+    file.close();
+    const auto drop = [&](const QList<QUrl>& urls) {
+        QMimeData data;
+        data.setUrls(urls);
+        QDragEnterEvent enter({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&m_delegate.window(), &enter);
+        if (!enter.isAccepted())
+            return false;
+        QDropEvent event({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&m_delegate.window(), &event);
+        return event.isAccepted();
+    };
+    const QUrl url = QUrl::fromLocalFile(file.fileName());
+    EXPECT_FALSE(drop({QUrl(QStringLiteral("https://example.org/lamp.sq"))}));
+    EXPECT_FALSE(drop({url, url}));
+    EXPECT_TRUE(drop({url}));
+    EXPECT_EQ(m_delegate.window().windowTitle(), QStringLiteral("Aquelon - lamp.sq"));
+    EXPECT_EQ(m_data.sequence().count(), 0);
 }
 
 TEST_F(ProgramTest, quitAsksOnceAndClosesTheLink) {
