@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <csignal>
 #include <cstdio>
+#include <utility>
 
 namespace {
 
@@ -40,7 +41,9 @@ Journey::Journey(const QStringList& simulatorOptions, const QStringList& program
     const QStringList own{QStringLiteral("--control"), file(QStringLiteral("control")),
                           QStringLiteral("--log"),     file(QStringLiteral("wire")),
                           QStringLiteral("--"),        QStringLiteral(AQUELON_PROGRAM)};
-    m_simulator.start(QStringLiteral(SIMULATOR_PROGRAM), simulatorOptions + own + programArguments);
+    m_simulator.start(QStringLiteral(SIMULATOR_PROGRAM),
+                      QStringList{QStringLiteral("--name"), port()} + simulatorOptions + own +
+                          programArguments);
     const bool started = waitUntil([this] {
         const auto status = QJsonDocument::fromJson(control(QStringLiteral("status")).toUtf8());
         m_programId = status[QStringLiteral("pid")].toInteger();
@@ -138,6 +141,24 @@ std::vector<std::string> Journey::waitForDialog(const std::string& text,
     return std::ranges::find(texts, text) == texts.end() ? std::vector<std::string>() : texts;
 }
 
+std::string Journey::dialog(const std::string& text) const {
+    const auto labels = waitForDialog(text);
+    const auto open = dialogs();
+    if (labels.empty() || open.empty())
+        return {};
+    std::string line = open.size() > 1 ? std::to_string(open.size()) + " dialogs: " : "";
+    line += open.back().name();
+    for (const std::string& label : labels)
+        line += "|" + label;
+    auto buttons =
+        open.back().findAll([](const UiElement& e) { return e.role() == "push button"; });
+    std::ranges::sort(buttons, {}, [](const UiElement& e) { return e.screenRect().x(); });
+    char separator = '|';
+    for (const UiElement& button : buttons)
+        line += std::exchange(separator, ' ') + button.name();
+    return line;
+}
+
 bool Journey::waitForNoDialog() const {
     return waitUntil([this] { return dialogs().empty(); });
 }
@@ -224,6 +245,10 @@ void Journey::drag(const UiElement& element, const std::vector<QPoint>& places) 
     steps += {QStringLiteral("mousedown"), QStringLiteral("1")};
     std::ranges::for_each(places, moveTo);
     xdotool(steps + QStringList{QStringLiteral("mouseup"), QStringLiteral("1")});
+}
+
+QString Journey::port(int index) {
+    return QStringLiteral("ttyUSB%1").arg(1000 + 10 * (getpid() % 10'000) + index);
 }
 
 QString Journey::control(const QString& command) const {

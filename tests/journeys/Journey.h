@@ -51,6 +51,11 @@ public:
     /// when it does not come.
     std::vector<std::string> waitForDialog(const std::string& text,
                                            std::chrono::milliseconds limit = usualLimit) const;
+    /// Waits for a dialog that shows this text and describes it in one line, as a person reads it:
+    /// "Aquelon|message|informative text|Yes No Cancel", title first and buttons from left to
+    /// right. "2 dialogs: " stands before it when there is another one; empty when it does not
+    /// come.
+    std::string dialog(const std::string& text) const;
     bool waitForNoDialog() const;
     /// Waits for a button, check box or menu item of this name and presses it; false when it is not
     /// there or not enabled within the limit.
@@ -74,6 +79,9 @@ public:
 
     // The controllers.
 
+    /// Names of ports, "ttyUSB<number>", the first controller's is that of 0. They are this test
+    /// program's own: Qt locks a port by its name for all programs of the machine.
+    static QString port(int index = 0);
     /// A command to the simulator; its reply ("ok").
     QString control(const QString& command) const;
     /// One entry of what the `index`-th controller stores and does: "channels", "taskLight",

@@ -23,20 +23,4 @@ TEST(Start, findsTheControllerWhenItIsPluggedIn) {
     EXPECT_TRUE(journey.dialogs().empty());
 }
 
-TEST(Start, pulledCableIsToldOnceAndForgottenWhenItIsBack) {
-    const Journey journey;
-    ASSERT_TRUE(journey.waitForText("CONNECTED"));
-    EXPECT_EQ(journey.control(QStringLiteral("unplug")), QStringLiteral("ok"));
-    EXPECT_EQ(journey.waitForDialog("Device Error!"),
-              (Strings{"Device Error!", "Error: port closed: port was removed."}));
-    EXPECT_EQ(journey.dialogs().size(), 1U);
-    ASSERT_TRUE(journey.press("OK"));
-    ASSERT_TRUE(journey.waitForNoDialog());
-    ASSERT_TRUE(journey.waitForText("NOT CONNECTED"));
-
-    EXPECT_EQ(journey.control(QStringLiteral("plug ttyUSB4")), QStringLiteral("ok"));
-    ASSERT_TRUE(journey.waitForText("CONNECTED"));
-    EXPECT_EQ(journey.count("CmdGetVersion"), 2);
-}
-
 } // namespace
