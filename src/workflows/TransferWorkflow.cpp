@@ -1,6 +1,5 @@
 #include "workflows/TransferWorkflow.h"
 
-#include "data/AQDataSource.h"
 #include "data/DeviceProgramImage.h"
 #include "data/TransferResult.h"
 #include "workflows/DocumentCommands.h"
@@ -10,12 +9,7 @@
 TransferWorkflow::TransferWorkflow(AQDataSource& data, YMessageController& controller,
                                    DocumentCommands& documents, Prompts& prompts, QObject* parent)
     : QObject(parent), m_data(data), m_controller(controller), m_documents(documents),
-      m_prompts(prompts) {
-    const auto edited = [this] { m_editedSinceLoad = true; };
-    connect(&data.notifications(), &NotificationCenter::dataDirty, this, edited);
-    connect(&data.notifications(), &NotificationCenter::dataChanged, this, edited);
-    connect(&data.notifications(), &NotificationCenter::cellChanged, this, edited);
-}
+      m_prompts(prompts) {}
 
 void TransferWorkflow::onBttnLoadFromDevice() {
     m_documents.askAboutChanges(QStringLiteral("Save changes before loading settings"),
@@ -29,15 +23,18 @@ void TransferWorkflow::load() {
         loadResult(check);
         return;
     }
-    m_editedSinceLoad = false;
     m_controller.sendCommands(
         DeviceProgramImage::loadCommands(*device),
-        [this, loadedFrom = *device](const Answers& answers) { onLoaded(answers, loadedFrom); });
+        [this, loadedFrom = *device, before = m_data.contents()](const Answers& answers) {
+            onLoaded(answers, loadedFrom, before);
+        });
 }
 
-void TransferWorkflow::onLoaded(const Answers& answers, const DeviceInfo& device) {
-    // What the person did while the answers were on their way is not thrown away unasked.
-    if (m_editedSinceLoad)
+void TransferWorkflow::onLoaded(const Answers& answers, const DeviceInfo& device,
+                                const AQDataSource::Contents& before) {
+    // What the person did while the answers were on their way is not thrown away unasked. The dirty
+    // mark does not tell: it may stand from before, and have been asked about.
+    if (m_data.contents() != before)
         m_documents.askAboutChanges(QStringLiteral("Save changes before loading settings"),
                                     [this, answers, device] { apply(answers, device); });
     else

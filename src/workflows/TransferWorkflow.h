@@ -1,11 +1,12 @@
 #pragma once
 
+#include "data/AQDataSource.h"
+
 #include <QObject>
 
 #include <memory>
 #include <vector>
 
-class AQDataSource;
 class DocumentCommands;
 class Prompts;
 class TransferResult;
@@ -31,7 +32,9 @@ private:
     using Answers = std::vector<std::shared_ptr<const YAnswer>>;
 
     void load();
-    void onLoaded(const Answers& answers, const DeviceInfo& device);
+    /// `before` is what the document held when the load began.
+    void onLoaded(const Answers& answers, const DeviceInfo& device,
+                  const AQDataSource::Contents& before);
     void apply(const Answers& answers, const DeviceInfo& device);
     void send();
     void loadResult(const TransferResult& result);
@@ -41,6 +44,4 @@ private:
     YMessageController& m_controller;
     DocumentCommands& m_documents;
     Prompts& m_prompts;
-    /// The person changed the document while a load was on its way.
-    bool m_editedSinceLoad = false;
 };
