@@ -25,7 +25,8 @@ AQTime DurationFormat::fromSeconds(int seconds) {
 }
 
 int DurationFormat::secondsOf(const AQTime& time) {
-    return time.minuteOfDay() * secondsPerMinute + time.second;
+    // A settings file may hold any number of seconds.
+    return time.minuteOfDay() * secondsPerMinute + std::min(time.second, maximumSeconds);
 }
 
 QString DurationFormat::text(const AQTime& time) const {

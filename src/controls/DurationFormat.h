@@ -12,6 +12,7 @@ public:
 
     /// `seconds` limited to what can be shown.
     static AQTime fromSeconds(int seconds);
+    /// More seconds than can be shown count as the longest duration.
     static int secondsOf(const AQTime& time);
 
     QString text(const AQTime& time) const override;

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 namespace {
 
 const ClockFormat clockFormat;
@@ -65,6 +67,12 @@ TEST(TimeFormats, stepTheSectionAlone) {
                           {durationFormat, {4, 15, 59}, 1, 1, {4, 15, 59}}};
     for (const Step& step : table)
         EXPECT_EQ(step.format.stepped(step.from, step.section, step.steps), step.to);
+}
+
+TEST(DurationFormat, limitsWhatAFileMayHold) {
+    constexpr int most = std::numeric_limits<int>::max();
+    EXPECT_EQ(DurationFormat().limited({23, 59, most}), (AQTime{4, 15, 59}));
+    EXPECT_EQ(DurationFormat().limited({0, 1, 90}), (AQTime{0, 2, 30}));
 }
 
 } // namespace
