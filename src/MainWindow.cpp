@@ -1,6 +1,7 @@
 #include "MainWindow.h"
 
 #include "controls/AccentColor.h"
+#include "controls/TimeField.h"
 #include "ui_MainWindow.h"
 
 #include <QApplication>
@@ -39,6 +40,10 @@ MainWindow::MainWindow() : m_ui(std::make_unique<Ui::MainWindow>()) {
     // Not larger than the screen, which may be a small one.
     resize(size().boundedTo(screen()->availableSize()));
     setShortcuts();
+    for (const QAction* command :
+         {m_ui->menuitemNew, m_ui->menuitemOpen, m_ui->menuitemSave, m_ui->menuitemSaveAs,
+          m_ui->menuitemQuit, m_ui->menuitemLoad, m_ui->menuitemSend})
+        connect(command, &QAction::triggered, this, &MainWindow::finishTyping);
     showConnected(false);
     showPortProblem({});
     m_ui->curveView->setFocus();
@@ -60,6 +65,11 @@ void MainWindow::setShortcuts() {
     m_ui->menuitemSend->setShortcut(Qt::CTRL | Qt::Key_E);
     m_ui->menuitemSetDeviceTime->setShortcut(Qt::CTRL | Qt::Key_T);
     m_ui->menuitemStatusHelp->setShortcut(QKeySequence::HelpContents);
+}
+
+void MainWindow::finishTyping() {
+    if (auto* field = qobject_cast<TimeField*>(focusWidget()))
+        field->commitDraft();
 }
 
 void MainWindow::showConnected(bool isConnected) {
@@ -97,6 +107,7 @@ bool MainWindow::event(QEvent* event) {
 void MainWindow::closeEvent(QCloseEvent* event) {
     // The program ends without closing the window, after the questions and the lamp are done with.
     event->ignore();
+    finishTyping();
     Q_EMIT closeRequested();
 }
 
@@ -111,6 +122,7 @@ void MainWindow::dropEvent(QDropEvent* event) {
         return;
     event->setDropAction(Qt::CopyAction);
     event->accept();
+    finishTyping();
     Q_EMIT fileDropped(path);
 }
 

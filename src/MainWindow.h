@@ -44,6 +44,8 @@ protected:
 
 private:
     void setShortcuts();
+    /// What is being typed counts for a command that is given before the focus leaves its field.
+    void finishTyping();
 
     std::unique_ptr<Ui::MainWindow> m_ui;
     bool m_isConnected = false;

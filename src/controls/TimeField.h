@@ -36,6 +36,9 @@ public:
     /// Takes the focus, and the section or selection of a field that shows the same kind of time.
     void takeFocusFrom(const TimeField& other);
 
+    /// Ends the typing as Enter does; false when the draft was refused, true without one.
+    bool commitDraft();
+
     void stepBy(int steps) override;
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
@@ -67,8 +70,6 @@ private:
     bool moveBetweenSections(QKeyEvent* event);
 
     bool hasDraft() const;
-    /// False when the draft was refused.
-    bool commitDraft();
     bool offerTime(const AQTime& time);
     void refuse(const QString& reason);
     void showTime();

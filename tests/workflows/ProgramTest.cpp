@@ -205,4 +205,25 @@ TEST_F(ProgramTest, quitAsksOnceAndClosesTheLink) {
     EXPECT_EQ(m_prompts.asked.size(), 2);
 }
 
+// A shortcut and the window's own close button leave the focus in the field that is typed into.
+TEST_F(ProgramTest, whatIsBeingTypedIsNotLost) {
+    start();
+    ui().pickerTaskTime->setFocus();
+    auto* field = m_delegate.window().focusWidget();
+    ASSERT_TRUE(field);
+    QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(field, QStringLiteral("2:30"));
+    m_prompts.placesToSave = {std::nullopt};
+    ui().menuitemSave->trigger();
+    EXPECT_EQ(m_data.taskLight().time, (AQTime{0, 2, 30}));
+
+    m_data.setIsDirty(false);
+    QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(field, QStringLiteral("3"));
+    m_prompts.saveAnswers = {Prompts::SaveAnswer::Cancel};
+    m_prompts.asked.clear();
+    m_delegate.window().close();
+    EXPECT_EQ(m_prompts.asked.size(), 1) << "closing asks about what was typed";
+}
+
 } // namespace
