@@ -9,11 +9,6 @@
 
 namespace {
 
-void call(const DocumentCommands::Continuation& continuation) {
-    if (continuation)
-        continuation();
-}
-
 const QString unsavedChanges =
     QStringLiteral("There are unsaved changes. Do you want to save them first?");
 
@@ -34,25 +29,18 @@ QString DocumentCommands::windowTitle() const {
            (m_data.isDirty() ? QStringLiteral(" *") : QString());
 }
 
-void DocumentCommands::askAboutChanges(const QString& message, Continuation goOn,
-                                       Continuation cancelled) {
+void DocumentCommands::askAboutChanges(const QString& message, Continuation goOn) {
     if (!m_data.isDirty()) {
         goOn();
         return;
     }
-    m_prompts.askToSave(message, unsavedChanges, [=, this](Prompts::SaveAnswer answer) {
-        switch (answer) {
-        case Prompts::SaveAnswer::Save:
-            saveOrAskWhere(goOn, cancelled);
-            break;
-        case Prompts::SaveAnswer::Discard:
-            goOn();
-            break;
-        case Prompts::SaveAnswer::Cancel:
-            call(cancelled);
-            break;
-        }
-    });
+    m_prompts.askToSave(message, unsavedChanges,
+                        [this, goOn = std::move(goOn)](Prompts::SaveAnswer answer) {
+                            if (answer == Prompts::SaveAnswer::Save)
+                                saveOrAskWhere(goOn);
+                            else if (answer == Prompts::SaveAnswer::Discard)
+                                goOn();
+                        });
 }
 
 void DocumentCommands::loadDefaults() {
@@ -100,25 +88,24 @@ void DocumentCommands::read(const QString& path) {
 }
 
 void DocumentCommands::saveDocument() {
-    saveOrAskWhere({}, {});
+    saveOrAskWhere({});
 }
 
 void DocumentCommands::saveDocumentAs() {
-    askWhereThenSave({}, {});
+    askWhereThenSave({});
 }
 
-void DocumentCommands::saveOrAskWhere(Continuation saved, Continuation cancelled) {
+void DocumentCommands::saveOrAskWhere(const Continuation& saved) {
     if (m_openFilePath.isEmpty())
-        askWhereThenSave(std::move(saved), std::move(cancelled));
+        askWhereThenSave(saved);
     else
-        saveOverOwnFile(std::move(saved), std::move(cancelled));
+        saveOverOwnFile(saved);
 }
 
-void DocumentCommands::saveOverOwnFile(Continuation saved, Continuation cancelled) {
-    const auto save = [=, this] { write(m_openFilePath) ? call(saved) : call(cancelled); };
+void DocumentCommands::saveOverOwnFile(const Continuation& saved) {
     const bool changedOnDisk = isChangedOnDisk();
     if (!changedOnDisk && !m_holdsPartsOfAnotherFile) {
-        save();
+        write(m_openFilePath, saved);
         return;
     }
     const QString name = QFileInfo(m_openFilePath).fileName();
@@ -129,33 +116,34 @@ void DocumentCommands::saveOverOwnFile(Continuation saved, Continuation cancelle
                                     "Are you sure you want to continue?")
             : QStringLiteral("The program in the window is not the one that was opened from ") +
                   name + QStringLiteral(". Are you sure you want to continue?"),
-        [=](bool yes) { yes ? save() : call(cancelled); });
+        [this, saved](bool yes) {
+            if (yes)
+                write(m_openFilePath, saved);
+        });
 }
 
-void DocumentCommands::askWhereThenSave(Continuation saved, Continuation cancelled) {
+void DocumentCommands::askWhereThenSave(const Continuation& saved) {
     const QString suggested =
         m_openFilePath.isEmpty() ? QStringLiteral("Untitled.sq") : m_openFilePath;
-    m_prompts.askWhereToSave(suggested, [=, this](const std::optional<QString>& path) {
-        if (!path) {
-            call(cancelled);
-            return;
-        }
-        write(*path) ? call(saved) : call(cancelled);
+    m_prompts.askWhereToSave(suggested, [this, saved](const std::optional<QString>& path) {
+        if (path)
+            write(*path, saved);
     });
 }
 
-bool DocumentCommands::write(const QString& path) {
+void DocumentCommands::write(const QString& path, const Continuation& saved) {
     if (!m_writer.saveToFile(path)) {
         m_prompts.alert(QStringLiteral("Could not save file!"),
                         QStringLiteral("There was an error while saving to ") + path,
                         Prompts::Severity::Critical);
-        return false;
+        return;
     }
     m_openFilePath = path;
     m_openFileContents = m_writer.text();
     m_holdsPartsOfAnotherFile = false;
     Q_EMIT titleChanged();
-    return true;
+    if (saved)
+        saved();
 }
 
 bool DocumentCommands::isChangedOnDisk() const {

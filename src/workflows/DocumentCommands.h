@@ -34,8 +34,7 @@ public:
 
     /// Goes on at once when the document is clean; else asks, and goes on after a successful save
     /// or after "No". On "Cancel", a cancelled panel or a failed save nothing more happens.
-    /// `cancelled` (may be empty) is called then.
-    void askAboutChanges(const QString& message, Continuation goOn, Continuation cancelled = {});
+    void askAboutChanges(const QString& message, Continuation goOn);
 
     /// "Aquelon - Untitled", or the file's name instead; " *" is appended while dirty.
     QString windowTitle() const;
@@ -48,10 +47,11 @@ Q_SIGNALS:
 
 private:
     void read(const QString& path);
-    void saveOrAskWhere(Continuation saved, Continuation cancelled);
-    void askWhereThenSave(Continuation saved, Continuation cancelled);
-    void saveOverOwnFile(Continuation saved, Continuation cancelled);
-    bool write(const QString& path);
+    // `saved` (may be empty) is called after a successful save.
+    void saveOrAskWhere(const Continuation& saved);
+    void askWhereThenSave(const Continuation& saved);
+    void saveOverOwnFile(const Continuation& saved);
+    void write(const QString& path, const Continuation& saved);
     /// True when the current file is there, and not as this program last read or wrote it.
     bool isChangedOnDisk() const;
 

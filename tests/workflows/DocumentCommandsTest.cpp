@@ -66,9 +66,8 @@ TEST_F(DocumentCommandsTest, unsavedChangesAreAskedAbout) {
         edit();
         m_prompts.saveAnswers = {test.answer};
         m_prompts.placesToSave = {test.place};
-        std::optional<bool> wentOn;
-        m_commands.askAboutChanges(
-            QStringLiteral("Really?"), [&] { wentOn = true; }, [&] { wentOn = false; });
+        bool wentOn = false;
+        m_commands.askAboutChanges(QStringLiteral("Really?"), [&] { wentOn = true; });
         EXPECT_EQ(m_prompts.asked.takeFirst(), QStringLiteral("Really?") + unsaved);
         EXPECT_EQ(wentOn, test.goesOn);
         EXPECT_EQ(m_data.isDirty(), test.dirty);
