@@ -15,7 +15,6 @@ void runFileDialog(QFileDialog* dialog, std::function<void(std::optional<QString
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setWindowModality(Qt::ApplicationModal);
     dialog->setNameFilter(fileTypeFilter());
-    dialog->setDefaultSuffix(QStringLiteral("sq"));
     QObject::connect(dialog, &QDialog::finished, dialog, [dialog, done](int result) {
         const QStringList files = dialog->selectedFiles();
         if (result == QDialog::Accepted && files.size() == 1)
@@ -83,6 +82,7 @@ void DialogPrompts::askForFileToOpen(std::function<void(std::optional<QString>)>
     auto* dialog = new QFileDialog(m_parent, QStringLiteral("Open Light Program"));
     dialog->setAcceptMode(QFileDialog::AcceptOpen);
     dialog->setFileMode(QFileDialog::ExistingFile);
+    dialog->setDefaultSuffix(QStringLiteral("sq"));
     runFileDialog(dialog, std::move(done));
 }
 

@@ -109,26 +109,43 @@ void DocumentCommands::saveOverOwnFile(const Continuation& saved) {
         return;
     }
     const QString name = QFileInfo(m_openFilePath).fileName();
-    m_prompts.confirm(
-        QStringLiteral("The file will be overwritten!"),
+    confirmThenWrite(
+        m_openFilePath,
         changedOnDisk
-            ? name + QStringLiteral(" was changed by another program since it was opened. "
-                                    "Are you sure you want to continue?")
+            ? name + QStringLiteral(" was changed by another program since it was opened.")
             : QStringLiteral("The program in the window is not the one that was opened from ") +
-                  name + QStringLiteral(". Are you sure you want to continue?"),
-        [this, saved](bool yes) {
-            if (yes)
-                write(m_openFilePath, saved);
-        });
+                  name + u'.',
+        saved);
 }
 
 void DocumentCommands::askWhereThenSave(const Continuation& saved) {
     const QString suggested =
         m_openFilePath.isEmpty() ? QStringLiteral("Untitled.sq") : m_openFilePath;
     m_prompts.askWhereToSave(suggested, [this, saved](const std::optional<QString>& path) {
-        if (path)
+        if (!path)
+            return;
+        if (!QFileInfo(*path).suffix().isEmpty()) {
             write(*path, saved);
+            return;
+        }
+        // The panel has asked about the name without its ending only.
+        const QString file = *path + QStringLiteral(".sq");
+        if (QFileInfo::exists(file))
+            confirmThenWrite(file, QFileInfo(file).fileName() + QStringLiteral(" exists already."),
+                             saved);
+        else
+            write(file, saved);
     });
+}
+
+void DocumentCommands::confirmThenWrite(const QString& path, const QString& reason,
+                                        const Continuation& saved) {
+    m_prompts.confirm(QStringLiteral("The file will be overwritten!"),
+                      reason + QStringLiteral(" Are you sure you want to continue?"),
+                      [this, path, saved](bool yes) {
+                          if (yes)
+                              write(path, saved);
+                      });
 }
 
 void DocumentCommands::write(const QString& path, const Continuation& saved) {

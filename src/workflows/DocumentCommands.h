@@ -51,6 +51,7 @@ private:
     void saveOrAskWhere(const Continuation& saved);
     void askWhereThenSave(const Continuation& saved);
     void saveOverOwnFile(const Continuation& saved);
+    void confirmThenWrite(const QString& path, const QString& reason, const Continuation& saved);
     void write(const QString& path, const Continuation& saved);
     /// True when the current file is there, and not as this program last read or wrote it.
     bool isChangedOnDisk() const;

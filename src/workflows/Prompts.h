@@ -27,7 +27,8 @@ public:
     virtual void alert(const QString& message, const QString& informative, Severity severity) = 0;
     /// Asks for an existing settings file; none when cancelled.
     virtual void askForFileToOpen(std::function<void(std::optional<QString>)> done) = 0;
-    /// Asks where to save; `suggested` presets folder and name. None when cancelled.
+    /// Asks where to save; `suggested` presets folder and name. None when cancelled. The name is
+    /// as the person typed it, and replacing a file of that very name has been agreed to.
     virtual void askWhereToSave(const QString& suggested,
                                 std::function<void(std::optional<QString>)> done) = 0;
 };

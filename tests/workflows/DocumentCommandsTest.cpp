@@ -75,6 +75,26 @@ TEST_F(DocumentCommandsTest, unsavedChangesAreAskedAbout) {
     }
 }
 
+// The save panel cannot ask about a file whose name it was not given.
+TEST_F(DocumentCommandsTest, nameWithoutEndingReplacesNoFileUnasked) {
+    const QByteArray other = "another program";
+    write(path("reef.sq"), other);
+    for (const bool yes : {false, true}) {
+        m_prompts.placesToSave = {path("reef")};
+        m_prompts.confirmations = {yes};
+        m_commands.saveDocumentAs();
+        EXPECT_EQ(m_prompts.asked.last(),
+                  QStringLiteral("The file will be overwritten!|reef.sq exists already. Are you "
+                                 "sure you want to continue?"));
+        EXPECT_EQ(read(path("reef.sq")) == other, !yes);
+    }
+    saveAs("lagoon.sq");
+    m_prompts.placesToSave = {path("atoll")};
+    m_commands.saveDocumentAs();
+    EXPECT_EQ(m_commands.openFilePath(), path("atoll.sq"));
+    EXPECT_EQ(m_prompts.asked.size(), 1) << "nothing to ask but the place";
+}
+
 TEST_F(DocumentCommandsTest, titleFollowsFileAndMarkAndAFailedSaveKeepsThem) {
     EXPECT_EQ(title(), "Aquelon - Untitled");
     edit();
