@@ -4,6 +4,8 @@
 #include "data/RegularFile.h"
 #include "workflows/Prompts.h"
 
+#include <spdlog/spdlog.h>
+
 #include <QDir>
 #include <QFileInfo>
 
@@ -80,6 +82,7 @@ void DocumentCommands::read(const QString& path) {
         return;
     }
     m_holdsPartsOfAnotherFile |= m_data.contents() != before;
+    SPDLOG_ERROR("{}: {}", path.toStdString(), m_reader.errorString().toStdString());
     m_prompts.alert(
         QStringLiteral("Could not open file!"),
         path + QStringLiteral(
@@ -150,6 +153,7 @@ void DocumentCommands::confirmThenWrite(const QString& path, const QString& reas
 
 void DocumentCommands::write(const QString& path, const Continuation& saved) {
     if (!m_writer.saveToFile(path)) {
+        SPDLOG_ERROR("{}: {}", path.toStdString(), m_writer.errorString().toStdString());
         m_prompts.alert(QStringLiteral("Could not save file!"),
                         QStringLiteral("There was an error while saving to ") + path,
                         Prompts::Severity::Critical);
