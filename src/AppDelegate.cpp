@@ -29,7 +29,8 @@ struct AppDelegate::Workflows {
         : ui(window.outlets()), documents(services.data, services.prompts), selectDevice(&window),
           connection(services.controller, services.prompts, selectDevice),
           transfer(services.data, services.controller, documents, services.prompts),
-          table(services.data, {*ui.tableView, *ui.bttnTableItemAdd, *ui.bttnTableItemDelete}),
+          table(services.data, {*ui.tableView, *ui.bttnTableItemAdd, *ui.bttnTableItemDelete,
+                                *ui.menuitemAddPoint, *ui.menuitemDeletePoint}),
           taskLight(services.data,
                     {*ui.pickerTaskTime, *ui.sliderTaskTemp, *ui.sliderTaskBrightness}),
           programMode(services.data, services.controller, *ui.bttnSwitchProgMode),
@@ -99,9 +100,6 @@ void AppDelegate::connectDocument() {
     connect(m_window.get(), &MainWindow::fileDropped, &w.documents, &DocumentCommands::openPath);
     connect(&w.documents, &DocumentCommands::titleChanged, this, &AppDelegate::showTitle);
 
-    connect(w.ui.menuitemAddPoint, &QAction::triggered, &w.table, &PointTable::onTableItemAdd);
-    connect(w.ui.menuitemDeletePoint, &QAction::triggered, &w.table,
-            &PointTable::onTableItemDelete);
     connect(w.ui.curveView, &AQCurveView::addRequested, &w.table, &PointTable::onTableItemAdd);
     connect(w.ui.curveView, &AQCurveView::deleteRequested, &w.table,
             &PointTable::onTableItemDelete);

@@ -10,7 +10,7 @@ void ControlState::applyTo(QWidget& widget) const {
 
 void ControlState::applyTo(QAction& action) const {
     action.setEnabled(isEnabled);
-    action.setStatusTip(toolTip);
+    action.setToolTip(toolTip);
 }
 
 namespace {

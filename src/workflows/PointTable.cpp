@@ -4,9 +4,11 @@
 #include "controls/AQSliderColorTemp.h"
 #include "controls/AQTimeEdit.h"
 #include "data/AQDataSource.h"
+#include "workflows/ControlStates.h"
 #include "workflows/PointTableModel.h"
 
 #include <QAbstractButton>
+#include <QAction>
 #include <QHeaderView>
 #include <QScopedValueRollback>
 #include <QStyledItemDelegate>
@@ -33,6 +35,10 @@ public:
         return {};
     }
 };
+
+QString analogInputReason() {
+    return QStringLiteral("Not while the lamp follows its analog 1-10 V input");
+}
 
 } // namespace
 
@@ -66,6 +72,9 @@ PointTable::PointTable(AQDataSource& data, Outlets outlets, QObject* parent)
     connect(&m_outlets.bttnTableItemAdd, &QAbstractButton::clicked, this,
             &PointTable::onTableItemAdd);
     connect(&m_outlets.bttnTableItemDelete, &QAbstractButton::clicked, this,
+            &PointTable::onTableItemDelete);
+    connect(&m_outlets.menuitemAddPoint, &QAction::triggered, this, &PointTable::onTableItemAdd);
+    connect(&m_outlets.menuitemDeletePoint, &QAction::triggered, this,
             &PointTable::onTableItemDelete);
     updateButtons();
 }
@@ -264,18 +273,17 @@ void PointTable::onSelectionDidChange() {
 }
 
 void PointTable::updateButtons() {
-    const bool hasSpace = m_data.sequence().hasSpace();
-    const bool hasSelection = selectedRow() >= 0;
-    const QString analog = QStringLiteral("Not while the lamp follows its analog 1-10 V input");
-    m_outlets.bttnTableItemAdd.setEnabled(m_editingEnabled && hasSpace);
-    m_outlets.bttnTableItemAdd.setToolTip(
-        !m_editingEnabled ? analog
-        : hasSpace        ? QStringLiteral("Add a point after the selected one")
-                          : QStringLiteral("The controller holds no more than %1 points")
-                         .arg(m_data.sequence().pointLimit()));
-    m_outlets.bttnTableItemDelete.setEnabled(m_editingEnabled && hasSelection);
-    m_outlets.bttnTableItemDelete.setToolTip(!m_editingEnabled ? analog
-                                             : hasSelection
-                                                 ? QStringLiteral("Delete the selected point")
-                                                 : QStringLiteral("Select a point first"));
+    ControlState add{true, QStringLiteral("Add a point after the selected one")};
+    if (!m_data.sequence().hasSpace())
+        add = {false, QStringLiteral("The controller holds no more than %1 points")
+                          .arg(m_data.sequence().pointLimit())};
+    ControlState remove{true, QStringLiteral("Delete the selected point")};
+    if (selectedRow() < 0)
+        remove = {false, QStringLiteral("Select a point first")};
+    if (!m_editingEnabled)
+        add = remove = {false, analogInputReason()};
+    add.applyTo(m_outlets.bttnTableItemAdd);
+    add.applyTo(m_outlets.menuitemAddPoint);
+    remove.applyTo(m_outlets.bttnTableItemDelete);
+    remove.applyTo(m_outlets.menuitemDeletePoint);
 }

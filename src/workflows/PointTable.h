@@ -10,9 +10,11 @@
 class AQDataSource;
 class PointTableModel;
 class QAbstractButton;
+class QAction;
 class QTableView;
 
-/// The light program as a table of editing controls, with its add and delete buttons.
+/// The light program as a table of editing controls, with the buttons and menu items that add and
+/// delete points.
 ///
 /// The controls of a row are made when the row comes and kept while it stays; they take their
 /// values from the model. The selection is shared with the curve through sectionChanged.
@@ -24,6 +26,8 @@ public:
         QTableView& tableView;
         QAbstractButton& bttnTableItemAdd;
         QAbstractButton& bttnTableItemDelete;
+        QAction& menuitemAddPoint;
+        QAction& menuitemDeletePoint;
     };
 
     /// All must outlive this.

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAction>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -38,7 +39,9 @@ protected:
     QTableView m_view;
     QPushButton m_add;
     QPushButton m_delete;
-    PointTable m_table{m_data, {m_view, m_add, m_delete}};
+    QAction m_menuAdd;
+    QAction m_menuDelete;
+    PointTable m_table{m_data, {m_view, m_add, m_delete, m_menuAdd, m_menuDelete}};
     QSignalSpy m_sections{&m_notifications, &NotificationCenter::sectionChanged};
 };
 
@@ -92,7 +95,8 @@ TEST_F(PointTableTest, addsUntilTheLimitAndDeletesUntilEmpty) {
         EXPECT_EQ(m_data.sequence().count(), count);
     }
     EXPECT_FALSE(m_add.isEnabled());
-    EXPECT_TRUE(m_add.toolTip().contains(QLatin1String("20")));
+    EXPECT_FALSE(m_menuAdd.isEnabled());
+    EXPECT_TRUE(m_menuAdd.toolTip().contains(QLatin1String("20")));
 
     m_view.selectRow(19);
     for (int count = 19; count >= 0; --count) {
@@ -108,7 +112,7 @@ TEST_F(PointTableTest, disabledEditingDisablesEverything) {
     m_view.selectRow(1);
     m_table.setEditingEnabled(false);
     EXPECT_FALSE(m_add.isEnabled());
-    EXPECT_FALSE(m_delete.isEnabled());
+    EXPECT_FALSE(m_menuDelete.isEnabled());
     EXPECT_FALSE(cell<AQSliderBrightness>(1, 2).isEnabled());
     m_table.onTableItemAdd();
     m_table.onTableItemDelete();
