@@ -1,5 +1,7 @@
 #include "controls/ClockFormat.h"
 
+#include "controls/TimeText.h"
+
 #include <QCoreApplication>
 #include <QRegularExpression>
 
@@ -21,9 +23,7 @@ int wrapped(int value, int count) {
 } // namespace
 
 QString ClockFormat::text(const AQTime& time) const {
-    return QStringLiteral("%1:%2")
-        .arg(time.hour, 2, 10, QLatin1Char('0'))
-        .arg(time.minute, 2, 10, QLatin1Char('0'));
+    return timeText(time.hour, time.minute);
 }
 
 QString ClockFormat::widestText() const {

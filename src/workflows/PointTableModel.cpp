@@ -1,5 +1,6 @@
 #include "workflows/PointTableModel.h"
 
+#include "controls/TimeText.h"
 #include "data/AQDataSource.h"
 
 #include <QLocale>
@@ -43,9 +44,7 @@ QVariant PointTableModel::data(const QModelIndex& index, int role) const {
     switch (index.column()) {
     case NotificationCenter::columnTime:
         if (isText)
-            return QStringLiteral("%1:%2")
-                .arg(point.time.hour, 2, 10, QLatin1Char('0'))
-                .arg(point.time.minute, 2, 10, QLatin1Char('0'));
+            return timeText(point.time.hour, point.time.minute);
         return QVariant::fromValue(point.time);
     case NotificationCenter::columnColorTemp:
         return isText ? QVariant(percent(point.colorTemp))
