@@ -217,9 +217,15 @@ void PointTable::onTableItemDelete() {
     const int row = selectedRow();
     if (!m_editingEnabled || row < 0)
         return;
-    m_data.sequence().deleteWithRow(row, this);
-    select(-1);
-    selectOnNextTurn(std::min(row, m_data.sequence().count() - 1));
+    AQSequence& sequence = m_data.sequence();
+    // There is a selection all the time: without one the delete button would be disabled for a
+    // moment and lose the keyboard focus.
+    const bool isLast = row == sequence.count() - 1;
+    if (isLast)
+        select(row - 1);
+    sequence.deleteWithRow(row, this);
+    if (!isLast) // the same row, another point
+        sequence.notifySelectionChange(row, this);
 }
 
 void PointTable::select(int row) {

@@ -205,6 +205,16 @@ TEST_F(ProgramTest, quitAsksOnceAndClosesTheLink) {
     EXPECT_EQ(m_prompts.asked.size(), 2);
 }
 
+TEST_F(ProgramTest, deletingByKeyboardGoesOn) {
+    start();
+    ui().tableView->selectRow(5);
+    ui().bttnTableItemDelete->setFocus();
+    for (int count = 6; count > 0; --count) {
+        QTest::keyClick(m_delegate.window().focusWidget(), Qt::Key_Space);
+        EXPECT_EQ(m_data.sequence().count(), count);
+    }
+}
+
 // A shortcut and the window's own close button leave the focus in the field that is typed into.
 TEST_F(ProgramTest, whatIsBeingTypedIsNotLost) {
     start();
