@@ -352,26 +352,31 @@ void AQCurveView::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
 }
 
-const QPixmap& AQCurveView::background(double scale) {
-    const QSize wanted(static_cast<int>(std::ceil(width() * scale)),
-                       static_cast<int>(std::ceil(height() * scale)));
-    if (m_background.size() == wanted && m_backgroundScale == scale)
-        return m_background;
-    m_background = QPixmap(wanted);
+void AQCurveView::makeBackground() {
+    m_background = QPixmap(m_backgroundSize);
     m_background.fill(DisplayColors::neutral);
-    m_background.setDevicePixelRatio(scale);
-    m_backgroundScale = scale;
+    m_background.setDevicePixelRatio(m_backgroundScale);
     {
         QPainter painter(&m_background);
         CurvePainter(painter, curveGeometry(), font()).drawBackground(isEnabled());
     }
     // One pixel of the pixmap is one of the device from here on, whatever the scale.
     m_background.setDevicePixelRatio(1.0);
-    return m_background;
 }
 
 void AQCurveView::drawBackground(QPainter& painter, double scale) {
-    const QPixmap& picture = background(scale);
+    const QSize wanted(static_cast<int>(std::ceil(width() * scale)),
+                       static_cast<int>(std::ceil(height() * scale)));
+    if (m_backgroundSize != wanted || m_backgroundScale != scale) {
+        // The first picture of a size, at the start and in a resize, is mostly the last one too.
+        m_background = QPixmap();
+        m_backgroundSize = wanted;
+        m_backgroundScale = scale;
+        CurvePainter(painter, curveGeometry(), font()).drawBackground(isEnabled());
+        return;
+    }
+    if (m_background.isNull())
+        makeBackground();
     const CurveGeometry geometry = curveGeometry();
     // Within the axes it is blank, and filling is faster than copying.
     const QRectF plot(QPointF(geometry.left(), geometry.top()),
@@ -381,8 +386,8 @@ void AQCurveView::drawBackground(QPainter& painter, double scale) {
     painter.save();
     painter.scale(1.0 / scale, 1.0 / scale);
     painter.fillRect(blank, DisplayColors::neutral);
-    for (const QRect& part : QRegion(picture.rect()) - blank)
-        painter.drawPixmap(part.topLeft(), picture, part);
+    for (const QRect& part : QRegion(m_background.rect()) - blank)
+        painter.drawPixmap(part.topLeft(), m_background, part);
     painter.restore();
 }
 

@@ -105,7 +105,7 @@ private:
     void addPointView();
     void removeLastPointView();
     void describePoint(int row);
-    const QPixmap& background(double scale);
+    void makeBackground();
     void drawBackground(QPainter& painter, double scale);
 
     void select(int row);
@@ -127,6 +127,7 @@ private:
     int m_popoverRow = -1; ///< the point that the popover shows, -1 for none or the playhead
     std::optional<AQTime> m_playheadTime;
     AQTimePoint m_playhead{AQTime{}, 0.0, 0.0};
-    QPixmap m_background; ///< ground, axes and labels in device pixels
+    QPixmap m_background; ///< ground, axes and labels in device pixels; null until needed again
+    QSize m_backgroundSize;
     double m_backgroundScale = 0.0;
 };

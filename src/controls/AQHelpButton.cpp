@@ -34,7 +34,7 @@ void AQHelpButton::paintEvent(QPaintEvent* /*event*/) {
     painter.setBrush(isDown() ? AccentColor::tone(palette(), 0.12) : QColor(Qt::transparent));
     painter.drawEllipse(circle);
     QFont bold = font();
-    bold.setWeight(QFont::DemiBold);
+    bold.setWeight(QFont::Bold);
     painter.setFont(bold);
     painter.drawText(circle, Qt::AlignCenter | Qt::TextDontClip, QStringLiteral("?"));
     if (hasFocus()) {

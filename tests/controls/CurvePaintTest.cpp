@@ -130,3 +130,19 @@ TEST_F(CurvePaint, LinesAreSharpAtEveryScale) {
                 << scale << ' ' << x;
     }
 }
+
+TEST_F(CurvePaint, EveryPictureOfASizeIsTheSame) {
+    for (const double scale : {1.0, 1.25, 1.5, 2.0}) {
+        const auto picture = [&] {
+            QImage target(QSizeF(view.size() * scale).toSize(), QImage::Format_RGB32);
+            target.setDevicePixelRatio(scale);
+            target.fill(Qt::red); // shows where nothing is painted
+            view.render(&target);
+            return target;
+        };
+        const QImage first = picture();
+        EXPECT_EQ(first.pixelColor(0, 0), white);
+        EXPECT_TRUE(picture() == first) << scale; // from here on the axes are kept
+        EXPECT_TRUE(picture() == first) << scale;
+    }
+}
