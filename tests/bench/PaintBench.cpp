@@ -4,6 +4,7 @@
 #include "Measure.h"
 #include "SampleProgram.h"
 #include "Table.h"
+#include "controls/AQControlTable.h"
 #include "controls/AQCurveView.h"
 #include "controls/AQSliderBrightness.h"
 #include "controls/AQSliderColorTemp.h"
@@ -12,9 +13,9 @@
 
 #include <benchmark/benchmark.h>
 
+#include <QAction>
 #include <QHeaderView>
 #include <QPushButton>
-#include <QTableView>
 #include <QTest>
 
 namespace {
@@ -100,10 +101,12 @@ void table(benchmark::State& state) {
     NotificationCenter notifications;
     AQDataSource document{notifications};
     document.sequence().replacePoints(SampleProgram::points());
-    QTableView view;
+    AQControlTable view;
     QPushButton add;
     QPushButton remove;
-    PointTable table(document, {view, add, remove});
+    QAction addItem;
+    QAction removeItem;
+    PointTable table(document, {view, add, remove, addItem, removeItem});
     // All rows are in sight.
     const QSize area(900, view.verticalHeader()->length());
     show(view, area + QSize(0, view.horizontalHeader()->sizeHint().height() + 4));
