@@ -42,6 +42,8 @@ public:
     void send(const Bytes& bytes, const std::string& label);
     /// A power failure of a moment: what is on its way is lost, and nothing is heard for this long.
     void reset(std::chrono::milliseconds deafFor);
+    /// Delivers and executes what is due by now, without waiting for the event loop.
+    void catchUp() { work(); }
     bool isPaced() const { return m_paced; }
     const std::string& name() const { return m_name; }
 

@@ -64,6 +64,9 @@ void SimulatedSerialPort::arrive(std::span<const std::uint8_t> bytes) {
 }
 
 void SimulatedSerialPort::deliverPending() {
+    // What has gone over the wire would lie in the system's buffer, however late the event loop is.
+    if (const auto device = m_device.lock(); m_open && device && device->line)
+        device->line->catchUp();
     if (!m_open || m_incoming.empty() || !m_delegate)
         return;
     const auto bytes = std::exchange(m_incoming, {});
