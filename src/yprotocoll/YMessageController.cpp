@@ -29,6 +29,13 @@ void traceBytes(std::span<const std::uint8_t> bytes) {
     SPDLOG_TRACE("]");
 }
 
+/// The answers about all channels have one number. A second answer about the channel before, as
+/// comes of a command repeated too early, would stand for one that may never have arrived.
+bool isAboutAnotherChannel(const YAnswer& answer, const YCommand& command) {
+    const auto* const sequence = dynamic_cast<const AnswerSequenceData*>(&answer);
+    return sequence && !command.data().empty() && command.data().front() != sequence->channel;
+}
+
 } // namespace
 
 /// One `sendCommands`.
@@ -351,6 +358,10 @@ void YMessageController::answerParserGotAnswer(AnswerPtr answer) {
     const std::uint8_t expected = m_sendQueue.front().command.expectedAnswer();
     if (answer->id() != expected) {
         report(YMessageError::AnswerWrongId{expected, answer->id()});
+        return;
+    }
+    if (isAboutAnotherChannel(*answer, m_sendQueue.front().command)) {
+        report(YMessageError::AnswerUnexpected{answer->id()});
         return;
     }
     answer->logVerbose();
