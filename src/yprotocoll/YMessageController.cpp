@@ -54,7 +54,7 @@ YMessageController::YMessageController(SerialPortManager& ports, ModalPause& pau
       m_sendTimer(pause, Qt::PreciseTimer), m_openTimer(pause, Qt::PreciseTimer) {
     m_streamTimer.setSingleShot(true);
     m_streamTimer.setTimerType(Qt::PreciseTimer);
-    connect(&m_scanTimer, &PausingTimer::timeout, this, &YMessageController::onScanTimer);
+    connect(&m_scanTimer, &PausingTimer::timeout, this, &YMessageController::onScanTimeout);
     connect(&m_sendTimer, &PausingTimer::timeout, this, &YMessageController::onSendTimeout);
     connect(&m_openTimer, &PausingTimer::timeout, this, &YMessageController::onOpenTimeout);
     connect(&m_streamTimer, &QTimer::timeout, this, &YMessageController::onStreamTimer);
@@ -100,6 +100,15 @@ void YMessageController::onScanTimer() {
         m_reportedOpenFailure.reset();
     if (ports.size() == 1)
         openPort(ports.front());
+}
+
+void YMessageController::onScanTimeout() {
+    // The loss of a link is told before it is looked for again, and who is told may show a dialog:
+    // a link opened just before would stand behind it with its answers overdue.
+    if (m_lossesToTell > 0)
+        m_scanTimer.expire(); // comes again behind the report
+    else
+        onScanTimer();
 }
 
 void YMessageController::serialPortsChanged() {
@@ -418,7 +427,10 @@ void YMessageController::later(std::function<void()> call) {
 }
 
 void YMessageController::report(const YMessageError& error) {
-    later([this, error] {
+    const int losses = error.is<YMessageError::PortClosedError>() ? 1 : 0;
+    m_lossesToTell += losses;
+    later([this, error, losses] {
+        m_lossesToTell -= losses;
         if (m_delegate)
             m_delegate->messageControllerGotError(error);
     });

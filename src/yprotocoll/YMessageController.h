@@ -131,6 +131,7 @@ private:
 
     // timers
     void onScanTimer();
+    void onScanTimeout();
     void onOpenTimeout();
     void onSendTimeout();
     void onStreamTimer();
@@ -173,6 +174,7 @@ private:
     std::deque<QueuedCommand> m_sendQueue; ///< the first one is in flight
     std::uint64_t m_writeCount = 0;
     int m_timeoutCount = 0;
+    int m_lossesToTell = 0; ///< reports on their way to the delegate
     std::optional<std::string> m_pathWeAreLookingFor;
     std::optional<OpenFailure> m_reportedOpenFailure;
 
