@@ -30,7 +30,8 @@ void ConnectionWorkflow::messageControllerDidOpen() {
 
 void ConnectionWorkflow::messageControllerGotError(const YMessageError& error) {
     SPDLOG_ERROR("{}", error.description());
-    if (error.is<YMessageError::PortError>() && !m_isConnected)
+    const bool isRefused = error.is<YMessageError::DeviceVersion>();
+    if (isRefused || (error.is<YMessageError::PortError>() && !m_isConnected))
         Q_EMIT portProblemChanged(QString::fromStdString(error.description()));
     if (!error.is<YMessageError::PortClosedError>())
         return;

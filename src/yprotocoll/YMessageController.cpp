@@ -124,6 +124,9 @@ void YMessageController::open(const SerialPortInfo& port) {
 }
 
 void YMessageController::openWithPath(const std::string& path) {
+    // No port has an empty path: looking for it alone would end discovery for the rest of the run.
+    if (path.empty())
+        return;
     m_reportedOpenFailure.reset();
     m_pathWeAreLookingFor = path;
     openPath(path);
