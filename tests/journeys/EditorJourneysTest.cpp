@@ -36,9 +36,9 @@ struct Editor {
     static void typeInto(const UiElement& field, const QString& text) {
         Journey::click(field);
         Journey::waitUntil([&] { return field.isFocused(); });
-        Journey::keys({QStringLiteral("ctrl+a")});
+        Journey::keys("ctrl+a");
         Journey::type(text);
-        Journey::keys({QStringLiteral("Return")});
+        Journey::keys("Return");
     }
 
     void curveAndTableFollowEachOther() const {
@@ -63,11 +63,11 @@ struct Editor {
         Journey::click(place(cell(2, "Intensity"), 0.25));
         expectSoon([&] { return pointName(2); },
                    "Point 2 of 7, 10:00, intensity 25 %, colour temperature 56 %, selected");
-        Journey::keys({QStringLiteral("Right"), QStringLiteral("Up"), QStringLiteral("Up")});
+        Journey::keys("Right Up Up");
         Journey::click(place(cell(2, "Colour temperature"), 0.75));
         expectSoon([&] { return pointName(2); },
                    "Point 2 of 7, 10:00, intensity 28 %, colour temperature 75 %, selected");
-        Journey::keys({QStringLiteral("Left"), QStringLiteral("Down")});
+        Journey::keys("Left Down");
         expectSoon([&] { return pointName(2); },
                    "Point 2 of 7, 10:00, intensity 28 %, colour temperature 74 %, selected");
     }
@@ -86,7 +86,7 @@ struct Editor {
         expectSoon([&] { return first.text() + (first.isFocused() ? ", focused" : ""); },
                    "07:15, focused");
         // Past its neighbour by a key, and on.
-        Journey::keys({QStringLiteral("Up"), QStringLiteral("Up")});
+        Journey::keys("Up Up");
         expectSoon([&] { return pointName(2); },
                    "Point 2 of 7, 09:15, intensity 100 %, colour temperature 50 %, selected");
         expectSoon([&] { return cell(2, "Time").isFocused(); }, true);
@@ -96,31 +96,29 @@ struct Editor {
     void curveObeysTheKeyboard() const {
         Journey::click(curve.screenRect().topLeft() + QPoint(100, 15));
         expectSoon([this] { return curve.isFocused(); }, true);
-        Journey::keys({QStringLiteral("Home"), QStringLiteral("Right"), QStringLiteral("Right"),
-                       QStringLiteral("Left"), QStringLiteral("shift+Down"), QStringLiteral("Down"),
-                       QStringLiteral("Down"), QStringLiteral("Up")});
+        Journey::keys("Home Right Right Left shift+Down Down Down Up");
         expectSoon([&] { return pointName(2); },
                    "Point 2 of 7, 09:15, intensity 89 %, colour temperature 50 %, selected");
         EXPECT_TRUE(curve.isFocused() || point(2).isFocused());
-        Journey::keys({QStringLiteral("Escape")});
+        Journey::keys("Escape");
         expectSoon([this] { return remove.isEnabled(); }, false);
     }
 
     void holdsNoMoreThan(std::size_t limit, const std::string& middle) const {
-        Journey::keys({QStringLiteral("Home")});
+        Journey::keys("Home");
         expectSoon([&] { return point(1).isSelected(); }, true);
         add.press(); // after the selected one, in the middle
         expectSoon([&] { return pointName(2); },
                    "Point 2 of 8, " + middle +
                        ", intensity 50 %, colour temperature 50 %, selected");
         for (std::size_t points = 9; points <= limit; ++points) {
-            Journey::keys({QStringLiteral("Insert")});
+            Journey::keys("Insert");
             expectSoon([this] { return count(); }, points);
         }
         expectSoon([this] { return add.isEnabled(); }, false);
         EXPECT_EQ(add.description(),
                   "The controller holds no more than " + std::to_string(limit) + " points");
-        Journey::keys({QStringLiteral("Insert"), QStringLiteral("Delete")});
+        Journey::keys("Insert Delete");
         expectSoon([this] { return count(); }, limit - 1);
         expectSoon([this] { return add.isEnabled(); }, true);
     }
@@ -128,10 +126,10 @@ struct Editor {
     void emptyProgramIsFilledAgain() const {
         while (!testing::Test::HasFailure() && count() > 0) {
             const std::size_t before = count();
-            Journey::keys({QStringLiteral("Delete")});
+            Journey::keys("Delete");
             expectSoon([this] { return count(); }, before - 1);
         }
-        Journey::keys({QStringLiteral("Delete"), QStringLiteral("Left"), QStringLiteral("Up")});
+        Journey::keys("Delete Left Up");
         expectSoon([this] { return remove.isEnabled(); }, false);
         EXPECT_FALSE(cell(1, "Time"));
         Journey::click(add);
@@ -177,7 +175,7 @@ TEST(EditorJourneys, windowIsWorkedWithoutAControllerAndWithoutAPointer) {
         return element.role() != "filler" && std::ranges::count(expected, element.name()) > 0;
     });
     for (std::size_t step = 1; step < expected.size(); ++step) {
-        Journey::keys({QStringLiteral("Tab")});
+        Journey::keys("Tab");
         const auto focused = [&] {
             const auto found = std::ranges::find_if(controls, &UiElement::isFocused);
             return found == controls.end() ? std::string() : found->name();
@@ -203,8 +201,7 @@ TEST(EditorJourneys, analogModeLeavesTheTaskLight) {
     const UiElement duration = journey.find("spin button", "Task light duration");
     Editor::typeInto(duration, QStringLiteral("4:58"));
     expectSoon([&] { return duration.text(); }, "4 min 58 s");
-    Journey::keys({QStringLiteral("Up"), QStringLiteral("Right"), QStringLiteral("Up"),
-                   QStringLiteral("Up")});
+    Journey::keys("Up Right Up Up");
     expectSoon([&] { return duration.text(); }, "6 min 00 s");
     Editor::typeInto(duration, QStringLiteral("256:00"));
     expectSoon([&] { return duration.description(); },
@@ -212,7 +209,7 @@ TEST(EditorJourneys, analogModeLeavesTheTaskLight) {
     EXPECT_EQ(duration.text(), "6 min 00 s");
     const UiElement intensity = journey.find("slider", "Task light intensity");
     Journey::click(Editor::place(intensity, 0.0));
-    Journey::keys({QStringLiteral("Right"), QStringLiteral("Right")});
+    Journey::keys("Right Right");
     expectSoon([&] { return qRound(intensity.value() * 100); }, 2);
 
     ASSERT_TRUE(journey.press("Programmed mode"));

@@ -69,9 +69,9 @@ Journey::~Journey() {
 
 void Journey::explainWindow() const {
     const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-    const QString path =
-        QStringLiteral("%1-%2.png")
-            .arg(QLatin1String(test->test_suite_name()), QLatin1String(test->name()));
+    QString path = QStringLiteral("%1-%2.png")
+                       .arg(QLatin1String(test->test_suite_name()), QLatin1String(test->name()));
+    path.replace(u'/', u'-'); // in the names of parametrised tests
     QProcess::execute(QStringLiteral("import"),
                       {QStringLiteral("-window"), QStringLiteral("root"), path});
     std::fprintf(stderr, "--- the window, also in %s\n%s---\n", qPrintable(path),

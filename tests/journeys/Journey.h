@@ -25,7 +25,7 @@
 /// screenshot.
 class Journey {
 public:
-    static constexpr std::chrono::milliseconds usualLimit{15'000};
+    static constexpr std::chrono::milliseconds usualLimit{30'000};
 
     explicit Journey(const QStringList& simulatorOptions = {},
                      const QStringList& programArguments = {});
@@ -43,6 +43,7 @@ public:
     /// Main window's title; empty until it is shown.
     std::string title() const;
     std::vector<UiElement> dialogs() const; ///< open ones, the front one last
+    UiElement front() const;                ///< the front dialog, else the whole program
     UiElement find(const std::string& role, const std::string& name) const;
     /// A label, button, time in the table or other element with exactly this text.
     bool shows(const std::string& text) const;
@@ -68,6 +69,8 @@ public:
 
     /// Keys by their X names, "ctrl+s", "Return", to the focused window.
     static void keys(const QStringList& names);
+    /// The same with blanks between the names.
+    static void keys(const char* names) { keys(QString::fromLatin1(names).split(u' ')); }
     static void type(const QString& text);
     /// The pointer's left button, at a place on the screen.
     static void click(QPoint place);
@@ -110,7 +113,6 @@ public:
 
 private:
     UiElement application() const { return UiElement::application(m_programId); }
-    UiElement front() const;
     void explainWindow() const;
 
     QTemporaryDir m_folder;
