@@ -49,7 +49,9 @@ JourneySession::JourneySession() {
     const QString display = startService(
         QStringLiteral("Xvfb"),
         {QStringLiteral("-screen"), QStringLiteral("0"), QStringLiteral("1600x1000x24"),
-         QStringLiteral("-nolisten"), QStringLiteral("tcp"), QStringLiteral("-noreset")},
+         QStringLiteral("-nolisten"), QStringLiteral("tcp"), QStringLiteral("-noreset"),
+         // No auto-repeat: on a busy computer a key may be down for long.
+         QStringLiteral("-r")},
         QStringLiteral("-displayfd"));
     qputenv("DISPLAY", ":" + display.toUtf8());
     const QString bus = startService(QStringLiteral("dbus-daemon"),
