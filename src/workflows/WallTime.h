@@ -10,7 +10,7 @@ class QTimeZone;
 
 /// Clock times as a clock on the wall shows them.
 ///
-/// Held in QDateTimes of the UTC specification whatever their zone, so that every time of day
+/// Held in QDateTimes that count as UTC whatever their zone, so that every time of day
 /// exists once and arithmetic on them knows no change of the clocks.
 namespace WallTime {
 
