@@ -35,8 +35,7 @@ struct AppDelegate::Workflows {
                     {*ui.pickerTaskTime, *ui.sliderTaskTemp, *ui.sliderTaskBrightness}),
           programMode(services.data, services.controller, *ui.bttnSwitchProgMode),
           lamp(services.controller), liveMode(services.data, lamp, *ui.bttnLiveModeSwitch),
-          demoMode(services.data, lamp, *ui.curveView, *ui.bttnRunDemo),
-          deviceTime(services.controller, &window) {}
+          demoMode(services.data, lamp, *ui.curveView, *ui.bttnRunDemo) {}
 
     Ui::MainWindow& ui;
     DocumentCommands documents;
@@ -49,7 +48,7 @@ struct AppDelegate::Workflows {
     LampPreview lamp;
     LiveMode liveMode;
     DemoMode demoMode;
-    DeviceTimePanel deviceTime;
+    std::unique_ptr<DeviceTimePanel> deviceTime; ///< null until it is asked for
 };
 
 AppDelegate::AppDelegate(const Services& services)
@@ -114,8 +113,7 @@ void AppDelegate::connectDevice() {
             &TransferWorkflow::onBttnLoadFromDevice);
     connect(w.ui.menuitemSend, &QAction::triggered, &w.transfer,
             &TransferWorkflow::onBttnSaveToDevice);
-    connect(w.ui.menuitemSetDeviceTime, &QAction::triggered, &w.deviceTime,
-            &DeviceTimePanel::menuSetDeviceTime);
+    connect(w.ui.menuitemSetDeviceTime, &QAction::triggered, this, &AppDelegate::menuSetDeviceTime);
     connect(w.ui.bttnLoad, &QAbstractButton::clicked, &w.transfer,
             &TransferWorkflow::onBttnLoadFromDevice);
     connect(w.ui.bttnSend, &QAbstractButton::clicked, &w.transfer,
@@ -153,9 +151,18 @@ void AppDelegate::connectHelp() {
 
 void AppDelegate::onConnectedChanged(bool isConnected) {
     m_window->showConnected(isConnected);
-    m_workflows->deviceTime.setConnected(isConnected);
+    if (m_workflows->deviceTime)
+        m_workflows->deviceTime->setConnected(isConnected);
     updateControls();
     m_workflows->lamp.setConnected(isConnected);
+}
+
+void AppDelegate::menuSetDeviceTime() {
+    auto& panel = m_workflows->deviceTime;
+    // Not at the start, which it would slow down.
+    if (!panel)
+        panel = std::make_unique<DeviceTimePanel>(m_services.controller, m_window.get());
+    panel->menuSetDeviceTime();
 }
 
 void AppDelegate::updateControls() {

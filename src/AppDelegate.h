@@ -51,6 +51,7 @@ private:
     void startDiscovery();
     void giveBackLampThenTerminate();
     void onConnectedChanged(bool isConnected);
+    void menuSetDeviceTime();
     void onBttnHelpDeviceStatus();
     void onBttnHelpTask();
     void showTitle();

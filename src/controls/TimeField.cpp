@@ -6,7 +6,6 @@
 #include <QLineEdit>
 #include <QPainter>
 #include <QPointer>
-#include <QRegularExpression>
 #include <QStyleOptionSpinBox>
 #include <QToolTip>
 #include <QWheelEvent>
@@ -81,15 +80,21 @@ QValidator::State TimeField::validate(QString& /*input*/, int& /*position*/) con
 }
 
 TimeField::Section TimeField::section(int index) const {
-    static const QRegularExpression digits(QStringLiteral("[0-9]+"));
-    auto runs = digits.globalMatch(lineEdit()->text());
-    for (int i = 0; runs.hasNext(); ++i) {
-        const auto run = runs.next();
-        if (i == index) {
-            return {static_cast<int>(run.capturedStart()), static_cast<int>(run.capturedLength())};
+    // No regular expression: compiling one would be felt at the program's start.
+    const QString text = lineEdit()->text();
+    const auto isDigit = [](QChar c) { return c >= u'0' && c <= u'9'; };
+    auto from = text.begin();
+    for (int run = 0;; ++run) {
+        from = std::find_if(from, text.end(), isDigit);
+        const auto to = std::find_if_not(from, text.end(), isDigit);
+        if (from == to) {
+            return {-1, 0};
         }
+        if (run == index) {
+            return {static_cast<int>(from - text.begin()), static_cast<int>(to - from)};
+        }
+        from = to;
     }
-    return {-1, 0};
 }
 
 int TimeField::currentSection() const {

@@ -18,8 +18,8 @@ class YMessageController;
 
 /// Shows the controller's clock beside the computer's and sets it.
 ///
-/// The controller's clock holds local wall time and no zone. Exists for the whole run; modal for
-/// the whole program while open.
+/// The controller's clock holds local wall time and no zone. Made when it is first asked for, it
+/// exists for the rest of the run; modal for the whole program while open.
 class DeviceTimePanel : public QDialog {
     Q_OBJECT
 

@@ -14,13 +14,15 @@ const QString comboDeviceItemPrefix = QStringLiteral("Aquelon Controller ");
 
 } // namespace
 
-SelectDevicePanel::SelectDevicePanel(QWidget* parent)
-    : QDialog(parent), m_comboDeviceList(new QComboBox(this)),
-      m_lblNone(new QLabel(QStringLiteral("No Aquelon controller is plugged in."), this)) {
+SelectDevicePanel::SelectDevicePanel(QWidget* parent) : QDialog(parent) {
     setObjectName(QStringLiteral("panelSelectDevice"));
     setWindowTitle(QStringLiteral("Aquelon"));
     setWindowModality(Qt::ApplicationModal);
+}
 
+void SelectDevicePanel::makeControls() {
+    m_comboDeviceList = new QComboBox(this);
+    m_lblNone = new QLabel(QStringLiteral("No Aquelon controller is plugged in."), this);
     m_comboDeviceList->setObjectName(QStringLiteral("comboDeviceList"));
     m_comboDeviceList->setAccessibleName(QStringLiteral("Controller"));
     m_comboDeviceList->setMinimumContentsLength(32);
@@ -44,6 +46,8 @@ SelectDevicePanel::SelectDevicePanel(QWidget* parent)
 }
 
 void SelectDevicePanel::run(const std::vector<SerialPortInfo>& ports) {
+    if (!m_comboDeviceList)
+        makeControls();
     m_comboDeviceList->clear();
     for (const SerialPortInfo& port : ports)
         m_comboDeviceList->addItem(comboDeviceItemPrefix + QString::fromStdString(port.path));

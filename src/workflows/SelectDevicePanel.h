@@ -10,6 +10,9 @@ class QLabel;
 struct SerialPortInfo;
 
 /// Lets the person choose among the controllers that are plugged in.
+///
+/// Its controls are made when it is first shown: it is rarely needed, and the icons of its buttons
+/// cost a fifth of the program's start.
 class SelectDevicePanel : public QDialog {
     Q_OBJECT
 
@@ -24,8 +27,9 @@ Q_SIGNALS:
     void chosen(const std::string& path);
 
 private:
+    void makeControls();
     void onAccepted();
 
-    QComboBox* m_comboDeviceList;
-    QLabel* m_lblNone;
+    QComboBox* m_comboDeviceList = nullptr;
+    QLabel* m_lblNone = nullptr;
 };
