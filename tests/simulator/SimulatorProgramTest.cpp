@@ -43,11 +43,11 @@ TEST(SimulatorProgram, showsTheDevicesItWasAskedForToItsProgramOnly) {
         const char* options;
         const char* seen; ///< ports with the number of their USB product
     } rows[] = {
-        {"", "ttyUSB0 0c24 "},
+        {"--name ttyUSB0", "ttyUSB0 0c24 "},
         {"--name ttyUSB7 --devices 2", "ttyUSB7 0c24 ttyUSB8 0c24 "},
-        {"--no-device --foreign --builtin", "ttyS0 ttyUSB1 6001 "},
-        {"--usb-id 7a51:0c25", "ttyUSB0 0c25 "},
-        {"--unplug-at 0 --plug-at 0:ttyUSB3", "ttyUSB3 0c24 "},
+        {"--name ttyUSB0 --no-device --foreign --builtin", "ttyS0 ttyUSB1 6001 "},
+        {"--name ttyUSB0 --usb-id 7a51:0c25", "ttyUSB0 0c25 "},
+        {"--name ttyUSB0 --unplug-at 0 --plug-at 0:ttyUSB3", "ttyUSB3 0c24 "},
     };
     for (const auto& row : rows) {
         // Looks until it sees what it should; the limit ends it otherwise.

@@ -57,7 +57,7 @@ void addOptions(QCommandLineParser& parser) {
         option("foreign", s("Plug in another USB serial device as well.")),
         option("builtin", s("Add a serial port with no USB device behind it.")),
         option("usb-id", s("The controllers' USB numbers."), "VENDOR:PRODUCT", s("7a51:0c24")),
-        option("name", s("Port of the first controller."), "NAME", s("ttyUSB0")),
+        option("name", s("Port of the first controller. Usual: the first free ttyUSB."), "NAME"),
         option("pace", s("Bytes take their time as at 115200 baud.")),
         option("fault", s("A fault of the line; can be repeated."), "FAULT"),
         option("unplug-at", s("Pull the cable after T seconds; can be repeated."), "T[:NAME]"),

@@ -26,7 +26,7 @@ struct SimulatorOptions {
     bool foreign = false;       ///< another maker's USB serial device is plugged in too
     bool builtin = false;       ///< and a port with no USB device behind it
     UsbIdentity usb = aquelonUsbIdentity;
-    std::string name = "ttyUSB0"; ///< of the first controller; the others count on from it
+    std::string name; ///< of the first controller; the others count on from it; empty: a free one
     bool paced = false;
     std::vector<Fault> faults; ///< of every controller
     std::vector<Plugging> pluggings;

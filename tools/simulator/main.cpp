@@ -5,6 +5,7 @@
 #include "simulator/SimulatorOptions.h"
 
 #include <QCoreApplication>
+#include <QLockFile>
 #include <QTimer>
 
 #include <unistd.h>
@@ -57,17 +58,36 @@ std::string nameOf(const std::string& first, int index) {
     return first.substr(0, digits) + std::to_string(number + index);
 }
 
+/// Each simulator has a USB bus of its own, but the lock files by which serial programs keep out of
+/// each other's way are the whole computer's.
+bool isInUse(const std::string& name) {
+    QLockFile lock(QStringLiteral("/var/lock/LCK..") + QString::fromStdString(name));
+    return !lock.tryLock() && lock.error() == QLockFile::LockFailedError;
+}
+
+/// The name for the first of so many ports that no other simulator's program has open.
+std::string freeName(int count) {
+    for (int index = 0;; ++index) {
+        const std::string first = nameOf("ttyUSB0", index);
+        int free = 0;
+        while (free < count && !isInUse(nameOf(first, free)))
+            ++free;
+        if (free == count)
+            return first;
+    }
+}
+
 void addDevices(SimulatedDevices& devices, const SimulatorOptions& options) {
+    const std::string first = options.name.empty() ? freeName(options.devices) : options.name;
     for (int i = 0; i < options.devices; ++i) {
-        auto& device =
-            devices.addController(options.controller, options.usb, nameOf(options.name, i));
+        auto& device = devices.addController(options.controller, options.usb, nameOf(first, i));
         for (const Fault& fault : options.faults)
             device.faults.add(fault);
         if (options.pluggedAtStart)
             devices.plug(device);
     }
     if (options.foreign)
-        devices.plug(devices.addForeign(foreignUsb, nameOf(options.name, options.devices)));
+        devices.plug(devices.addForeign(foreignUsb, nameOf(first, options.devices)));
     if (options.builtin)
         devices.plug(devices.addForeign(std::nullopt, "ttyS0"));
 }
