@@ -9,6 +9,7 @@ namespace {
 
 constexpr int secondsPerMinute = 60;
 constexpr int maximumSeconds = DurationFormat::maximumMinutes * secondsPerMinute + 59;
+constexpr int longestShown = AQTime::minutesPerDay * secondsPerMinute - 1;
 
 std::optional<AQTime> checked(int seconds) {
     return seconds <= maximumSeconds ? std::optional(DurationFormat::fromSeconds(seconds))
@@ -18,7 +19,7 @@ std::optional<AQTime> checked(int seconds) {
 } // namespace
 
 AQTime DurationFormat::fromSeconds(int seconds) {
-    const int limited = std::clamp(seconds, 0, maximumSeconds);
+    const int limited = std::clamp(seconds, 0, longestShown);
     const int minutes = limited / secondsPerMinute;
     return {minutes / AQTime::minutesPerHour, minutes % AQTime::minutesPerHour,
             limited % secondsPerMinute};
@@ -26,7 +27,7 @@ AQTime DurationFormat::fromSeconds(int seconds) {
 
 int DurationFormat::secondsOf(const AQTime& time) {
     // A settings file may hold any number of seconds.
-    return time.minuteOfDay() * secondsPerMinute + std::min(time.second, maximumSeconds);
+    return time.minuteOfDay() * secondsPerMinute + std::min(time.second, longestShown);
 }
 
 QString DurationFormat::text(const AQTime& time) const {
@@ -36,7 +37,7 @@ QString DurationFormat::text(const AQTime& time) const {
 }
 
 QString DurationFormat::widestText() const {
-    return text(fromSeconds(maximumSeconds));
+    return text(fromSeconds(longestShown));
 }
 
 std::optional<AQTime> DurationFormat::parse(const QString& text) const {
@@ -65,11 +66,11 @@ std::optional<AQTime> DurationFormat::parse(const QString& text) const {
 }
 
 AQTime DurationFormat::stepped(const AQTime& time, int section, int steps) const {
-    if (section == 0) {
-        const int minutes = std::clamp(time.minuteOfDay() + steps, 0, maximumMinutes);
-        return fromSeconds(minutes * secondsPerMinute + time.second);
-    }
-    return fromSeconds(secondsOf(time) + steps);
+    const int seconds = secondsOf(time);
+    const int step = section == 0 ? secondsPerMinute : 1;
+    // Whole steps only: those of the minutes leave the seconds as they are.
+    const int stepsLeft = steps > 0 ? std::max(maximumSeconds - seconds, 0) / step : seconds / step;
+    return fromSeconds(seconds + step * std::clamp(steps, -stepsLeft, stepsLeft));
 }
 
 AQTime DurationFormat::limited(const AQTime& time) const {

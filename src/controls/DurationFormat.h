@@ -2,7 +2,8 @@
 
 #include "controls/TimeFormat.h"
 
-/// A duration as "1 min 00 s", from nothing to 255 min 59 s, the longest that the controller takes.
+/// A duration as "1 min 00 s". A person enters up to 255 min 59 s, the longest that the controller
+/// takes; a longer one, which a settings file may hold, is shown as it is.
 ///
 /// Minutes beyond 59 are kept in the hour of the AQTime. Reads "1:30", "1 min 30 s", "90 s", "2";
 /// minutes stop at the ends, seconds carry into the minutes.

@@ -71,7 +71,9 @@ TEST(TimeFormats, stepTheSectionAlone) {
 
 TEST(DurationFormat, limitsWhatAFileMayHold) {
     constexpr int most = std::numeric_limits<int>::max();
-    EXPECT_EQ(DurationFormat().limited({23, 59, most}), (AQTime{4, 15, 59}));
+    EXPECT_EQ(DurationFormat().limited({23, 59, most}), (AQTime{23, 59, 59}));
+    EXPECT_EQ(DurationFormat().stepped({5, 0, 0}, 0, 1), (AQTime{5, 0, 0}));
+    EXPECT_EQ(DurationFormat().stepped({5, 0, 0}, 0, -1), (AQTime{4, 59, 0}));
     EXPECT_EQ(DurationFormat().limited({0, 1, 90}), (AQTime{0, 2, 30}));
 }
 
