@@ -143,9 +143,12 @@ void AppDelegate::connectHelp() {
     connect(w.ui.headerTask, &AQGroupHeader::helpRequested, this, &AppDelegate::onBttnHelpTask);
     connect(w.ui.menuitemTaskHelp, &QAction::triggered, this, &AppDelegate::onBttnHelpTask);
     connect(w.ui.menuitemAbout, &QAction::triggered, this, [this] {
-        auto* about = new AQAboutPanel(m_window.get());
-        about->setAttribute(Qt::WA_DeleteOnClose);
+        auto* about = m_window->findChild<AQAboutPanel*>();
+        if (!about)
+            about = new AQAboutPanel(m_window.get());
         about->show();
+        about->raise();
+        about->activateWindow();
     });
 }
 

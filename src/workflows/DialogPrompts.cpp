@@ -58,12 +58,12 @@ void DialogPrompts::askToSave(const QString& message, const QString& informative
     box->show();
 }
 
-void DialogPrompts::confirm(const QString& message, const QString& informative,
+void DialogPrompts::confirm(const QString& message, const QString& informative, Answer usual,
                             std::function<void(bool)> done) {
     QMessageBox* box = makeBox(message, informative);
     box->setIcon(QMessageBox::Question);
     box->setStandardButtons(QMessageBox::Yes | QMessageBox::No);
-    box->setDefaultButton(QMessageBox::Yes);
+    box->setDefaultButton(usual == Answer::Yes ? QMessageBox::Yes : QMessageBox::No);
     box->setEscapeButton(QMessageBox::No);
     QObject::connect(box, &QDialog::finished, box,
                      [done](int result) { done(result == QMessageBox::Yes); });

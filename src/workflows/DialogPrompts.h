@@ -15,7 +15,7 @@ public:
 
     void askToSave(const QString& message, const QString& informative,
                    std::function<void(SaveAnswer)> done) override;
-    void confirm(const QString& message, const QString& informative,
+    void confirm(const QString& message, const QString& informative, Answer usual,
                  std::function<void(bool)> done) override;
     void alert(const QString& message, const QString& informative, Severity severity) override;
     void askForFileToOpen(std::function<void(std::optional<QString>)> done) override;

@@ -145,7 +145,7 @@ void DocumentCommands::confirmThenWrite(const QString& path, const QString& reas
                                         const Continuation& saved) {
     m_prompts.confirm(QStringLiteral("The file will be overwritten!"),
                       reason + QStringLiteral(" Are you sure you want to continue?"),
-                      [this, path, saved](bool yes) {
+                      Prompts::Answer::No, [this, path, saved](bool yes) {
                           if (yes)
                               write(path, saved);
                       });

@@ -13,6 +13,7 @@
 class Prompts {
 public:
     enum class SaveAnswer { Save, Discard, Cancel };
+    enum class Answer { Yes, No };
     enum class Severity { Information, Critical };
 
     virtual ~Prompts() = default;
@@ -20,8 +21,8 @@ public:
     /// "Yes" (save first), "No" (go on without saving), "Cancel".
     virtual void askToSave(const QString& message, const QString& informative,
                            std::function<void(SaveAnswer)> done) = 0;
-    /// Yes or no; `done` gets true for yes only.
-    virtual void confirm(const QString& message, const QString& informative,
+    /// Yes or no, `usual` being what Enter answers; `done` gets true for yes only.
+    virtual void confirm(const QString& message, const QString& informative, Answer usual,
                          std::function<void(bool)> done) = 0;
     /// One "OK" button.
     virtual void alert(const QString& message, const QString& informative, Severity severity) = 0;

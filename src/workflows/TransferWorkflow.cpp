@@ -63,7 +63,8 @@ void TransferWorkflow::loadResult(const TransferResult& result) {
 
 void TransferWorkflow::onBttnSaveToDevice() {
     m_prompts.confirm(QStringLiteral("The device settings will be overwritten!"),
-                      QStringLiteral("Are you sure you want to continue?"), [this](bool yes) {
+                      QStringLiteral("Are you sure you want to continue?"), Prompts::Answer::Yes,
+                      [this](bool yes) {
                           if (yes)
                               send();
                       });

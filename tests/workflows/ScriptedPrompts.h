@@ -25,7 +25,7 @@ public:
         asked << message + u'|' + informative;
         done(take(saveAnswers, SaveAnswer::Cancel));
     }
-    void confirm(const QString& message, const QString& informative,
+    void confirm(const QString& message, const QString& informative, Answer /*usual*/,
                  std::function<void(bool)> done) override {
         asked << message + u'|' + informative;
         done(take(confirmations, false));

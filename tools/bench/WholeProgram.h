@@ -19,7 +19,7 @@ public:
                    std::function<void(SaveAnswer)> done) override {
         done(SaveAnswer::Discard);
     }
-    void confirm(const QString& /*message*/, const QString& /*informative*/,
+    void confirm(const QString& /*message*/, const QString& /*informative*/, Answer /*usual*/,
                  std::function<void(bool)> done) override {
         done(true);
     }
