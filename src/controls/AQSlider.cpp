@@ -49,11 +49,7 @@ void AQSlider::setValue(double value) {
         QAccessibleValueChangeEvent event(this, m_value);
         QAccessible::updateAccessibility(&event);
     }
-    const QPointer<AQSlider> alive(this);
     reportChange(m_value);
-    if (alive) {
-        Q_EMIT valueChanged(m_value);
-    }
 }
 
 QVariant AQSlider::objectValue() const {

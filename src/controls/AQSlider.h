@@ -19,8 +19,8 @@ public:
     explicit AQSlider(QWidget* parent = nullptr);
 
     double value() const { return m_value; }
-    /// Limits `value` to 0..1. A new value is stored, reported to the delegate, then announced by
-    /// `valueChanged`; an equal one, or one that is not a number, does nothing.
+    /// Limits `value` to 0..1. A new value is stored, then reported to the delegate; an equal one,
+    /// or one that is not a number, does nothing.
     void setValue(double value);
 
     /// A double.
@@ -41,10 +41,6 @@ public:
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
-
-Q_SIGNALS:
-    /// After the delegate has been told.
-    void valueChanged(double value);
 
 protected:
     explicit AQSlider(QWidget* parent, std::optional<QLinearGradient> gradient);

@@ -37,7 +37,6 @@ void LiveMode::onBttnLiveMode(bool isOn) {
         m_liveModeTimer->stop();
         m_lamp.releaseAfterLevels();
     }
-    Q_EMIT isOnChanged(isOn);
 }
 
 void LiveMode::setSuspended(bool isSuspended) {

@@ -30,15 +30,10 @@ public:
     LiveMode(AQDataSource& data, LampPreview& lamp, AQSwitchButton& bttnLiveModeSwitch,
              Intervals intervals, QObject* parent = nullptr);
 
-    /// The switch; a lost link leaves it on.
-    bool isOn() const { return m_isOn; }
     /// The task light is being edited from now on, and has changed if the lamp shows it already.
     void taskLightTouched();
     /// While suspended another user has the lamp; afterwards it is taken again if the mode is on.
     void setSuspended(bool isSuspended);
-
-Q_SIGNALS:
-    void isOnChanged(bool isOn);
 
 private:
     enum class EditedLight { None, Point, TaskLight };
@@ -58,7 +53,7 @@ private:
     LampPreview& m_lamp;
     Intervals m_intervals;
     QTimer* m_liveModeTimer;
-    bool m_isOn = false;
+    bool m_isOn = false; ///< the switch; a lost link leaves it on
     bool m_isSuspended = false;
     EditedLight m_editedLight = EditedLight::None;
     int m_editedRow = -1;

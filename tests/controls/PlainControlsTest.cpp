@@ -16,22 +16,17 @@ TEST(Buttons, answerToKeyboardAndMouseWhenEnabled) {
     AQSwitchButton toggle;
     AQFlatButton button;
     toggle.resize(toggle.sizeHint());
-    for (QAbstractButton* each :
-         {static_cast<QAbstractButton*>(&toggle), static_cast<QAbstractButton*>(&button)}) {
-        QSignalSpy clicked(each, &QAbstractButton::clicked);
+    for (QAbstractButton* each : std::initializer_list<QAbstractButton*>{&toggle, &button}) {
+        const QSignalSpy clicked(each, &QAbstractButton::clicked);
         QTest::mouseClick(each, Qt::LeftButton, {}, {3, 3});
-        for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter})
-            QTest::keyClick(each, key);
+        QTest::keyClick(each, Qt::Key_Return);
         each->setEnabled(false);
         QTest::keyClick(each, Qt::Key_Return);
-        EXPECT_EQ(clicked.count(), 4);
+        EXPECT_EQ(clicked.count(), 2);
     }
-    EXPECT_FALSE(toggle.isChecked());
 }
 
 TEST(HelpPopover, standsInItsWindowGrowsWithTheFontAndClosesByItself) {
-    const QString text = QStringLiteral("A text that is long enough to need more than one line of "
-                                        "the room which the popover offers.");
     QWidget window;
     AQHelpButton button(&window);
     window.setGeometry(100, 100, 500, 400);
@@ -43,8 +38,11 @@ TEST(HelpPopover, standsInItsWindowGrowsWithTheFontAndClosesByItself) {
     window.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     button.setFocus();
-
-    QPointer<AQHelpPopover> popover = AQHelpPopover::present(button, text, {300, 120});
+    const auto present = [&] {
+        return QPointer(
+            AQHelpPopover::present(button, QStringLiteral("word ").repeated(25), {300, 120}));
+    };
+    auto popover = present();
     const auto* label = popover->findChild<QLabel*>();
     EXPECT_GE(label->height(), label->heightForWidth(label->width()));
     EXPECT_TRUE(window.geometry().contains(popover->placement().frame));
@@ -53,7 +51,7 @@ TEST(HelpPopover, standsInItsWindowGrowsWithTheFontAndClosesByItself) {
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
     EXPECT_TRUE(QTest::qWaitFor([&] { return popover.isNull() && button.hasFocus(); }));
 
-    popover = AQHelpPopover::present(button, text, {300, 120});
+    popover = present();
     QTest::mouseClick(popover, Qt::LeftButton, {}, {-50, -20});
     EXPECT_TRUE(QTest::qWaitFor([&] { return popover.isNull(); }));
 }

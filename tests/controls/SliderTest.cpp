@@ -1,0 +1,136 @@
+#include "controls/AQSliderBrightness.h"
+#include "controls/AQSliderColorTemp.h"
+#include "controls/DisplayColors.h"
+#include "controls/Strokes.h"
+#include "data/AQDataSource.h"
+
+#include <QAccessible>
+#include <QPainter>
+#include <QTest>
+#include <QWheelEvent>
+
+#include <gtest/gtest.h>
+#include <limits>
+
+namespace {
+
+struct SliderTest : ::testing::Test {
+    NotificationCenter center;
+    AQDataSource document{center};
+    QWidget window;
+    AQSliderBrightness slider{&window};
+    AQSliderColorTemp color{&window};
+
+    SliderTest() {
+        slider.setGeometry(0, 0, 220, 30);
+        color.setGeometry(0, 40, 400, 100);
+        slider.setDocument(&document);
+        color.setDocument(&document);
+        window.show();
+        window.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+        window.setFocus();
+    }
+    static QImage paint(QWidget& widget) {
+        QImage image(widget.size(), QImage::Format_ARGB32_Premultiplied);
+        image.fill(QColor(100, 120, 140));
+        widget.render(&image, {}, {}, QWidget::RenderFlags());
+        return image;
+    }
+};
+
+TEST_F(SliderTest, theKnobsCentreFollowsThePointer) {
+    const std::pair<int, double> table[] = {{10, 0.0}, {60, 0.25}, {-40, 0.0}, {400, 1.0}};
+    QTest::mousePress(&slider, Qt::LeftButton, {}, {110, 15});
+    EXPECT_DOUBLE_EQ(slider.value(), 0.5);
+    for (const auto& [x, value] : table) {
+        QMouseEvent move(QEvent::MouseMove, QPointF(x, 5), slider.mapToGlobal(QPointF(x, 5)),
+                         Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&slider, &move);
+        EXPECT_DOUBLE_EQ(slider.value(), value) << "x = " << x;
+    }
+    QTest::mouseRelease(&slider, Qt::LeftButton, {}, {400, 15});
+    QTest::mouseMove(&slider, {60, 15});
+    QTest::mouseClick(&slider, Qt::RightButton, {}, {60, 15});
+    EXPECT_DOUBLE_EQ(slider.value(), 1.0) << "only the held left button sets";
+}
+
+TEST_F(SliderTest, onlyTheHandMarksTheDocumentDirtyEvenAtTheLimit) {
+    slider.setValue(1.7);
+    slider.setObjectValue(QStringLiteral("0.7"));
+    slider.setValue(std::numeric_limits<double>::quiet_NaN());
+    slider.setEnabled(false);
+    QTest::mouseClick(&slider, Qt::LeftButton, {}, {110, 15});
+    EXPECT_EQ(slider.value(), 1.0);
+    EXPECT_FALSE(document.isDirty());
+
+    slider.setEnabled(true);
+    QTest::keyClick(&slider, Qt::Key_Right);
+    EXPECT_TRUE(document.isDirty());
+    document.setIsDirty(false);
+    QAccessible::queryAccessibleInterface(&color)->valueInterface()->setCurrentValue(0.5);
+    EXPECT_DOUBLE_EQ(color.value(), 0.5);
+    EXPECT_TRUE(document.isDirty());
+}
+
+TEST_F(SliderTest, theWheelTurnsOnlyTheFocusedSlider) {
+    const auto turn = [this](int delta) {
+        QWheelEvent event(QPointF(20, 10), slider.mapToGlobal(QPointF(20, 10)), {}, {0, delta},
+                          Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&slider, &event);
+        return slider.value();
+    };
+    slider.setValue(0.5);
+    EXPECT_DOUBLE_EQ(turn(120), 0.5);
+    slider.setFocus();
+    EXPECT_NEAR(turn(120), 0.51, 1e-12);
+    EXPECT_NEAR(turn(-60), 0.51, 1e-12);
+    EXPECT_NEAR(turn(-60), 0.50, 1e-12) << "fine wheels add up";
+}
+
+TEST_F(SliderTest, showsThePercentageOfEachChannel) {
+    const double table[][4] = {{0.25, 0.5, 50, 25}, {1.0, 0.8, 0, 80}, {0.0025, 1.0, 100, 1}};
+    for (const auto& [value, maximum, warm, cold] : table) {
+        color.setObjectValue(QVariantList{value, maximum});
+        EXPECT_EQ(color.warmValue(), warm) << value;
+        EXPECT_EQ(color.coldValue(), cold) << value;
+    }
+}
+
+TEST_F(SliderTest, theKnobBrightensABarOfTheLampsColours) {
+    const QImage left = paint(slider);
+    EXPECT_GT(left.pixelColor(217, 20).red(), 250);
+    slider.setValue(0.25); // knob from 52 to 68
+    const QImage knob = paint(slider);
+    for (const int x : {53, 66})
+        EXPECT_NEAR(knob.pixelColor(x, 5).red(), 127.5 + left.pixelColor(x, 5).red() / 2.0, 2.0);
+    for (const int x : {52, 67})
+        EXPECT_EQ(knob.pixelColor(x, 15), DisplayColors::disabled);
+    slider.setEnabled(false);
+    EXPECT_EQ(paint(slider).pixelColor(20, 15), QColor(100, 120, 140));
+
+    color.setValue(1.0);
+    color.setShowCurve(false);
+    const QImage bar = paint(color);
+    EXPECT_NEAR(bar.pixelColor(2, 20).blue(), DisplayColors::warm.blue(), 3);
+    EXPECT_NEAR(bar.pixelColor(200, 20).blue(), 255, 3);
+    color.setShowCurve(true);
+    EXPECT_LT(paint(color).pixelColor(190, 20).blue(), 235) << "the guide peaks in the middle";
+}
+
+// Source 0.7 takes 76 of every channel; half a pixel goes half the way.
+TEST(Strokes, plusDarkerSubtractsAndStopsAtBlack) {
+    const QColor backdrop(50, 200, 255);
+    QImage image(4, 4, QImage::Format_ARGB32_Premultiplied);
+    image.fill(backdrop);
+    QPainter painter(&image);
+    Strokes::plusDarker(painter, QRectF(0, 0, 4, 4), [](QPainter& strokes) {
+        strokes.fillRect(QRectF(0.0, 1.5, 4.0, 1.5), Strokes::plusDarkerPen(0.7));
+    });
+    painter.end();
+    EXPECT_EQ(image.pixelColor(2, 0), backdrop) << "outside the stroke nothing changes";
+    EXPECT_NEAR(image.pixelColor(2, 1).green(), 162, 1);
+    EXPECT_EQ(image.pixelColor(2, 2), QColor(0, 124, 179));
+}
+
+} // namespace

@@ -1,0 +1,144 @@
+#include "controls/AQTimeDurationEdit.h"
+#include "controls/AQTimeEdit.h"
+#include "controls/AQValueDelegate.h"
+#include "controls/ClockFormat.h"
+#include "controls/DurationFormat.h"
+
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QTest>
+#include <QWheelEvent>
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+namespace {
+
+const ClockFormat clockFormat;
+const DurationFormat durationFormat;
+
+TEST(TimeFormats, readWhatAPersonMayMean) {
+    // What is typed, and how the format writes what it read; nothing for nonsense.
+    const std::tuple<const TimeFormat&, std::vector<const char*>, const char*> table[] = {
+        {clockFormat, {"7:5", "0705", "705", "7.05", " 7 05 ", "7h05"}, "07:05"},
+        {clockFormat, {"12", "12:"}, "12:00"},
+        {clockFormat, {"23:59"}, "23:59"},
+        {clockFormat, {"", "24:00", "2360", "abc", "-1", "12:30:15", "00012", ":30"}, ""},
+        {durationFormat, {"1:30", "90 s", "1 min 30 s", "1m30s", "1 30"}, "1 min 30 s"},
+        {durationFormat, {"2"}, "2 min 00 s"},
+        {durationFormat, {"255:59", "15359s"}, "255 min 59 s"},
+        {durationFormat, {"", "15360s", "256", "1:60", "-5", "soon"}, ""}};
+    for (const auto& [format, texts, read] : table) {
+        for (const char* text : texts) {
+            const auto time = format.parse(QString::fromLatin1(text));
+            EXPECT_EQ(time ? format.text(*time) : QString(), QLatin1String(read)) << text;
+        }
+    }
+    EXPECT_EQ(durationFormat.limited({23, 59, std::numeric_limits<int>::max()}),
+              (AQTime{23, 59, 59}));
+    EXPECT_EQ(durationFormat.limited({0, 1, 90}), (AQTime{0, 2, 30}));
+}
+
+TEST(TimeFormats, stepTheSectionAlone) {
+    const std::tuple<const TimeFormat&, AQTime, int, int, AQTime> table[] = {
+        {clockFormat, {23, 30, 0}, 0, 1, {0, 30, 0}},
+        {clockFormat, {7, 55, 0}, 1, 10, {7, 5, 0}},
+        {durationFormat, {0, 0, 10}, 0, -1, {0, 0, 10}},
+        {durationFormat, {0, 0, 59}, 1, 1, {0, 1, 0}},
+        {durationFormat, {4, 15, 59}, 1, 1, {4, 15, 59}},
+        // From a file may come more than can be entered.
+        {durationFormat, {5, 0, 0}, 0, 1, {5, 0, 0}},
+        {durationFormat, {5, 0, 0}, 0, -1, {4, 59, 0}}};
+    for (const auto& [format, from, section, steps, to] : table)
+        EXPECT_EQ(format.stepped(from, section, steps), to);
+}
+
+/// Keeps what value views report, and answers as `verdict` says.
+class RecordingDelegate : public AQValueDelegate {
+public:
+    std::vector<QVariant> changes;
+    std::vector<QVariant> asked;
+    std::function<bool(const QVariant&)> verdict = [](const QVariant&) { return true; };
+
+    void aqValueDidChange(AQValueView& /*view*/, const QVariant& value) override {
+        changes.push_back(value);
+    }
+    bool aqValueShouldChange(AQValueView& /*view*/, const QVariant& value) override {
+        asked.push_back(value);
+        return verdict(value);
+    }
+    void aqGotFocus(AQValueView& /*view*/) override {}
+};
+
+struct TimeEditTest : ::testing::Test {
+    RecordingDelegate delegate;
+    QWidget window;
+    AQTimeEdit edit{&window};
+    AQTimeDurationEdit duration{&window};
+
+    TimeEditTest() {
+        edit.setDelegate(&delegate);
+        edit.setTime({7, 30, 0});
+        window.show();
+        window.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+        duration.setFocus(Qt::TabFocusReason);
+        edit.setFocus(Qt::TabFocusReason); // selects the text
+    }
+
+    static QWidget* field() { return QApplication::focusWidget(); }
+    QString shown() const { return edit.findChild<QLineEdit*>()->text(); }
+    static void type(const char* text, Qt::Key end = Qt::Key_Return) {
+        QTest::keyClicks(field(), QString::fromLatin1(text));
+        QTest::keyClick(field(), end);
+    }
+};
+
+TEST_F(TimeEditTest, typedTextIsADraftUntilEnterOrTheLossOfFocus) {
+    QTest::keyClicks(field(), QStringLiteral("0705"));
+    EXPECT_TRUE(delegate.asked.empty());
+    QTest::keyClick(field(), Qt::Key_Return);
+    EXPECT_EQ(edit.time(), (AQTime{7, 5, 0}));
+    type("12", Qt::Key_Escape);
+    EXPECT_EQ(shown(), QStringLiteral("07:05"));
+    type("7:05");
+    EXPECT_EQ(delegate.asked.size(), 1U) << "the same time asks nothing";
+    QTest::keyClick(field(), Qt::Key_Up); // selects the hour alone; typing goes on to the minutes
+    type("0945", Qt::Key_Tab);
+    EXPECT_TRUE(duration.isWindowFocus());
+    ASSERT_EQ(delegate.changes.size(), 3U);
+    EXPECT_EQ(delegate.changes.back().value<AQTime>(), (AQTime{9, 45, 0}));
+}
+
+TEST_F(TimeEditTest, wheelStepsTheFocusedOneAlone) {
+    QWidget* timeField = field();
+    for (int turns = 0; turns < 2; ++turns) {
+        QWheelEvent wheel({5, 5}, timeField->mapToGlobal(QPointF(5, 5)), {}, {0, 120}, Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(timeField, &wheel);
+        EXPECT_EQ(edit.time(), (AQTime{8, 30, 0}));
+        duration.setFocus(Qt::TabFocusReason);
+    }
+}
+
+TEST_F(TimeEditTest, aRefusedTimeIsShownAsSuchAndTheOldOneKept) {
+    delegate.verdict = [](const QVariant& value) { return value.value<AQTime>().hour != 12; };
+    const QSignalSpy refused(&edit, &AQTimeValueView::refused);
+    type("12");
+    EXPECT_EQ(shown(), QStringLiteral("07:30"));
+    EXPECT_TRUE(edit.showsRefusal());
+    edit.setTime({11, 30, 0});
+    QTest::keyClick(field(), Qt::Key_Up);
+    EXPECT_EQ(edit.time(), (AQTime{11, 30, 0})) << "a step is refused alike";
+
+    delegate.asked.clear();
+    type("noon");
+    type("99", Qt::Key_Tab);
+    EXPECT_EQ(shown(), QStringLiteral("11:30"));
+    EXPECT_EQ(refused.count(), 4);
+    EXPECT_TRUE(delegate.asked.empty()) << "nonsense is refused without asking anyone";
+    EXPECT_TRUE(edit.showsRefusal()) << "also when the focus goes on";
+}
+
+} // namespace
