@@ -23,6 +23,7 @@ TEST(ProgramInterpolation, FollowsTheProgramAroundTheDay) {
         {"between two points", day, {9, 15, 0}, 0.4, 0.7},
         {"seconds move nothing within a minute", day, {9, 15, 59}, 0.4, 0.7},
         // From 23:30 to 8:30 there are 540 minutes.
+        {"before midnight", day, {23, 57, 0}, 0.57, 0.24},
         {"midnight", day, {0, 0, 0}, 0.6 * 510 / 540, 0.2 + 0.8 * 30 / 540},
         {"half way over midnight", day, {4, 0, 0}, 0.3, 0.6},
         {"two points in one minute", sameMinute, {9, 0, 0}, 0.2, 0.1},

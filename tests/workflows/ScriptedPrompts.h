@@ -8,8 +8,7 @@
 
 /// Answers the program's questions from lists and writes down what was asked and told.
 ///
-/// Answers at once unless told to hold; a question without an answer left is recorded as such and
-/// treated like "Cancel".
+/// Answers at once; a question without an answer left is treated like "Cancel".
 class ScriptedPrompts : public Prompts {
 public:
     std::deque<SaveAnswer> saveAnswers;
@@ -46,10 +45,8 @@ public:
 private:
     template <class T>
     T take(std::deque<T>& answers, T otherwise) {
-        if (answers.empty()) {
-            asked << QStringLiteral("(no answer left)");
+        if (answers.empty())
             return otherwise;
-        }
         T answer = answers.front();
         answers.pop_front();
         return answer;

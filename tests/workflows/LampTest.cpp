@@ -1,0 +1,249 @@
+#include "controls/AQCurveView.h"
+#include "controls/AQSwitchButton.h"
+#include "controls/ProgramInterpolation.h"
+#include "data/AQDataSource.h"
+#include "data/ColorMapping.h"
+#include "workflows/DemoMode.h"
+#include "workflows/LampPreview.h"
+#include "workflows/LiveMode.h"
+#include "workflows/SimulatedLink.h"
+#include "yprotocoll/YCommands.h"
+
+#include <gtest/gtest.h>
+
+#include <QPushButton>
+#include <QSignalSpy>
+
+namespace {
+
+using namespace std::chrono_literals;
+using Brightness = AQSequence::Brightness;
+using Commands = SimulatedLink::Commands;
+
+const std::string enable = "CmdEnableDemoMode 1";
+const std::string disable = "CmdDisableDemoMode 0";
+const std::string full = "CmdSetDemoModeLevels 1 254 254";
+
+std::string levels(const AQTimePoint& light) {
+    const ChannelLevels channels = levelsFromLight(light.colorTemp, light.brightness);
+    return "CmdSetDemoModeLevels 1 " + std::to_string(channels.cold) + ' ' +
+           std::to_string(channels.warm);
+}
+
+/// Live mode and demo mode at one lamp, as in the window, with shorter intervals.
+class LampTest : public testing::Test {
+protected:
+    void SetUp() override {
+        link.connectedChanged = [this](bool isConnected) { lamp.setConnected(isConnected); };
+        QObject::connect(&demo, &DemoMode::runningChanged, &live, &LiveMode::setSuspended);
+        curveView.setDocument(data);
+        ASSERT_TRUE(link.connect());
+    }
+    void touch(int row) { sequence.notifySelectionChange(row, nullptr); }
+    void setBrightness(int row, double value) {
+        sequence.updateWithRow(row, Brightness{value}, nullptr);
+    }
+    void replaceBy(std::vector<AQTimePoint> points) {
+        sequence.replacePoints(std::move(points));
+        sequence.notifyDataChange(nullptr, true);
+    }
+    /// The demo, when it runs, has come to this hour.
+    bool reaches(int hour) {
+        return link.waitFor([&] {
+            const auto playhead = curveView.playheadTime();
+            return !playhead || playhead->hour >= hour;
+        });
+    }
+    bool isReleased() {
+        return link.waitFor([this] { return !lamp.hasLamp() && !demo.isRunning(); });
+    }
+    /// Longer than what waits in the stream would take: its interval and an answer.
+    bool passesTheInterval() {
+        const double later = link.log.secondsNow() + 0.08;
+        return link.waitFor([&] { return link.log.secondsNow() > later; });
+    }
+    /// What the lamp is shown when live mode is switched on anew.
+    Commands shownAnew() {
+        liveSwitch.setChecked(false);
+        EXPECT_TRUE(isReleased() && passesTheInterval());
+        link.ignoreSoFar();
+        liveSwitch.setChecked(true);
+        EXPECT_TRUE(passesTheInterval());
+        return link.commands();
+    }
+
+    SimulatedLink link;
+    NotificationCenter notifications;
+    AQDataSource data{notifications};
+    AQSequence& sequence = data.sequence();
+    LampPreview lamp{link.controller, LampPreview::Intervals{.levels = 20ms}};
+    AQSwitchButton liveSwitch;
+    AQCurveView curveView;
+    QPushButton bttnRunDemo;
+    LiveMode live{data, lamp, liveSwitch};
+    DemoMode demo{data, lamp, curveView, bttnRunDemo, DemoMode::Intervals{.tick = 1ms}};
+};
+
+TEST_F(LampTest, liveModeKnowsItsPointWhenRowsMove) {
+    touch(3);
+    const AQTimePoint edited = sequence.at(3);
+    sequence.deleteWithRow(0, nullptr);
+    EXPECT_EQ(shownAnew(), Commands({enable, levels(edited)}));
+    sequence.setTime(0, {23, 0}, nullptr);
+    EXPECT_EQ(shownAnew(), Commands({enable, levels(edited)}));
+    sequence.deleteWithRow(1, nullptr);
+    EXPECT_EQ(shownAnew(), Commands({enable}));
+    touch(3);
+    data.loadDefaults();
+    EXPECT_EQ(shownAnew(), Commands({enable}));
+    // A new time touches its point; letting go of the selection leaves it.
+    sequence.setTime(1, {10, 1}, nullptr);
+    touch(-1);
+    EXPECT_EQ(shownAnew(), Commands({enable, levels(sequence.at(1))}));
+}
+
+TEST_F(LampTest, liveModeKeepsThePreviewAliveBehindModalWindowsToo) {
+    EXPECT_EQ(LiveMode::Intervals().keepAlive, 50s);
+    AQSwitchButton button;
+    LiveMode shortLived{data, lamp, button, LiveMode::Intervals{.keepAlive = 150ms}};
+    std::vector<double> times;
+    const auto receives = [&](const Commands& commands) {
+        const bool asExpected = link.receives(commands);
+        times.push_back(link.log.events().back().seconds);
+        return asExpected;
+    };
+    link.pause.setActive(true);
+    button.setChecked(true);
+    ASSERT_TRUE(receives({enable}));
+    ASSERT_TRUE(receives({enable, enable}));
+    EXPECT_NEAR(times[1] - times[0], 0.150, 0.050);
+    // Half way to the next one the levels start the time anew.
+    ASSERT_TRUE(link.waitFor([&] { return link.log.secondsNow() > times[1] + 0.075; }));
+    touch(2);
+    touch(2); // the same again would only hold up the next
+    ASSERT_TRUE(receives({enable, enable, full}));
+    ASSERT_TRUE(receives({enable, enable, full, enable}));
+    EXPECT_GT(times[3] - times[2], 0.120);
+}
+
+TEST_F(LampTest, noLateReleaseEndsAPreviewThatWasTakenAgain) {
+    liveSwitch.setChecked(true);
+    touch(2);
+    liveSwitch.setChecked(false);
+    EXPECT_TRUE(lamp.hasLamp()) << "until the controller has confirmed it";
+    ASSERT_TRUE(link.receives({enable, full, disable}));
+    ASSERT_TRUE(isReleased());
+
+    // Off and on again before the release could go out.
+    link.ignoreSoFar();
+    liveSwitch.setChecked(true);
+    ASSERT_TRUE(link.receives({enable, full}));
+    liveSwitch.setChecked(false);
+    liveSwitch.setChecked(true);
+    ASSERT_TRUE(link.receives({enable, full, enable, full}));
+    // The same with no levels to take the release's place in the stream.
+    liveSwitch.setChecked(false);
+    data.loadDefaults();
+    link.ignoreSoFar();
+    liveSwitch.setChecked(true);
+    ASSERT_TRUE(passesTheInterval());
+    EXPECT_EQ(link.commands(), Commands({enable}));
+    EXPECT_TRUE(lamp.hasLamp());
+}
+
+TEST_F(LampTest, aLinkLostAtTheEndLeavesLiveModeOn) {
+    liveSwitch.setChecked(true);
+    ASSERT_TRUE(link.receives({enable}));
+    link.faults.add(*Fault::parse("unplug"));
+    lamp.releaseForGood([] { ADD_FAILURE() << "nobody has released the lamp"; });
+    ASSERT_TRUE(link.waitFor([this] { return !link.isConnected; }));
+    link.faults.clear();
+    ASSERT_TRUE(link.connect());
+    EXPECT_TRUE(link.waitFor([this] { return link.device.state().demoActive; }));
+}
+
+TEST_F(LampTest, demoPlaysTheWholeDayAndStopsByItself) {
+    const QSignalSpy signs(&lamp, &LampPreview::signChanged);
+    bttnRunDemo.click();
+    EXPECT_EQ(curveView.playheadTime(), AQTime{});
+    ASSERT_TRUE(isReleased());
+    EXPECT_EQ(curveView.playheadTime(), std::nullopt);
+    ASSERT_EQ(signs.count(), AQTime::minutesPerDay + 1);
+    EXPECT_EQ(signs.at(1439).first().toString(), QStringLiteral("DEMO 23:59"));
+    EXPECT_EQ(signs.last().first().toString(), QString());
+
+    // Levels in the order of the day, each that of some minute after the one before it.
+    const auto commands = link.commands();
+    ASSERT_GT(commands.size(), 10U);
+    EXPECT_EQ(commands.front(), enable);
+    EXPECT_EQ(commands.back(), disable);
+    int minute = 0;
+    for (std::size_t i = 1; i + 1 < commands.size(); ++i) {
+        while (minute < AQTime::minutesPerDay &&
+               commands[i] != levels(lightAt(sequence.points(), AQTime::fromMinuteOfDay(minute))))
+            ++minute;
+        ASSERT_LT(minute, AQTime::minutesPerDay) << commands[i];
+    }
+    EXPECT_GT(minute, 1200);
+}
+
+TEST_F(LampTest, nothingFollowsTheReleaseOfAStoppedDemo) {
+    for (const char* fault : {"delay=0", "delay=15", "delay=50"}) {
+        SCOPED_TRACE(fault);
+        link.faults.add(*Fault::parse(fault));
+        bttnRunDemo.click();
+        ASSERT_TRUE(reaches(2));
+        bttnRunDemo.click();
+        ASSERT_TRUE(isReleased() && passesTheInterval());
+        EXPECT_EQ(link.commands().back(), disable);
+        EXPECT_FALSE(link.device.state().demoActive);
+        link.faults.clear();
+    }
+}
+
+TEST_F(LampTest, demoGoesOnWithAnotherProgramAndWithoutALink) {
+    bttnRunDemo.click();
+    replaceBy({});
+    curveView.setEnabled(false); // analog mode
+    ASSERT_TRUE(reaches(3));
+    replaceBy({{{12, 0, 0}, 0.5, 1.0}});
+    ASSERT_TRUE(link.waitFor([this] { return link.commands().back() == full; }));
+    ASSERT_TRUE(link.disconnect());
+    EXPECT_TRUE(demo.isRunning());
+    // The day ends without a controller: the lamp is given back once there is one.
+    ASSERT_TRUE(link.waitFor([this] { return !demo.isRunning(); }));
+    EXPECT_TRUE(lamp.hasLamp());
+    EXPECT_EQ(lamp.sign(), QString());
+    link.device.editState().demoActive = true;
+    ASSERT_TRUE(link.connect());
+    EXPECT_TRUE(isReleased());
+    EXPECT_FALSE(link.device.state().demoActive);
+}
+
+TEST_F(LampTest, liveModeStandsBackForADemoAndComesAgain) {
+    liveSwitch.setChecked(true);
+    touch(2);
+    bttnRunDemo.click();
+    EXPECT_EQ(lamp.sign(), QStringLiteral("DEMO 00:00"));
+    ASSERT_TRUE(reaches(1));
+    setBrightness(2, 0.5);
+    bttnRunDemo.click();
+    EXPECT_EQ(lamp.sign(), QStringLiteral("LIVE PREVIEW"));
+    const std::string edited = levels(sequence.at(2));
+    ASSERT_TRUE(link.waitFor([&] { return link.commands().back() == edited; }));
+    const auto commands = link.commands();
+    ASSERT_GE(commands.size(), 5U);
+    EXPECT_EQ(commands[commands.size() - 3], disable);
+    EXPECT_EQ(commands[commands.size() - 2], enable);
+
+    // Switched off during a demo, it takes the lamp from nobody.
+    bttnRunDemo.click();
+    liveSwitch.setChecked(false);
+    ASSERT_TRUE(reaches(1));
+    EXPECT_TRUE(lamp.hasLamp());
+    bttnRunDemo.click();
+    EXPECT_TRUE(isReleased());
+    EXPECT_EQ(link.commands().back(), disable);
+}
+
+} // namespace
