@@ -31,9 +31,8 @@ int warmWeight(int color) {
 ChannelLevels levelsFromLight(double colorTemp, double brightness) {
     const int color = byteFromFraction(colorTemp);
     const int light = byteFromFraction(brightness);
-    const double cold = coldWeight(color) * light / fullProduct;
-    const double warm = warmWeight(color) * light / fullProduct;
-    return {levelFromShare(cold), levelFromShare(warm), cold, warm};
+    return {levelFromShare(coldWeight(color) * light / fullProduct),
+            levelFromShare(warmWeight(color) * light / fullProduct)};
 }
 
 Light lightFromLevels(std::uint8_t cold, std::uint8_t warm) {

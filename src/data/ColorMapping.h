@@ -6,13 +6,10 @@
 // back. At colour temperature 0.5 both outputs carry the full brightness; towards 1.0 the warm one
 // fades out, towards 0.0 the cold one. Levels are those of yprotocoll/DimmingCurve.h.
 
-/// The levels of the lamp's outputs, 0..254, and the linear shares of full light that they stand
-/// for.
+/// The levels of the lamp's outputs, 0..254.
 struct ChannelLevels {
-    std::uint8_t cold = 0;  ///< channel 0
-    std::uint8_t warm = 0;  ///< channel 1
-    double coldShare = 0.0; ///< 0.0..1.0, before rounding to a level
-    double warmShare = 0.0;
+    std::uint8_t cold = 0; ///< channel 0
+    std::uint8_t warm = 0; ///< channel 1
 };
 
 /// A light as a person sets it; both are fractions 0.0..1.0.

@@ -13,8 +13,6 @@ struct ReaderFixture {
     AQDataSourceReader reader{document};
     NotificationLog log{center};
 
-    ReaderFixture() { log.name(reader, "reader"); }
-
     /// "600/144/204 ...": minute, colour and intensity of each point.
     std::string points() const {
         std::string text;

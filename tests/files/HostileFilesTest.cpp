@@ -8,13 +8,11 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-#include <cstdio>
 #include <fstream>
 #include <malloc.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
-#include <thread>
 #include <unistd.h>
 
 namespace {
@@ -60,10 +58,6 @@ Cost costOfLoading(const QString& path) {
 
 class HostileFiles : public testing::Test {
 protected:
-    ~HostileFiles() override {
-        std::printf("dearest: %ld ms, %ld KiB\n", m_worst.milliseconds, m_worst.kilobytes);
-    }
-
     QString path(const char* name) const { return m_folder.filePath(QLatin1String(name)); }
     /// The path of a file with these contents.
     QString put(const QByteArray& bytes) const {
@@ -71,17 +65,14 @@ protected:
         EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
         return file.fileName();
     }
-    void expectCheap(const QString& file) {
+    static void expectCheap(const QString& file) {
         const Cost cost = costOfLoading(file);
         EXPECT_LE(cost.milliseconds, maxMilliseconds);
         EXPECT_LE(cost.kilobytes, maxKilobytes);
-        m_worst = {std::max(m_worst.milliseconds, cost.milliseconds),
-                   std::max(m_worst.kilobytes, cost.kilobytes)};
     }
 
 private:
     QTemporaryDir m_folder;
-    Cost m_worst;
 };
 
 QByteArray nested(int depth) {
@@ -108,66 +99,54 @@ QByteArray utf16(const char* text, bool bigEndian) {
     return bytes;
 }
 
-const char analog[] = "<?xml version='1.0' encoding='UTF-16'?><mode1_10v>0</mode1_10v>";
+const char wide[] = "<?xml version='1.0' encoding='UTF-16'?><mode1_10v>0</mode1_10v>";
 const QByteArray start = "<settings><mode1_10v>0</mode1_10v><timeline><point><time>5</time>"
                          "<intensity>1</intensity><color>2</color></point>";
 const QByteArray next = "<point><time>6</time><intensity>1</intensity><color>2</color></point>";
 const QByteArray end = "</timeline></settings>";
+// Documents after reading.
+const std::string untouched = std::string(defaultPoints) + defaultRest;
+const std::string analog = std::string(defaultPoints) + "0:1:0/128/255 0";
+const std::string first = "5/2/1 0:1:0/128/255 0"; ///< has `start`
 
 TEST_F(HostileFiles, areReadAsFarAsTheyAreSound) {
     const struct {
         const char* name;
         QByteArray bytes;
         bool ok = false;
-        std::string points = defaultPoints;
-        const char* rest = defaultRest;
+        std::string state = untouched;
     } cases[] = {
         {"empty file", ""},
-        {"no XML", "hello"},
-        {"cut in a point", start + next.left(20), false, "5/2/1 ", "0:1:0/128/255 0"},
-        {"tags mixed up", start + "</settings>", false, "5/2/1 ", "0:1:0/128/255 0"},
-        {"two roots", start + end + "<settings/>", false, "5/2/1 ", "0:1:0/128/255 0"},
-        {"undeclared entity", start + "&x;" + next + end, false, "5/2/1 ", "0:1:0/128/255 0"},
-        {"NUL", start + '\0' + next + end, false, "5/2/1 ", "0:1:0/128/255 0"},
-        {"NUL at the end", start + end + '\0', false, "5/2/1 ", "0:1:0/128/255 0"},
-        {"control character", start + "\x01" + next + end, false, "5/2/1 ", "0:1:0/128/255 0"},
-        {"bad UTF-8", start + "<!--\xff-->" + next + end, false, "5/2/1 ", "0:1:0/128/255 0"},
-        {"character cut in two", start + end + "<!--\xc3", false, "5/2/1 ", "0:1:0/128/255 0"},
-        {"attribute twice", start + "<x a='' a=''/>" + end, false, "5/2/1 ", "0:1:0/128/255 0"},
-        {"too deep", start + nested(63) + next + end, false, "5/2/1 ", "0:1:0/128/255 0"},
+        {"cut in a point", start + next.left(20), false, first},
+        {"two roots", start + end + "<settings/>", false, first},
+        {"undeclared entity", start + "&x;" + next + end, false, first},
+        {"NUL", start + '\0' + next + end, false, first},
+        {"bad UTF-8", start + "<!--\xff-->" + next + end, false, first},
+        {"attribute twice", start + "<x a='' a=''/>" + end, false, first},
+        {"too deep", start + nested(63) + next + end, false, first},
         {"depth at the limit", nested(AQDataSourceReader::maxDepth), true},
         {"document type", "<!DOCTYPE settings>" + start + end},
         {"entities of entities", "<!-- > --><!DOCTYPE s [<!ENTITY a '1234567890'>"
                                  "<!ENTITY b '&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;'>"
                                  "<!ENTITY c '&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;'>]>"
                                  "<mode1_10v>&c;</mode1_10v>"},
-        {"external entity", "<!DOCTYPE s [<!ENTITY x SYSTEM 'file:///etc/passwd'>]>"
-                            "<mode1_10v>&x;</mode1_10v>"},
         {"UTF-7", "<?xml version='1.0' encoding='UTF-7'?>" + start + end},
-        {"latin 1", "<?xml version='1.0' encoding='ISO-8859-1'?>" + start + end},
-        {"UTF-16 that is none", analog},
-        {"UTF-16 without a mark", utf16(analog, false)},
-        {"UTF-16", "\xff\xfe" + utf16(analog, false), true, defaultPoints, "0:1:0/128/255 0"},
-        {"UTF-16, the other", "\xfe\xff" + utf16(analog, true), true, defaultPoints,
-         "0:1:0/128/255 0"},
-        {"UTF-8 with a mark", "\xef\xbb\xbf<mode1_10v>\r\n0\r\n</mode1_10v>\r\n", true,
-         defaultPoints, "0:1:0/128/255 0"},
-        {"US-ASCII", "<?xml version='1.0' encoding='us-ascii'?><mode1_10v>0</mode1_10v>", true,
-         defaultPoints, "0:1:0/128/255 0"},
+        {"UTF-16 that is none", wide},
+        {"UTF-16 without a mark", utf16(wide, false)},
+        {"UTF-16", "\xff\xfe" + utf16(wide, false), true, analog},
+        {"UTF-16, the other", "\xfe\xff" + utf16(wide, true), true, analog},
+        {"UTF-8 with a mark", "\xef\xbb\xbf<mode1_10v>\r\n0\r\n</mode1_10v>\r\n", true, analog},
         {"attributes", manyAttributes(maxSize) + "/>"},
         {"tags at the limit", full("<r>", manyAttributes(GuardedXml::maxTagLength) + "/>", "</r>"),
          true},
         {"one attribute", full("<a b='", "&lt;", "'/>")},
         {"nothing but tags", full("", "<a>")},
-        {"nothing but brackets", full("", "<")},
-        {"elements", full("<r>", "<a/>", "</r>"), true},
         {"references", full("<r>", "1&#50;", "</r>"), true},
-        {"comments", full("<r>", "<!---->", "</r>"), true},
         {"a huge number", full("<mode1_10v>", "1", "</mode1_10v>"), true},
         {"points", full("<timeline>", next, "</timeline>"), true,
-         QByteArray("6/2/1 ").repeated((maxSize - 21) / next.size()).toStdString()},
+         QByteArray("6/2/1 ").repeated((maxSize - 21) / next.size()).toStdString() + defaultRest},
         {"largest file", start + end + QByteArray(maxSize - (start + end).size(), ' '), true,
-         "5/2/1 ", "0:1:0/128/255 0"},
+         first},
     };
     for (const auto& test : cases) {
         SCOPED_TRACE(test.name);
@@ -175,9 +154,8 @@ TEST_F(HostileFiles, areReadAsFarAsTheyAreSound) {
         ReaderFixture f;
         EXPECT_EQ(f.reader.loadFromFile(file), test.ok) << f.reader.errorString().toStdString();
         EXPECT_EQ(f.reader.errorString().isEmpty(), test.ok);
-        EXPECT_EQ(f.points(), test.points);
-        EXPECT_EQ(f.rest(), test.rest);
-        EXPECT_EQ(f.log.take().back(), "dataLoaded from reader");
+        EXPECT_EQ(f.points() + f.rest(), test.state);
+        EXPECT_EQ(f.log.take().back(), "dataLoaded from AQDataSourceReader");
         expectCheap(file);
     }
 }
@@ -185,19 +163,15 @@ TEST_F(HostileFiles, areReadAsFarAsTheyAreSound) {
 TEST_F(HostileFiles, areRefusedWhenTheyAreNoSmallFile) {
     ASSERT_EQ(::mkfifo(QFile::encodeName(path("fifo")).constData(), 0600), 0);
     ASSERT_EQ(::symlink("loop", QFile::encodeName(path("loop")).constData()), 0);
-    QFile attributes(path("attributes"));
-    ASSERT_TRUE(attributes.open(QIODevice::WriteOnly));
-    for (int index = 0; index < 1'000'000; ++index)
-        attributes.write(" a" + QByteArray::number(index, 36) + "=''");
     for (const QString& file :
-         {path("missing"), path("fifo"), path("loop"), path("."), attributes.fileName(),
+         {path("missing"), path("fifo"), path("loop"), path("."),
           put(start + end + QByteArray(maxSize + 1 - (start + end).size(), ' ')), QString(),
           QStringLiteral("/dev/zero"), QStringLiteral("/dev/tty")}) {
         SCOPED_TRACE(file.toStdString());
         ReaderFixture f;
         EXPECT_FALSE(f.reader.loadFromFile(file));
         EXPECT_FALSE(f.reader.errorString().isEmpty());
-        EXPECT_EQ(f.points() + f.rest(), std::string(defaultPoints) + defaultRest);
+        EXPECT_EQ(f.points() + f.rest(), untouched);
         EXPECT_TRUE(f.log.take().empty());
         expectCheap(file);
     }
@@ -210,39 +184,10 @@ TEST_F(HostileFiles, areReadAsFarAsTheyGo) {
         SCOPED_TRACE(cut.toStdString());
         ReaderFixture f;
         EXPECT_EQ(f.reader.read(cut), size == good.size());
-        const qsizetype points = cut.count("</point>");
-        EXPECT_EQ(f.points(), !cut.contains("<timeline>") ? defaultPoints
-                              : points == 0               ? ""
-                              : points == 1               ? "5/2/1 "
-                                                          : "5/2/1 6/2/1 ");
+        const char* const points[] = {"", "5/2/1 ", "5/2/1 6/2/1 "};
+        EXPECT_EQ(f.points(),
+                  cut.contains("<timeline>") ? points[cut.count("</point>")] : defaultPoints);
         EXPECT_EQ(f.document.isProgramMode(), !cut.contains("<mode1_10v>0<"));
-    }
-}
-
-TEST_F(HostileFiles, mayGrowAndShrinkWhileTheyAreRead) {
-    const QByteArray good = "<timeline>" + next.repeated(1000) + "</timeline>";
-    const QString file = put(good);
-    const std::jthread other([&good, &file](const std::stop_token& stop) {
-        QFile changing(file);
-        if (!changing.open(QIODevice::ReadWrite | QIODevice::Unbuffered))
-            return;
-        while (!stop.stop_requested()) {
-            for (const qint64 size : {qint64{good.size()}, maxSize + 1, qint64{good.size() / 2}}) {
-                changing.resize(size);
-                changing.seek(0);
-                changing.write(good.left(size));
-            }
-        }
-    });
-    const std::string all = QByteArray("6/2/1 ").repeated(1000).toStdString();
-    for (int run = 0; run < 50; ++run) {
-        ReaderFixture f;
-        const bool ok = f.reader.loadFromFile(file);
-        const bool refused = f.log.take().empty();
-        const std::string points = f.points();
-        EXPECT_TRUE(!ok || points == all);
-        EXPECT_TRUE(refused || points == defaultPoints || all.starts_with(points));
-        EXPECT_TRUE(!refused || (!ok && points == defaultPoints));
     }
 }
 
