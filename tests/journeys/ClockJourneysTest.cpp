@@ -1,4 +1,4 @@
-#include "journeys/ExpectSoon.h"
+#include "journeys/Journey.h"
 
 #include <QDateTime>
 #include <QJsonObject>
@@ -15,7 +15,7 @@ class ClockJourneys : public testing::Test {
 protected:
     void openPanel() {
         ASSERT_TRUE(journey.chooseMenu("Set Device Time..."));
-        ASSERT_FALSE(journey.waitForDialog("Controller's clock").empty());
+        ASSERT_NE(journey.dialog("Controller's clock"), "");
         ok = journey.find("push button", "OK");
         const UiElement computerTime = journey.find("radio button", "Computer's time");
         expectSoon([&] { return computerTime.isFocused(); }, true);
@@ -115,7 +115,7 @@ TEST_F(ClockJourneys, pulledCableAndImpossibleDateAreTold) {
     ASSERT_TRUE(journey.waitForText("invalid date from the controller"));
 
     EXPECT_EQ(journey.control(QStringLiteral("unplug")), QStringLiteral("ok"));
-    ASSERT_FALSE(journey.waitForDialog("Device Error!").empty());
+    ASSERT_NE(journey.dialog("Device Error!"), "");
     EXPECT_EQ(journey.dialogs().size(), 2U);
     ASSERT_TRUE(journey.press("OK"));
     ASSERT_TRUE(journey.waitForText("The controller is not connected; its clock cannot be set."));

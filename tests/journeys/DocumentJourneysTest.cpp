@@ -1,7 +1,5 @@
 #include "journeys/Journey.h"
 
-#include <gtest/gtest.h>
-
 #include <QDir>
 #include <QFile>
 
@@ -12,6 +10,11 @@ namespace {
 QByteArray contents(const QString& path) {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void write(const QString& path, const QByteArray& text) {
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(text) == text.size());
 }
 
 std::string question(const std::string& message) {
@@ -39,7 +42,7 @@ QByteArray taskIntensity(const QString& path) {
 bool keys(const Journey& journey, const char* names) {
     const bool isReady =
         Journey::waitUntil([&] { return journey.find("list", "Light program curve").isFocused(); });
-    Journey::keys({QLatin1String(names)});
+    Journey::keys(names);
     return isReady;
 }
 
@@ -96,9 +99,7 @@ TEST(Documents, areKeptInFilesAndAskedAbout) {
     ASSERT_TRUE(becomes(journey, "Aquelon - second.sq *"));
     EXPECT_EQ(taskIntensity(second), "128");
 
-    QFile file(broken);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write("<settings><timeline>") > 0);
-    file.close();
+    write(broken, "<settings><timeline>");
     ASSERT_TRUE(journey.chooseMenu("Open..."));
     ASSERT_TRUE(journey.press("No"));
     ASSERT_TRUE(journey.chooseFile(broken));
@@ -124,11 +125,8 @@ TEST(Documents, areKeptInFilesAndAskedAbout) {
 TEST(Documents, openAtTheStartAndAreLeftAloneWhenToldSo) {
     const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("lamp.sq"));
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     const QByteArray dark = "<settings><timeline></timeline></settings>";
-    file.write(dark);
-    file.close();
+    write(path, dark);
     Journey journey({QStringLiteral("--no-device")}, {path});
     ASSERT_TRUE(becomes(journey, "Aquelon - lamp.sq"));
     ASSERT_TRUE(edit(journey, 0.5, "lamp.sq"));

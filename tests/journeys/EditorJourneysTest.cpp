@@ -1,4 +1,4 @@
-#include "journeys/ExpectSoon.h"
+#include "journeys/Journey.h"
 
 #include <algorithm>
 

@@ -1,10 +1,9 @@
 #include "journeys/Journey.h"
 
-#include <gtest/gtest.h>
-
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QLocalSocket>
 #include <QThread>
 
 #include <sys/prctl.h>
@@ -17,17 +16,34 @@
 
 namespace {
 
-constexpr int replyLimit = 10'000; // milliseconds
-constexpr std::chrono::milliseconds lookAgain{20};
+using Matches = std::function<bool(const UiElement&)>;
 
-bool isDialog(const UiElement& window) {
-    const std::string role = window.role();
-    return window.isShowing() && role != "frame" && (role == "alert" || role == "dialog");
-}
+constexpr int limit = 30'000; // milliseconds, far beyond what anything takes
+constexpr unsigned long lookAgain = 20;
 
 QByteArray contents(const QString& path) {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// Waits for an element in the window, also one of a closed menu, and presses it.
+bool pressFirst(const std::function<UiElement()>& window, const Matches& matches,
+                UiElement::Search search = UiElement::Search::Showing) {
+    return Journey::waitUntil([&] {
+        const auto found = window().findAll(matches, search);
+        if (found.empty())
+            return false;
+        found.front().press();
+        return true;
+    });
+}
+
+void xdotool(const QStringList& arguments) {
+    EXPECT_EQ(QProcess::execute(QStringLiteral("xdotool"), arguments), 0);
+}
+
+QStringList moveTo(QPoint place) {
+    return {QStringLiteral("mousemove"), QString::number(place.x()), QString::number(place.y())};
 }
 
 } // namespace
@@ -44,25 +60,23 @@ Journey::Journey(const QStringList& simulatorOptions, const QStringList& program
     m_simulator.start(QStringLiteral(SIMULATOR_PROGRAM),
                       QStringList{QStringLiteral("--name"), port()} + simulatorOptions + own +
                           programArguments);
-    const bool started = waitUntil([this] {
-        const auto status = QJsonDocument::fromJson(control(QStringLiteral("status")).toUtf8());
-        m_programId = status[QStringLiteral("pid")].toInteger();
+    EXPECT_TRUE(waitUntil([this] {
+        m_programId = status(QLatin1String("pid")).toInteger();
         return m_programId > 0 && !title().empty();
-    });
-    EXPECT_TRUE(started) << "the program did not show its window";
+    })) << "the program did not show its window";
 }
 
 Journey::~Journey() {
     if (testing::Test::HasFailure())
         explainWindow();
-    if (isRunning()) {
+    if (m_simulator.state() != QProcess::NotRunning && m_programId > 0) {
         signal(SIGTERM);
-        const int status = waitForEnd();
-        EXPECT_EQ(status, 0) << "the program's exit status after SIGTERM";
+        EXPECT_EQ(waitForEnd(), 0) << "the program's exit status after SIGTERM";
     }
     if (testing::Test::HasFailure())
         std::fprintf(stderr, "--- the line\n%s--- the program's output\n%s---\n",
-                     contents(file(QStringLiteral("wire"))).constData(), output().c_str());
+                     contents(file(QStringLiteral("wire"))).constData(),
+                     contents(file(QStringLiteral("output"))).constData());
     m_simulator.kill();
     m_simulator.waitForFinished();
 }
@@ -78,12 +92,12 @@ void Journey::explainWindow() const {
                  application().tree().c_str());
 }
 
-bool Journey::waitUntil(const std::function<bool()>& holds, std::chrono::milliseconds limit) {
-    const auto deadline = std::chrono::steady_clock::now() + limit;
+bool Journey::waitUntil(const std::function<bool()>& holds) {
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::milliseconds(limit);
     while (!holds()) {
         if (std::chrono::steady_clock::now() > deadline)
             return false;
-        QThread::msleep(static_cast<unsigned long>(lookAgain.count()));
+        QThread::msleep(lookAgain);
     }
     return true;
 }
@@ -97,9 +111,12 @@ std::string Journey::title() const {
 }
 
 std::vector<UiElement> Journey::dialogs() const {
-    std::vector<UiElement> result;
-    std::ranges::copy_if(application().children(), std::back_inserter(result), isDialog);
-    return result;
+    auto windows = application().children();
+    std::erase_if(windows, [](const UiElement& window) {
+        const std::string role = window.role();
+        return !window.isShowing() || (role != "alert" && role != "dialog");
+    });
+    return windows;
 }
 
 UiElement Journey::front() const {
@@ -119,39 +136,22 @@ bool Journey::shows(const std::string& text) const {
     return !front().findAll(says).empty();
 }
 
-bool Journey::waitForText(const std::string& text, std::chrono::milliseconds limit) const {
-    return waitUntil([&] { return shows(text); }, limit);
-}
-
-std::vector<std::string> Journey::waitForDialog(const std::string& text,
-                                                std::chrono::milliseconds limit) const {
-    std::vector<std::string> texts;
-    waitUntil(
-        [&] {
-            texts.clear();
-            const auto open = dialogs();
-            if (open.empty())
-                return false;
-            for (const UiElement& label :
-                 open.back().findAll([](const UiElement& e) { return e.role() == "label"; }))
-                texts.push_back(label.name());
-            return std::ranges::find(texts, text) != texts.end();
-        },
-        limit);
-    return std::ranges::find(texts, text) == texts.end() ? std::vector<std::string>() : texts;
+bool Journey::waitForText(const std::string& text) const {
+    return waitUntil([&] { return shows(text); });
 }
 
 std::string Journey::dialog(const std::string& text) const {
-    const auto labels = waitForDialog(text);
-    const auto open = dialogs();
-    if (labels.empty() || open.empty())
+    std::vector<UiElement> open;
+    if (!waitUntil([&] { return !(open = dialogs()).empty() && open.back().find("label", text); }))
         return {};
+    const auto all = [&](const char* role) {
+        return open.back().findAll([role](const UiElement& e) { return e.role() == role; });
+    };
     std::string line = open.size() > 1 ? std::to_string(open.size()) + " dialogs: " : "";
     line += open.back().name();
-    for (const std::string& label : labels)
-        line += "|" + label;
-    auto buttons =
-        open.back().findAll([](const UiElement& e) { return e.role() == "push button"; });
+    for (const UiElement& label : all("label"))
+        line += "|" + label.name();
+    auto buttons = all("push button");
     std::ranges::sort(buttons, {}, [](const UiElement& e) { return e.screenRect().x(); });
     char separator = '|';
     for (const UiElement& button : buttons)
@@ -164,66 +164,40 @@ bool Journey::waitForNoDialog() const {
 }
 
 bool Journey::press(const std::string& name) const {
-    const auto isPressable = [&](const UiElement& element) {
-        const std::string role = element.role();
-        return element.name() == name && element.isEnabled() && role != "label";
-    };
-    return waitUntil([&] {
-        const auto found = front().findAll(isPressable);
-        if (found.empty())
-            return false;
-        found.front().press();
-        return true;
-    });
+    return pressFirst([this] { return front(); },
+                      [&](const UiElement& element) {
+                          return element.name() == name && element.isEnabled() &&
+                                 element.role() != "label";
+                      });
 }
 
 bool Journey::chooseMenu(const std::string& entry) const {
-    // Entries of a closed menu do not show.
-    const std::function<UiElement(const UiElement&)> search = [&](const UiElement& element) {
-        if (element.role() == "menu item" && element.name() == entry && element.isEnabled())
-            return element;
-        for (const UiElement& child : element.children()) {
-            if (const UiElement found = search(child))
-                return found;
-        }
-        return UiElement();
-    };
-    return waitUntil([&] {
-        const UiElement item = dialogs().empty() ? search(application()) : UiElement();
-        item.press();
-        return static_cast<bool>(item);
-    });
+    return waitForNoDialog() && pressFirst([this] { return application(); },
+                                           [&](const UiElement& element) {
+                                               return element.name() == entry &&
+                                                      element.isEnabled() &&
+                                                      element.role() == "menu item";
+                                           },
+                                           UiElement::Search::Hidden);
 }
 
 bool Journey::chooseFile(const QString& path) const {
     UiElement field;
-    const bool open = waitUntil([&] {
-        const auto windows = dialogs();
-        field = windows.empty() ? UiElement() : windows.back().find("text", {});
-        return field && windows.back().find("push button", "Cancel");
+    const bool isOpen = waitUntil([&] {
+        field = find("text", {});
+        return !dialogs().empty() && field && find("push button", "Cancel");
     });
-    if (!open)
-        return false;
     field.setText(path.toStdString());
-    // The accepting button is the one that is not "Cancel".
-    return waitUntil([&] {
-        for (const char* accept : {"Open", "Save"}) {
-            const UiElement button = find("push button", accept);
-            if (button && button.isEnabled()) {
-                button.press();
-                return true;
-            }
-        }
-        return false;
-    });
+    const auto accepts = [](const UiElement& element) {
+        const std::string name = element.name();
+        return element.role() == "push button" && element.isEnabled() &&
+               (name == "Open" || name == "Save");
+    };
+    return isOpen && pressFirst([this] { return front(); }, accepts);
 }
 
-void Journey::xdotool(const QStringList& arguments) {
-    EXPECT_EQ(QProcess::execute(QStringLiteral("xdotool"), arguments), 0);
-}
-
-void Journey::keys(const QStringList& names) {
-    xdotool(QStringList{QStringLiteral("key")} + names);
+void Journey::keys(const char* names) {
+    xdotool(QStringList{QStringLiteral("key")} + QString::fromLatin1(names).split(u' '));
 }
 
 void Journey::type(const QString& text) {
@@ -231,19 +205,14 @@ void Journey::type(const QString& text) {
 }
 
 void Journey::click(QPoint place) {
-    xdotool({QStringLiteral("mousemove"), QString::number(place.x()), QString::number(place.y()),
-             QStringLiteral("click"), QStringLiteral("1")});
+    xdotool(moveTo(place) + QStringList{QStringLiteral("click"), QStringLiteral("1")});
 }
 
 void Journey::drag(const UiElement& element, const std::vector<QPoint>& places) {
-    QStringList steps;
-    const auto moveTo = [&](QPoint place) {
-        steps +=
-            {QStringLiteral("mousemove"), QString::number(place.x()), QString::number(place.y())};
-    };
-    moveTo(element.screenRect().center());
+    QStringList steps = moveTo(element.screenRect().center());
     steps += {QStringLiteral("mousedown"), QStringLiteral("1")};
-    std::ranges::for_each(places, moveTo);
+    for (const QPoint place : places)
+        steps += moveTo(place);
     xdotool(steps + QStringList{QStringLiteral("mouseup"), QStringLiteral("1")});
 }
 
@@ -254,17 +223,20 @@ QString Journey::port(int index) {
 QString Journey::control(const QString& command) const {
     QLocalSocket socket;
     socket.connectToServer(file(QStringLiteral("control")));
-    if (!socket.waitForConnected(replyLimit))
+    if (!socket.waitForConnected(limit))
         return {};
     socket.write(command.toUtf8() + '\n');
-    while (!socket.canReadLine() && socket.waitForReadyRead(replyLimit)) {
+    while (!socket.canReadLine() && socket.waitForReadyRead(limit)) {
     }
     return QString::fromUtf8(socket.readLine()).trimmed();
 }
 
-QJsonValue Journey::controller(QLatin1String entry, int index) const {
-    const auto status = QJsonDocument::fromJson(control(QStringLiteral("status")).toUtf8());
-    return status[QStringLiteral("devices")][index][entry];
+QJsonValue Journey::status(QLatin1String entry) const {
+    return QJsonDocument::fromJson(control(QStringLiteral("status")).toUtf8())[entry];
+}
+
+QJsonValue Journey::controller(QLatin1String entry) const {
+    return status(QLatin1String("devices"))[0][entry];
 }
 
 std::vector<WireEvent> Journey::wire() const {
@@ -293,30 +265,12 @@ bool Journey::waitForCommand(const std::string& command, int atLeast) const {
     return waitUntil([&] { return count(command) >= atLeast; });
 }
 
-bool Journey::isRunning() const {
-    return m_simulator.state() != QProcess::NotRunning && m_programId > 0 &&
-           ::kill(static_cast<pid_t>(m_programId), 0) == 0;
-}
-
-double Journey::cpuSeconds() const {
-    const QByteArray stat = contents(QStringLiteral("/proc/%1/stat").arg(m_programId));
-    // The fields after the name, which may hold spaces; 12th and 13th are the times.
-    const auto fields = stat.mid(stat.lastIndexOf(')') + 2).split(' ');
-    return (fields.value(11).toDouble() + fields.value(12).toDouble()) /
-           static_cast<double>(sysconf(_SC_CLK_TCK));
-}
-
-std::string Journey::output() const {
-    return contents(file(QStringLiteral("output"))).toStdString();
-}
-
 void Journey::signal(int number) const {
     ::kill(static_cast<pid_t>(m_programId), number);
 }
 
-int Journey::waitForEnd(std::chrono::milliseconds limit) {
-    if (m_simulator.state() != QProcess::NotRunning &&
-        !m_simulator.waitForFinished(static_cast<int>(limit.count())))
-        return -1;
-    return m_simulator.exitCode();
+int Journey::waitForEnd() {
+    const bool hasEnded =
+        m_simulator.state() == QProcess::NotRunning || m_simulator.waitForFinished(limit);
+    return hasEnded ? m_simulator.exitCode() : -1;
 }

@@ -3,8 +3,9 @@
 #include "journeys/UiElement.h"
 #include "simulator/WireEvent.h"
 
+#include <gtest/gtest.h>
+
 #include <QJsonValue>
-#include <QLocalSocket>
 #include <QProcess>
 #include <QString>
 #include <QStringList>
@@ -12,6 +13,7 @@
 
 #include <chrono>
 #include <functional>
+#include <source_location>
 #include <string>
 #include <vector>
 
@@ -19,23 +21,20 @@
 /// outside: through the accessibility tree, the keyboard and the pointer, the simulator's commands
 /// and log, signals and files.
 ///
-/// Needs a `JourneySession`. At its end the program is told to quit by SIGTERM when it still runs,
-/// and the test fails unless it then ends with status 0 (a sanitizer's finding is another status).
-/// A failed test prints the window's tree, the line's log and the program's output, and leaves a
-/// screenshot.
+/// Needs a desktop, with nobody else at its keyboard. At its end the program is told to quit by
+/// SIGTERM when it still runs, and the test fails unless it then ends with status 0 (a sanitizer's
+/// finding is another status). A failed test prints the window's tree, the line's log and the
+/// program's output, and leaves a screenshot.
 class Journey {
 public:
-    static constexpr std::chrono::milliseconds usualLimit{30'000};
-
     explicit Journey(const QStringList& simulatorOptions = {},
                      const QStringList& programArguments = {});
     ~Journey();
     Journey(const Journey&) = delete;
     Journey& operator=(const Journey&) = delete;
 
-    /// Looks again and again until `holds` is true; false when it is not within the limit.
-    static bool waitUntil(const std::function<bool()>& holds,
-                          std::chrono::milliseconds limit = usualLimit);
+    /// Looks again and again until `holds` is true; false when it is not within half a minute.
+    static bool waitUntil(const std::function<bool()>& holds);
 
     // The window. While a dialog is open, elements are searched for in the front one only: what is
     // behind it cannot be reached by a person either.
@@ -47,11 +46,7 @@ public:
     UiElement find(const std::string& role, const std::string& name) const;
     /// A label, button, time in the table or other element with exactly this text.
     bool shows(const std::string& text) const;
-    bool waitForText(const std::string& text, std::chrono::milliseconds limit = usualLimit) const;
-    /// Waits for a dialog that shows this text and returns all its labels' texts in order; empty
-    /// when it does not come.
-    std::vector<std::string> waitForDialog(const std::string& text,
-                                           std::chrono::milliseconds limit = usualLimit) const;
+    bool waitForText(const std::string& text) const;
     /// Waits for a dialog that shows this text and describes it in one line, as a person reads it:
     /// "Aquelon|message|informative text|Yes No Cancel", title first and buttons from left to
     /// right. "2 dialogs: " stands before it when there is another one; empty when it does not
@@ -63,22 +58,17 @@ public:
     bool press(const std::string& name) const;
     /// As `press`, for an entry of a menu that need not be open.
     bool chooseMenu(const std::string& entry) const;
-
     /// Waits for a file dialog, fills in the path and accepts it.
     bool chooseFile(const QString& path) const;
 
-    /// Keys by their X names, "ctrl+s", "Return", to the focused window.
-    static void keys(const QStringList& names);
-    /// The same with blanks between the names.
-    static void keys(const char* names) { keys(QString::fromLatin1(names).split(u' ')); }
+    /// Keys by their X names with blanks between them, "ctrl+s Return", to the focused window.
+    static void keys(const char* names);
     static void type(const QString& text);
     /// The pointer's left button, at a place on the screen.
     static void click(QPoint place);
     static void click(const UiElement& element) { click(element.screenRect().center()); }
     /// Presses there, moves through the places and lets go at the last one.
     static void drag(const UiElement& element, const std::vector<QPoint>& places);
-    /// Arguments of xdotool, for the pointer: {"mousemove", "10", "20", "click", "1"}.
-    static void xdotool(const QStringList& arguments);
 
     // The controllers.
 
@@ -87,9 +77,9 @@ public:
     static QString port(int index = 0);
     /// A command to the simulator; its reply ("ok").
     QString control(const QString& command) const;
-    /// One entry of what the `index`-th controller stores and does: "channels", "taskLight",
-    /// "demoActive", "clock" and the others of `reportOf`.
-    QJsonValue controller(QLatin1String entry, int index = 0) const;
+    /// One entry of what the controller stores and does: "channels", "taskLight", "demoActive",
+    /// "clock" and the others of `reportOf`.
+    QJsonValue controller(QLatin1String entry) const;
     /// Everything on the line until now.
     std::vector<WireEvent> wire() const;
     /// The commands that the controllers received, by name, in order.
@@ -100,22 +90,31 @@ public:
     // The process.
 
     qint64 processId() const { return m_programId; }
-    bool isRunning() const;
-    /// Processor seconds used until now, user and system.
-    double cpuSeconds() const;
-    /// What the program wrote to its standard output and error.
-    std::string output() const;
     void signal(int number) const;
     /// Waits for the program's end; its exit status, or −1 when it does not end.
-    int waitForEnd(std::chrono::milliseconds limit = usualLimit);
+    int waitForEnd();
     /// A folder of the journey's own.
     QString file(const QString& name) const { return m_folder.filePath(name); }
 
 private:
     UiElement application() const { return UiElement::application(m_programId); }
+    QJsonValue status(QLatin1String entry) const;
     void explainWindow() const;
 
     QTemporaryDir m_folder;
     QProcess m_simulator;
     qint64 m_programId = 0;
 };
+
+/// Expects `read()` to be `expected` within the usual limit. What the program shows follows the
+/// hand, the line and the accessibility bus a little later.
+template <class Read, class Value>
+void expectSoon(Read read, const Value& expected,
+                std::source_location where = std::source_location::current()) {
+    const testing::ScopedTrace trace(where.file_name(), static_cast<int>(where.line()), "from");
+    // After a failure there is nothing left to wait for.
+    const bool wait = !testing::Test::HasFailure();
+    auto seen = read();
+    Journey::waitUntil([&] { return seen == expected || !wait || ((seen = read()), false); });
+    EXPECT_EQ(seen, expected);
+}

@@ -1,6 +1,8 @@
-#include "journeys/ExpectSoon.h"
+#include "journeys/Journey.h"
 
+#include <QElapsedTimer>
 #include <QJsonArray>
+#include <QTime>
 
 #include <algorithm>
 #include <csignal>
@@ -81,7 +83,7 @@ protected:
         const int enables = journey.count(enable);
         const int shown = journey.count(levels);
         EXPECT_EQ(journey.control(QStringLiteral("unplug")), QStringLiteral("ok"));
-        EXPECT_FALSE(journey.waitForDialog("Device Error!").empty());
+        EXPECT_NE(journey.dialog("Device Error!"), "");
         EXPECT_EQ(journey.dialogs().size(), 1U);
         ASSERT_TRUE(journey.press("OK"));
         ASSERT_TRUE(journey.waitForNoDialog());
@@ -120,7 +122,7 @@ TEST_F(LampJourneys, liveModeFollowsTheHand) {
 
     Journey::keys("Right Right");
     expectSoon([this] { return told(); }, std::vector{full, full});
-    Journey::keys(QStringList(10, QStringLiteral("shift+Down")));
+    Journey::keys("--repeat 10 shift+Down");
     expectSoon([this] { return told(); }, std::vector{0, 0});
 
     const UiElement intensity = journey.find("slider", "Point 3, Intensity");
@@ -142,7 +144,7 @@ TEST_F(LampJourneys, liveModeFollowsTheHand) {
     EXPECT_TRUE(liveMode.isChecked());
 
     // The last edit goes out before the lamp is given back.
-    Journey::keys(QStringList(3, QStringLiteral("Left")));
+    Journey::keys("Left Left Left");
     Journey::click(liveMode);
     ASSERT_TRUE(journey.waitForCommand(disable));
     expectSoon([this] { return sign(); }, "");
@@ -161,6 +163,13 @@ TEST_F(LampJourneys, workDuringADemoDoesNoHarm) {
     ASSERT_TRUE(journey.press("Run Demo"));
     ASSERT_TRUE(journey.waitForCommand(levels));
     EXPECT_EQ(preview().front().text, enable);
+    // 1440 minutes in 115.2 s, in the long run.
+    const auto minute = [this] {
+        return QTime::fromString(QString::fromStdString(sign()).mid(5, 5));
+    };
+    QElapsedTimer watch;
+    watch.start();
+    const QTime began = minute();
     const auto moves = [this] {
         const std::string before = sign();
         return before.starts_with("DEMO ") && Journey::waitUntil([&] { return sign() > before; });
@@ -176,19 +185,21 @@ TEST_F(LampJourneys, workDuringADemoDoesNoHarm) {
     EXPECT_TRUE(moves());
 
     ASSERT_TRUE(journey.press("Load from device"));
-    ASSERT_FALSE(journey.waitForDialog("Save changes before loading settings").empty());
+    ASSERT_NE(journey.dialog("Save changes before loading settings"), "");
     ASSERT_TRUE(journey.press("No"));
     ASSERT_TRUE(journey.waitForNoDialog());
     ASSERT_TRUE(journey.waitForText("11:00"));
     EXPECT_TRUE(moves());
 
     ASSERT_TRUE(journey.chooseMenu("Open..."));
-    ASSERT_FALSE(journey.waitForDialog("Save changes before opening new file?").empty());
+    ASSERT_NE(journey.dialog("Save changes before opening new file?"), "");
     ASSERT_TRUE(journey.press("No"));
     ASSERT_TRUE(journey.chooseFile(path));
     ASSERT_TRUE(journey.waitForText("08:30"));
     pullTheCableAndPlugItInAgain("DEMO ");
     EXPECT_TRUE(moves());
+    const double pace = began.secsTo(minute()) / 60.0 / (double(watch.elapsed()) / 1000.0);
+    EXPECT_NEAR(pace, 12.5, 1.25);
 
     ASSERT_TRUE(journey.press("Stop Demo"));
     ASSERT_TRUE(journey.waitForCommand(disable));

@@ -1,17 +1,12 @@
 #include "journeys/Journey.h"
 
-#include <gtest/gtest.h>
-
+#include <QFile>
 #include <QJsonArray>
-#include <QJsonDocument>
 #include <QJsonObject>
 
 #include <algorithm>
 
 namespace {
-
-const std::string success = "Aquelon|Upload was successfull!|Your settings have been applied to "
-                            "the device.|OK";
 
 /// The times of the program that a new document holds, with these levels.
 QJsonArray channel(const std::vector<int>& levels) {
@@ -28,9 +23,15 @@ void send(const Journey& journey) {
               "Aquelon|The device settings will be overwritten!|Are you sure you want to "
               "continue?|Yes No");
     ASSERT_TRUE(journey.press("Yes"));
-    EXPECT_EQ(journey.dialog("Upload was successfull!"), success);
+    EXPECT_EQ(journey.dialog("Upload was successfull!"),
+              "Aquelon|Upload was successfull!|Your settings have been applied to the device.|OK");
     ASSERT_TRUE(journey.press("OK"));
     ASSERT_TRUE(journey.waitForNoDialog());
+}
+
+void loseProgram(const Journey& journey, int channels) {
+    for (int number = 0; number < channels; ++number)
+        journey.control(QStringLiteral("sequence %1").arg(number));
 }
 
 /// How many commands were received, those that were repeated for want of an answer once.
@@ -38,6 +39,28 @@ std::ptrdiff_t distinctCommands(const Journey& journey) {
     auto events = journey.wire();
     std::erase_if(events, [](const WireEvent& e) { return e.kind != WireEvent::Kind::Received; });
     return std::ranges::unique(events, {}, &WireEvent::bytes).begin() - events.begin();
+}
+
+TEST(Transfer, loadsSendsAndKeepsTheControllersProgram) {
+    const Journey journey(
+        {QStringLiteral("--pace"), QStringLiteral("--channels"), QStringLiteral("4")});
+    ASSERT_TRUE(journey.waitForText("CONNECTED"));
+    const QJsonValue stored = journey.controller(QLatin1String("channels"));
+    ASSERT_TRUE(journey.press("Load from device"));
+    ASSERT_TRUE(journey.waitForText("11:00"));
+    EXPECT_EQ(journey.title(), "Aquelon - Untitled *");
+    loseProgram(journey, 4);
+    send(journey);
+    EXPECT_EQ(journey.controller(QLatin1String("channels")), stored);
+
+    const QString path = journey.file(QStringLiteral("reef.sq"));
+    ASSERT_TRUE(journey.chooseMenu("Save"));
+    ASSERT_TRUE(journey.chooseFile(path));
+    ASSERT_TRUE(journey.waitForText("Aquelon - reef.sq"));
+    EXPECT_TRUE(QFile::exists(path));
+    const Journey again({QStringLiteral("--no-device")}, {path});
+    ASSERT_TRUE(again.waitForText("11:00"));
+    EXPECT_EQ(again.title(), "Aquelon - reef.sq");
 }
 
 TEST(Transfer, sendsAndLoadsTheDefaultProgram) {
@@ -82,8 +105,7 @@ TEST(Transfer, sendsAndLoadsTheDefaultProgram) {
         ASSERT_TRUE(journey.press("Load from device"));
         ASSERT_TRUE(Journey::waitUntil([&] { return journey.title() == "Aquelon - Untitled *"; }));
         EXPECT_EQ(distinctCommands(journey) - before, c.asked);
-        for (int number = 0; number < c.channels; ++number)
-            journey.control(QStringLiteral("sequence %1").arg(number));
+        loseProgram(journey, c.channels);
         send(journey);
         storesAll();
     }
@@ -91,36 +113,32 @@ TEST(Transfer, sendsAndLoadsTheDefaultProgram) {
 
 TEST(Transfer, whatTheControllerCannotTakeIsRefused) {
     const struct {
-        QStringList options;
-        const char* reason;
+        const char* channels;
+        std::string reason;
         bool isLoadRefused;
     } cases[] = {
-        {{QStringLiteral("--channels"), QStringLiteral("3"), QStringLiteral("--points"),
-          QStringLiteral("6")},
-         "Wrong number of channels: got 3, expected 2 or 4.",
-         true},
-        {{QStringLiteral("--points"), QStringLiteral("6")},
+        {"3", "Wrong number of channels: got 3, expected 2 or 4.", true},
+        {"2",
          "Too many time points in sequence: 7. This controller supports a maximmum of 6 points "
          "only.",
          false},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.reason);
-        const Journey journey(c.options);
+        const Journey journey({QStringLiteral("--points"), QStringLiteral("6"),
+                               QStringLiteral("--channels"), QLatin1String(c.channels)});
+        const auto refuses = [&](const std::string& message) {
+            EXPECT_EQ(journey.dialog(message), "Aquelon|" + message + "|" + c.reason + "|OK");
+            EXPECT_TRUE(journey.press("OK") && journey.waitForNoDialog());
+        };
         ASSERT_TRUE(journey.waitForText("CONNECTED"));
         const std::size_t before = journey.commands().size();
         if (c.isLoadRefused) {
             ASSERT_TRUE(journey.press("Load from device"));
-            EXPECT_EQ(journey.dialog("Could not load settings from device!"),
-                      std::string("Aquelon|Could not load settings from device!|") + c.reason +
-                          "|OK");
-            ASSERT_TRUE(journey.press("OK"));
-            ASSERT_TRUE(journey.waitForNoDialog());
+            refuses("Could not load settings from device!");
         }
-        ASSERT_TRUE(journey.press("Send to device"));
-        ASSERT_TRUE(journey.press("Yes"));
-        EXPECT_EQ(journey.dialog("Could not send settings to device!"),
-                  std::string("Aquelon|Could not send settings to device!|") + c.reason + "|OK");
+        ASSERT_TRUE(journey.press("Send to device") && journey.press("Yes"));
+        refuses("Could not send settings to device!");
         EXPECT_EQ(journey.commands().size(), before);
     }
 }

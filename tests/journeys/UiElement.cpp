@@ -127,13 +127,13 @@ std::vector<UiElement> UiElement::children() const {
     return result;
 }
 
-std::vector<UiElement>
-UiElement::findAll(const std::function<bool(const UiElement&)>& matches) const {
+std::vector<UiElement> UiElement::findAll(const std::function<bool(const UiElement&)>& matches,
+                                          Search search) const {
     std::vector<UiElement> result;
-    if (m_accessible && isShowing() && matches(*this))
+    if (m_accessible && (search == Search::Hidden || isShowing()) && matches(*this))
         result.push_back(*this);
     for (const UiElement& child : children()) {
-        const auto below = child.findAll(matches);
+        const auto below = child.findAll(matches, search);
         result.insert(result.end(), below.begin(), below.end());
     }
     return result;
@@ -146,25 +146,13 @@ UiElement UiElement::find(const std::string& role, const std::string& name) cons
     return found.empty() ? UiElement() : found.front();
 }
 
-std::string UiElement::tree() const {
-    std::string text;
-    appendTree(text, 0);
-    return text;
-}
-
-void UiElement::appendTree(std::string& text, int depth) const {
-    if (!m_accessible)
-        return;
-    text += std::string(static_cast<std::size_t>(depth) * 2, ' ') + role() + " '" + name() + "'";
-    if (!isEnabled())
-        text += " disabled";
-    if (!isShowing())
-        text += " hidden";
-    if (isChecked())
-        text += " checked";
-    text += "\n";
+std::string UiElement::tree(std::size_t depth) const {
+    std::string text = std::string(2 * depth, ' ') + role() + " '" + name() + "'" +
+                       (isEnabled() ? "" : " disabled") + (isShowing() ? "" : " hidden") +
+                       (isChecked() ? " checked" : "") + "\n";
     for (const UiElement& child : children())
-        child.appendTree(text, depth + 1);
+        text += child.tree(depth + 1);
+    return text;
 }
 
 // libatspi would wait for the reply, which comes only after a modal dialog has closed.

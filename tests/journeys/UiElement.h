@@ -40,10 +40,13 @@ public:
     std::vector<UiElement> children() const;
     /// The first showing element of this role and name, this one included; empty strings match all.
     UiElement find(const std::string& role, const std::string& name) const;
-    /// All showing elements for which `matches` holds, in reading order.
-    std::vector<UiElement> findAll(const std::function<bool(const UiElement&)>& matches) const;
+    enum class Search { Showing, Hidden };
+    /// All elements for which `matches` holds, in reading order; those that show, or also those
+    /// that are hidden, such as the entries of a closed menu.
+    std::vector<UiElement> findAll(const std::function<bool(const UiElement&)>& matches,
+                                   Search search = Search::Showing) const;
     /// Role, name and state of everything below, one line each.
-    std::string tree() const;
+    std::string tree(std::size_t depth = 0) const;
 
     /// Presses, toggles or chooses; does not wait until it has taken effect, so that what it opens
     /// may be modal.
@@ -52,7 +55,6 @@ public:
     void setText(const std::string& text) const;
 
 private:
-    void appendTree(std::string& text, int depth) const;
     bool hasState(int state) const;
 
     std::shared_ptr<_AtspiAccessible> m_accessible;

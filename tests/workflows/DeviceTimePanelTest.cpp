@@ -106,7 +106,10 @@ TEST_F(DeviceTimePanelTest, clocksGoOnOverTheTurnOfAnHourByLawAndBehindModalWind
         link.waitFor([this] { return text("lblComputerTime") == "03/25/2018, 02:15:30 PM"; }));
     EXPECT_EQ(text("lblDeviceTime"), "03/25/2018, 01:12:18 PM");
     EXPECT_EQ(difference(), "The controller's clock is 1 hour 3 minutes behind the computer's.");
-    panel.reject();
+    // What counts is what the computer shows.
+    panel.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
+    EXPECT_TRUE(link.waitFor([this] { return link.commands().size() == 2; }));
+    EXPECT_EQ(link.commands().front(), "CmdSetRTC 30 15 14 25 3 18");
     // Unanswered, the next opening says that it is not sure.
     link.faults.add(*Fault::parse("silence"));
     panel.menuSetDeviceTime();
