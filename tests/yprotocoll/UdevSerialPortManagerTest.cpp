@@ -44,19 +44,13 @@ TEST_F(UdevSerialPortManagerTest, theNearestUsbDeviceWithBothNumbersDecides) {
     addUsb(hub, "7a51", "0c24"); // must not answer for what hangs below it
     addUsb(hub + "/1-1.0", "7A51", "0C24");
     addUsb(hub + "/1-1.1", "7a51", "0c25");
-    addUsb(hub + "/1-1.2", "7a52", "0c24");
-    // These pass the question on: an interface without numbers, one number, no hexadecimal ones.
-    add(hub + "/1-1.3", "E: SUBSYSTEM=usb\nA: bInterfaceNumber=00\n");
-    add(hub + "/1-1.4", "E: SUBSYSTEM=usb\nA: idVendor=1234\n");
-    addUsb(hub + "/1-1.5", "12zz", "0001");
+    // These pass the question on: an interface without numbers, and no hexadecimal ones.
+    add(hub + "/1-1.2", "E: SUBSYSTEM=usb\nA: bInterfaceNumber=00\n");
+    addUsb(hub + "/1-1.3", "12zz", "0001");
     add("/devices/pnp0/00:07", "E: SUBSYSTEM=pnp\n");
     const std::pair<std::string, std::optional<UsbIdentity>> rows[] = {
-        {hub + "/1-1.0", aquelonUsbIdentity},
-        {hub + "/1-1.1", UsbIdentity{0x7a51, 0x0c25}},
-        {hub + "/1-1.2", UsbIdentity{0x7a52, 0x0c24}},
-        {hub + "/1-1.3", aquelonUsbIdentity},
-        {hub + "/1-1.4", aquelonUsbIdentity},
-        {hub + "/1-1.5", aquelonUsbIdentity},
+        {hub + "/1-1.0", aquelonUsbIdentity},  {hub + "/1-1.1", UsbIdentity{0x7a51, 0x0c25}},
+        {hub + "/1-1.2", aquelonUsbIdentity},  {hub + "/1-1.3", aquelonUsbIdentity},
         {"/devices/pnp0/00:07", std::nullopt},
     };
     std::vector<SerialPortInfo> expected;
@@ -72,7 +66,6 @@ TEST_F(UdevSerialPortManagerTest, theNearestUsbDeviceWithBothNumbersDecides) {
 TEST_F(UdevSerialPortManagerTest, tellsArrivalAndRemovalAtOnce) {
     UdevSerialPortManager manager;
     manager.setDelegate(this);
-    EXPECT_TRUE(manager.availablePorts().empty());
     Story removed;
     QObject::connect(&manager, &UdevSerialPortManager::deviceRemoved,
                      [&](const std::string& path) { removed.push_back(path); });
