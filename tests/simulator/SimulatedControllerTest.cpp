@@ -12,7 +12,7 @@ struct Fixture {
     std::chrono::nanoseconds now{1h};
     SimulatedController controller;
 
-    explicit Fixture(ControllerConfig config = {}) : controller(config, [this] { return now; }) {}
+    explicit Fixture(const ControllerConfig& config) : controller(config, [this] { return now; }) {}
 
     /// The answer's payload to a command sent as a frame; none when there is no answer.
     std::optional<Bytes> ask(std::uint8_t number, const Bytes& payload = {}) {
@@ -27,15 +27,8 @@ struct Fixture {
     }
 };
 
-ControllerConfig emptyConfig(int channels) {
-    ControllerConfig config;
-    config.channels = channels;
-    config.factoryProgram = false;
-    return config;
-}
-
 TEST(SimulatedController, answersWhatSuitsIt) {
-    Fixture fixture(emptyConfig(2));
+    Fixture fixture({.factoryProgram = false});
     fixture.controller.setClock({30, 15, 8, 24, 12, 17});
     const struct {
         std::uint8_t number;
@@ -73,7 +66,7 @@ TEST(SimulatedController, answersWhatSuitsIt) {
 }
 
 TEST(SimulatedController, demoModeTakesTheLampAndGivesItBack) {
-    Fixture fixture(emptyConfig(2));
+    Fixture fixture({.factoryProgram = false});
     fixture.controller.setClock({0, 0, 9, 1, 6, 20});
     fixture.ask(44, {0, 8, 0, 100, 10, 0, 200});
     fixture.ask(44, {1, 0, 0, 7});
@@ -88,39 +81,6 @@ TEST(SimulatedController, demoModeTakesTheLampAndGivesItBack) {
     fixture.ask(48, {1});
     fixture.now += 61s; // nobody keeps it alive
     EXPECT_FALSE(fixture.controller.state().demoActive);
-}
-
-TEST(SimulatedController, clockRunsAcrossTheEndOfTheYear) {
-    Fixture fixture;
-    fixture.ask(70, {58, 59, 23, 31, 12, 19});
-    fixture.now += 3s;
-    EXPECT_EQ(fixture.ask(70), (Bytes{1, 0, 0, 1, 1, 20}));
-    fixture.ask(70, {0, 0, 12, 30, 2, 20}); // no such day: it stands still
-    fixture.now += 1h;
-    EXPECT_EQ(fixture.ask(70), (Bytes{0, 0, 12, 30, 2, 20}));
-}
-
-TEST(SimulatedController, resynchronisesOnTheStartByte) {
-    Fixture fixture;
-    const Bytes noise{'A', 'T', 'Y', 1, 0, 9}; // the last four a frame with a wrong checksum
-    const Bytes good = YMessage("Cmd", 46, {1}).frame();
-    std::vector<Bytes> commands;
-    for (const Bytes& bytes : {noise, good})
-        for (const std::uint8_t byte : bytes)
-            for (const auto& part : fixture.controller.receive(Bytes{byte}))
-                if (part.command)
-                    commands.push_back(part.bytes);
-    EXPECT_EQ(commands, std::vector<Bytes>{good});
-    EXPECT_EQ(fixture.controller.noiseBytes(), std::ssize(noise));
-}
-
-TEST(SimulatedController, forgetsACommandThatStopsArriving) {
-    Fixture fixture;
-    EXPECT_TRUE(fixture.controller.receive(Bytes{'Y', 44, 200}).empty());
-    fixture.now += 200ms;
-    EXPECT_FALSE(fixture.ask(1).has_value()); // noise comes first
-    EXPECT_EQ(fixture.controller.noiseBytes(), 3);
-    EXPECT_TRUE(fixture.ask(1).has_value());
 }
 
 } // namespace
