@@ -39,22 +39,6 @@ struct SliderTest : ::testing::Test {
     }
 };
 
-TEST_F(SliderTest, theKnobsCentreFollowsThePointer) {
-    const std::pair<int, double> table[] = {{10, 0.0}, {60, 0.25}, {-40, 0.0}, {400, 1.0}};
-    QTest::mousePress(&slider, Qt::LeftButton, {}, {110, 15});
-    EXPECT_DOUBLE_EQ(slider.value(), 0.5);
-    for (const auto& [x, value] : table) {
-        QMouseEvent move(QEvent::MouseMove, QPointF(x, 5), slider.mapToGlobal(QPointF(x, 5)),
-                         Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(&slider, &move);
-        EXPECT_DOUBLE_EQ(slider.value(), value) << "x = " << x;
-    }
-    QTest::mouseRelease(&slider, Qt::LeftButton, {}, {400, 15});
-    QTest::mouseMove(&slider, {60, 15});
-    QTest::mouseClick(&slider, Qt::RightButton, {}, {60, 15});
-    EXPECT_DOUBLE_EQ(slider.value(), 1.0) << "only the held left button sets";
-}
-
 TEST_F(SliderTest, onlyTheHandMarksTheDocumentDirtyEvenAtTheLimit) {
     slider.setValue(1.7);
     slider.setObjectValue(QStringLiteral("0.7"));

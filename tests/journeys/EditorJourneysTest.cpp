@@ -182,6 +182,7 @@ TEST(EditorJourneys, windowIsWorkedWithoutAControllerAndWithoutAPointer) {
         };
         expectSoon(focused, expected[step]);
     }
+    EXPECT_TRUE(editor.point(7).isSelected()) << "by the focus that came to its cells";
 
     editor.holdsNoMoreThan(20, "09:15");
 }

@@ -32,6 +32,7 @@ class ProgramTest : public testing::Test {
 protected:
     void start() {
         m_delegate.applicationDidFinishLaunching({});
+        EXPECT_EQ(m_ports.listings(), 0) << "before the first paint";
         ASSERT_TRUE(QTest::qWaitFor([&] { return m_ports.listings() > 0; }, 5000));
     }
     void connect() {
@@ -54,7 +55,6 @@ protected:
 };
 
 TEST_F(ProgramTest, looksForPortsAfterTheFirstPaintAndEnablesTheDevice) {
-    EXPECT_EQ(m_ports.listings(), 0);
     start();
     const std::initializer_list<QWidget*> controls{ui().bttnLoad, ui().bttnSend, ui().bttnRunDemo,
                                                    ui().bttnLiveModeSwitch};
