@@ -136,7 +136,7 @@ constexpr auto longestHold = 100ms * slowness;
 /// An idle program wakes for its timers alone, some 20 times a second each; one that runs in
 /// circles wakes thousands of times.
 constexpr auto idleWindow = 30ms;
-constexpr int idleTurns = 30;
+constexpr int idleTurns = 200;
 
 class FaultMatrix : public testing::TestWithParam<Param> {
 protected:
