@@ -215,7 +215,7 @@ protected:
             program.ports.device("ttyUSB0")->line->reset(0ms);
         if (moment.isResumed && !goesOn(outcome))
             program.device.reset(); // so that it must be taken up again
-        while (FaultProgram::press(QMessageBox::Ok)) {
+        while (RecordingDialogs::press(QMessageBox::Ok)) {
         }
         if (outcome == Outcome::Unopened)
             program.controller.openWithPath("/dev/ttyUSB0");
@@ -246,7 +246,7 @@ TEST_P(FaultMatrix, endsAsItMust) {
     QStringList alerts = expectedAlerts(outcome);
     for (qsizetype count = 1; count <= alerts.size(); ++count) {
         if (count > 1)
-            FaultProgram::press(QMessageBox::Ok);
+            RecordingDialogs::press(QMessageBox::Ok);
         ASSERT_TRUE(runUntil([&] { return program.prompts.alerts.size() >= count; }));
         expectQuiet();
     }

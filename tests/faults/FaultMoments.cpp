@@ -66,7 +66,7 @@ bool isLoaded(FaultProgram& program) {
 
 void send(FaultProgram& program, const Faults&) {
     program.ui().bttnSend->click();
-    EXPECT_TRUE(FaultProgram::press(QMessageBox::Yes));
+    EXPECT_TRUE(RecordingDialogs::press(QMessageBox::Yes));
 }
 
 bool isSent(FaultProgram& program) {
@@ -95,7 +95,7 @@ bool isDemoRunning(FaultProgram& program) {
 
 void setClock(FaultProgram& program, const Faults&) {
     program.ui().menuitemSetDeviceTime->trigger();
-    auto* panel = FaultProgram::shown<QDialog>();
+    auto* panel = RecordingDialogs::shown<QDialog>();
     ASSERT_TRUE(panel);
     nothingHappensBehind(program, "CmdGetRTC");
     panel->findChild<QCheckBox*>(QStringLiteral("chkDaylightSaving"))->setChecked(true);
@@ -114,7 +114,7 @@ void readAlert(FaultProgram& program, const Faults&) {
     switchProgramMode(program);
     program.prompts.DialogPrompts::alert(QStringLiteral("Could not save file!"), {},
                                          Prompts::Severity::Critical);
-    auto* box = FaultProgram::shown<QMessageBox>();
+    auto* box = RecordingDialogs::shown<QMessageBox>();
     ASSERT_TRUE(box);
     nothingHappensBehind(program, "CmdSetDeviceMode");
     box->button(QMessageBox::Ok)->click();
@@ -123,7 +123,7 @@ void readAlert(FaultProgram& program, const Faults&) {
 void chooseFile(FaultProgram& program, const Faults&) {
     program.data.setIsDirty(false);
     program.ui().menuitemOpen->trigger();
-    auto* panel = FaultProgram::shown<QFileDialog>();
+    auto* panel = RecordingDialogs::shown<QFileDialog>();
     ASSERT_TRUE(panel);
     // The document would be asked about, had the mode been switched before.
     switchProgramMode(program);

@@ -5,8 +5,6 @@
 #include "yprotocoll/YCommands.h"
 
 #include <QApplication>
-#include <QMessageBox>
-#include <QPushButton>
 
 FaultProgram::FaultProgram() {
     prompts.setParent(&delegate.window());
@@ -26,23 +24,10 @@ bool FaultProgram::isConnected() {
            ui().lblConnectionStatus->text() == QLatin1String("CONNECTED");
 }
 
-QWidget* FaultProgram::modalWindow() {
-    return QApplication::activeModalWidget();
-}
-
 int FaultProgram::modalWindowCount() {
     const auto windows = QApplication::topLevelWidgets();
     return static_cast<int>(std::ranges::count_if(
         windows, [](const QWidget* window) { return window->isModal() && window->isVisible(); }));
-}
-
-bool FaultProgram::press(int standardButton) {
-    const auto* box = shown<QMessageBox>();
-    QAbstractButton* button =
-        box ? box->button(static_cast<QMessageBox::StandardButton>(standardButton)) : nullptr;
-    if (button)
-        button->click();
-    return button != nullptr;
 }
 
 bool FaultProgram::linkWorks() {

@@ -3,16 +3,14 @@
 #include "AppDelegate.h"
 #include "data/AQDataSource.h"
 #include "faults/LoopWatch.h"
+#include "faults/RecordingDialogs.h"
 #include "simulator/EventLoop.h"
 #include "simulator/FaultPlan.h"
 #include "simulator/SimulatedController.h"
 #include "simulator/SimulatedSerialPortManager.h"
 #include "simulator/WireLog.h"
-#include "workflows/DialogPrompts.h"
 #include "yprotocoll/ModalPause.h"
 #include "yprotocoll/YMessageController.h"
-
-#include <QStringList>
 
 #include <chrono>
 #include <string>
@@ -20,19 +18,6 @@
 namespace Ui {
 class MainWindow;
 }
-class QMessageBox;
-
-/// The real dialogs, with what the alerts said written down.
-class RecordingDialogs : public DialogPrompts {
-public:
-    /// "message|informative text", in order.
-    QStringList alerts;
-
-    void alert(const QString& message, const QString& informative, Severity severity) override {
-        alerts << message + u'|' + informative;
-        DialogPrompts::alert(message, informative, severity);
-    }
-};
 
 /// The whole program with its real window and dialogs, on one simulated controller whose line can
 /// be spoilt. The link's time-outs are a fifth of the real ones, its scan comes sooner still.
@@ -51,14 +36,7 @@ public:
     /// In the link and in the window.
     bool isConnected();
     Ui::MainWindow& ui();
-    /// The modal window that is shown, as what it is; null when it is something else.
-    template <class Window>
-    static Window* shown() {
-        return qobject_cast<Window*>(modalWindow());
-    }
     static int modalWindowCount();
-    /// Presses a button of the message box that is shown; false when there is none.
-    static bool press(int standardButton);
 
     /// A command sent now is answered.
     bool linkWorks();
@@ -79,7 +57,4 @@ public:
     RecordingDialogs prompts;
     AppDelegate delegate{{data, controller, prompts}};
     LoopWatch watch;
-
-private:
-    static QWidget* modalWindow();
 };

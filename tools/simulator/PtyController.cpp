@@ -40,8 +40,8 @@ void PtyController::hangUp() {
     m_writable->setEnabled(false);
     m_pending.clear();
     m_pty.close();
-    if (m_inotify >= 0)
-        ::close(m_inotify);
+    m_usage->setEnabled(false);
+    ::close(m_inotify);
     m_inotify = -1;
     m_users = 0;
 }
@@ -78,8 +78,8 @@ void PtyController::watchUsers() {
     m_inotify = inotify_init1(IN_CLOEXEC | IN_NONBLOCK);
     if (m_inotify < 0 || inotify_add_watch(m_inotify, path().c_str(), IN_OPEN | IN_CLOSE) < 0)
         throw std::system_error(errno, std::generic_category(), "inotify");
-    auto* notifier = new QSocketNotifier(m_inotify, QSocketNotifier::Read, m_readable);
-    connect(notifier, &QSocketNotifier::activated, this, &PtyController::readUsers);
+    m_usage = new QSocketNotifier(m_inotify, QSocketNotifier::Read, this);
+    connect(m_usage, &QSocketNotifier::activated, this, &PtyController::readUsers);
 }
 
 void PtyController::readUsers() {

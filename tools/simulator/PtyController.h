@@ -48,6 +48,7 @@ private:
     std::vector<std::uint8_t> m_pending; ///< not yet taken by the tty, whose buffer is 4 KiB
     QSocketNotifier* m_readable = nullptr;
     QSocketNotifier* m_writable = nullptr;
+    QSocketNotifier* m_usage = nullptr;
     int m_inotify = -1;
     int m_users = 0;
     std::unique_ptr<ControllerLine> m_line;
