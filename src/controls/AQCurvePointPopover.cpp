@@ -1,6 +1,7 @@
 #include "controls/AQCurvePointPopover.h"
 
 #include "controls/AQCurvePointPopoverView.h"
+#include "controls/ClickThrough.h"
 #include "controls/DisplayColors.h"
 #include "controls/PopoverShape.h"
 
@@ -111,7 +112,12 @@ void AQCurvePointPopover::applyVisibility() {
     // While a window hides, its children still count as visible.
     const bool isOwnerSeen =
         m_owner.isVisible() && m_window && m_window->isVisible() && !m_window->isMinimized();
-    setVisible(m_isPresented && isOwnerSeen && !m_isWindowInactive);
+    const bool isShown = m_isPresented && isOwnerSeen && !m_isWindowInactive;
+    if (isShown == isVisible())
+        return;
+    setVisible(isShown);
+    if (isShown)
+        letClicksThrough(*this);
 }
 
 void AQCurvePointPopover::paintEvent(QPaintEvent*) {

@@ -1,5 +1,7 @@
 #include "controls/TimeField.h"
 
+#include "controls/RefusalTip.h"
+
 #include <QAccessible>
 #include <QFocusEvent>
 #include <QKeyEvent>
@@ -7,7 +9,6 @@
 #include <QPainter>
 #include <QPointer>
 #include <QStyleOptionSpinBox>
-#include <QToolTip>
 #include <QWheelEvent>
 
 #include <chrono>
@@ -170,19 +171,21 @@ void TimeField::refuse(const QString& reason) {
         QAccessibleEvent event(this, QAccessible::Alert);
         QAccessible::updateAccessibility(&event);
     }
-    // Later, because the focus that a refused draft loses to another control hides tool tips.
-    QTimer::singleShot(0, this, [this, reason] {
-        if (isVisible() && showsRefusal()) {
-            QToolTip::showText(mapToGlobal(rect().bottomLeft()), reason, this);
+    if (isVisible()) {
+        if (!m_tip) {
+            m_tip = new RefusalTip(*this);
         }
-    });
+        m_tip->tell(reason);
+    }
     Q_EMIT refused(reason);
 }
 
 void TimeField::onTextEdited(const QString& text) {
+    if (m_tip) {
+        m_tip->hide();
+    }
     if (m_refusalTimer.isActive()) {
         m_refusalTimer.stop();
-        QToolTip::hideText();
         update();
     }
     const bool grew = text.size() > m_lastLength;

@@ -8,12 +8,14 @@
 #include <functional>
 #include <memory>
 
+class RefusalTip;
+
 /// The text field with steppers inside the time editors.
 ///
 /// Typed text is a draft until Enter or the loss of focus; Escape drops it. The step keys, buttons
 /// and the wheel (only while focused) change the section under the caret at once. What `offer`
 /// refuses, or what makes no sense, leaves the old value, a red frame for a moment and the reason
-/// in a tool tip.
+/// in words.
 class TimeField : public QAbstractSpinBox {
     Q_OBJECT
 
@@ -28,7 +30,7 @@ public:
     /// Shows `time`; drops a draft if that is a change.
     void setTime(const AQTime& time);
 
-    /// What the tool tip says when `offer` refuses; "%1" stands for the refused value.
+    /// What is said when `offer` refuses; "%1" stands for the refused value.
     void setRefusalText(const QString& text) { m_refusalText = text; }
     /// True while the red frame is shown.
     bool showsRefusal() const { return m_refusalTimer.isActive(); }
@@ -80,5 +82,6 @@ private:
     AQTime m_time;
     QString m_refusalText;
     QTimer m_refusalTimer;
+    RefusalTip* m_tip = nullptr; ///< made for the first refusal
     qsizetype m_lastLength = 0;
 };

@@ -1,5 +1,6 @@
 #include "workflows/DeviceTimePanel.h"
 
+#include "controls/AQDateTimeEdit.h"
 #include "workflows/TimeZones.h"
 #include "workflows/WallTime.h"
 #include "yprotocoll/YAnswers.h"
@@ -57,7 +58,7 @@ DeviceTimePanel::DeviceTimePanel(YMessageController& controller, QWidget* parent
       m_lblDifference(new QLabel(this)),
       m_radioComputerTime(new QRadioButton(QStringLiteral("C&omputer's time"), this)),
       m_radioCustomTime(new QRadioButton(QStringLiteral("C&ustom time"), this)),
-      m_pickerCustomTime(new QDateTimeEdit(this)), m_comboTimezone(new QComboBox(this)),
+      m_pickerCustomTime(new AQDateTimeEdit(this)), m_comboTimezone(new QComboBox(this)),
       m_chkDaylightSaving(new QCheckBox(QStringLiteral("&Daylight saving"), this)),
       m_buttons(new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this)),
       m_updateTimeTimer(new QTimer(this)) {

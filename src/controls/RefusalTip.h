@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QLabel>
+#include <QTimer>
+
+/// Says for some seconds, below a control, why it refused what was entered. Looks like a tool tip,
+/// but lets the mouse through: Qt's own would take a click meant for the control that it covers.
+class RefusalTip : public QLabel {
+    Q_OBJECT
+
+public:
+    explicit RefusalTip(QWidget& owner);
+
+    void tell(const QString& reason);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    QWidget& m_owner;
+    QTimer m_timer;
+};
