@@ -131,6 +131,7 @@ void AppDelegate::connectPreview() {
     connect(&w.taskLight, &TaskLightEditor::touched, &w.liveMode, &LiveMode::taskLightTouched);
     connect(&w.demoMode, &DemoMode::runningChanged, &w.liveMode, &LiveMode::setSuspended);
     connect(&w.demoMode, &DemoMode::runningChanged, this, &AppDelegate::updateControls);
+    connect(w.ui.bttnLiveModeSwitch, &QAbstractButton::toggled, this, &AppDelegate::updateControls);
     connect(&w.lamp, &LampPreview::signChanged, m_window.get(), &MainWindow::showPreview);
 }
 
@@ -171,7 +172,7 @@ void AppDelegate::menuSetDeviceTime() {
 void AppDelegate::updateControls() {
     Workflows& w = *m_workflows;
     const WindowState state{w.connection.isConnected(), m_services.data.isProgramMode(),
-                            w.demoMode.isRunning()};
+                            w.demoMode.isRunning(), w.ui.bttnLiveModeSwitch->isChecked()};
     ControlStates::load(state).applyTo(*w.ui.bttnLoad);
     ControlStates::load(state).applyTo(*w.ui.menuitemLoad);
     ControlStates::send(state).applyTo(*w.ui.bttnSend);

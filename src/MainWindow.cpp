@@ -55,9 +55,9 @@ void MainWindow::setShortcuts() {
     m_ui->menuitemNew->setShortcut(QKeySequence::New);
     m_ui->menuitemOpen->setShortcut(QKeySequence::Open);
     m_ui->menuitemSave->setShortcut(QKeySequence::Save);
-    // The standard key exists under Gnome only.
+    // The standard keys for these two exist on some desktops only.
     m_ui->menuitemSaveAs->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_S);
-    m_ui->menuitemQuit->setShortcut(QKeySequence::Quit);
+    m_ui->menuitemQuit->setShortcut(Qt::CTRL | Qt::Key_Q);
     m_ui->menuitemAddPoint->setShortcut(Qt::CTRL | Qt::Key_Plus);
     m_ui->menuitemDeletePoint->setShortcut(Qt::CTRL | Qt::Key_Minus);
     m_ui->menuitemOpenDevice->setShortcut(Qt::CTRL | Qt::Key_D);
@@ -96,6 +96,17 @@ void MainWindow::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
     if (event->type() == QEvent::PaletteChange)
         showConnected(m_isConnected);
+}
+
+bool MainWindow::focusNextPrevChild(bool next) {
+    // A control that can no longer be used would hand the focus on to whatever comes next.
+    const QWidget* focused = focusWidget();
+    if (focused && !(focused->isEnabled() && focused->isVisible()) &&
+        m_ui->curveView->isEnabled()) {
+        m_ui->curveView->setFocus();
+        return true;
+    }
+    return QMainWindow::focusNextPrevChild(next);
 }
 
 bool MainWindow::event(QEvent* event) {

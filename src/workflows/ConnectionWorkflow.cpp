@@ -28,6 +28,14 @@ void ConnectionWorkflow::messageControllerDidOpen() {
     Q_EMIT connectedChanged(true);
 }
 
+void ConnectionWorkflow::messageControllerFoundPorts(std::size_t count) {
+    if (count == 0)
+        Q_EMIT portProblemChanged({});
+    else if (count > 1)
+        Q_EMIT portProblemChanged(
+            QStringLiteral("%1 controllers: choose one with Device | Open Device...").arg(count));
+}
+
 void ConnectionWorkflow::messageControllerGotError(const YMessageError& error) {
     SPDLOG_ERROR("{}", error.description());
     const bool isRefused = error.is<YMessageError::DeviceVersion>();

@@ -23,6 +23,7 @@ public:
     bool isConnected() const { return m_isConnected; }
 
     void messageControllerDidOpen() override;
+    void messageControllerFoundPorts(std::size_t count) override;
     void messageControllerGotError(const YMessageError& error) override;
 
 Q_SIGNALS:

@@ -44,9 +44,9 @@ void DialogPrompts::askToSave(const QString& message, const QString& informative
     QMessageBox* box = makeBox(message, informative);
     box->setIcon(QMessageBox::Warning);
     // ActionRole keeps the three buttons in the order in which they are added, on every desktop.
-    auto* yes = box->addButton(QStringLiteral("Yes"), QMessageBox::ActionRole);
-    auto* no = box->addButton(QStringLiteral("No"), QMessageBox::ActionRole);
-    auto* cancel = box->addButton(QStringLiteral("Cancel"), QMessageBox::ActionRole);
+    auto* yes = box->addButton(QStringLiteral("&Yes"), QMessageBox::ActionRole);
+    auto* no = box->addButton(QStringLiteral("&No"), QMessageBox::ActionRole);
+    auto* cancel = box->addButton(QStringLiteral("&Cancel"), QMessageBox::ActionRole);
     box->setDefaultButton(yes);
     box->setEscapeButton(cancel);
     QObject::connect(box, &QDialog::finished, box, [box, yes, no, done] {

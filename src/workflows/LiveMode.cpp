@@ -7,6 +7,12 @@
 
 #include <algorithm>
 
+namespace {
+
+const QString previewSign = QStringLiteral("LIVE PREVIEW");
+
+} // namespace
+
 LiveMode::LiveMode(AQDataSource& data, LampPreview& lamp, AQSwitchButton& bttnLiveModeSwitch,
                    QObject* parent)
     : LiveMode(data, lamp, bttnLiveModeSwitch, Intervals{}, parent) {}
@@ -50,7 +56,8 @@ void LiveMode::setSuspended(bool isSuspended) {
 void LiveMode::takeLamp() {
     if (!hasLamp())
         return;
-    m_lamp.take(QStringLiteral("LIVE PREVIEW"));
+    m_lamp.take(editedLight() ? previewSign
+                              : QStringLiteral("LIVE PREVIEW: select a point or the task light"));
     m_liveModeTimer->start(m_intervals.keepAlive);
     m_shown.reset();
     showEditedLight();
@@ -115,6 +122,7 @@ void LiveMode::showEditedLight() {
     if (m_shown == shown)
         return;
     m_shown = shown;
+    m_lamp.setSign(previewSign);
     m_lamp.show(levels);
     m_liveModeTimer->start(m_intervals.keepAlive);
 }

@@ -98,6 +98,8 @@ void YMessageController::onScanTimer() {
     const auto ports = availablePorts();
     if (ports.empty())
         m_reportedOpenFailure.reset();
+    if (m_delegate)
+        m_delegate->messageControllerFoundPorts(ports.size());
     if (ports.size() == 1)
         openPort(ports.front());
 }

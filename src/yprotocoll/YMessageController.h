@@ -31,6 +31,8 @@ public:
     /// The controller is open, its version and data format accepted.
     virtual void messageControllerDidOpen() = 0;
     virtual void messageControllerGotError(const YMessageError& error) = 0;
+    /// At every look for a controller: how many there are. More than one are left to the person.
+    virtual void messageControllerFoundPorts(std::size_t /*count*/) {}
 
 protected:
     ~YMessageControllerDelegate() = default;

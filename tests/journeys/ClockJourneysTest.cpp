@@ -45,8 +45,7 @@ protected:
         ASSERT_TRUE(journey.waitForNoDialog());
         ASSERT_TRUE(journey.waitForCommand("CmdSetDaylightInfo", times));
         auto commands = journey.commands();
-        commands.erase(std::unique(commands.begin(), commands.end()),
-                       commands.end()); // repeated ones
+        commands.erase(std::ranges::unique(commands).begin(), commands.end()); // repeated ones
         EXPECT_EQ(commands[commands.size() - 2], "CmdSetRTC");
         EXPECT_EQ(commands.back(), "CmdSetDaylightInfo");
     }

@@ -13,6 +13,7 @@
 
 #include <chrono>
 #include <functional>
+#include <source_location>
 #include <string>
 #include <vector>
 
@@ -108,9 +109,9 @@ private:
 /// Expects `read()` to be `expected` within the usual limit. What the program shows follows the
 /// hand, the line and the accessibility bus a little later.
 template <class Read, class Value>
-void expectSoon(Read read, const Value& expected, const char* file = __builtin_FILE(),
-                int line = __builtin_LINE()) {
-    const testing::ScopedTrace trace(file, line, "from");
+void expectSoon(Read read, const Value& expected,
+                std::source_location where = std::source_location::current()) {
+    const testing::ScopedTrace trace(where.file_name(), static_cast<int>(where.line()), "from");
     // After a failure there is nothing left to wait for.
     const bool wait = !testing::Test::HasFailure();
     auto seen = read();

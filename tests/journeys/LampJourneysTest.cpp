@@ -106,7 +106,7 @@ TEST_F(LampJourneys, liveModeFollowsTheHand) {
     startWithSlowController();
     const UiElement liveMode = journey.find("check box", "Live mode");
     Journey::click(liveMode);
-    expectSoon([this] { return sign(); }, "LIVE PREVIEW");
+    expectSoon([this] { return sign(); }, "LIVE PREVIEW: select a point or the task light");
     ASSERT_TRUE(journey.waitForCommand(enable));
 
     // The first point is cold light alone.

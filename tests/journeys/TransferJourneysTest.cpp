@@ -38,10 +38,7 @@ void loseProgram(const Journey& journey, int channels) {
 std::ptrdiff_t distinctCommands(const Journey& journey) {
     auto events = journey.wire();
     std::erase_if(events, [](const WireEvent& e) { return e.kind != WireEvent::Kind::Received; });
-    const auto isRepeated = [](const WireEvent& a, const WireEvent& b) {
-        return a.bytes == b.bytes;
-    };
-    return std::unique(events.begin(), events.end(), isRepeated) - events.begin();
+    return std::ranges::unique(events, {}, &WireEvent::bytes).begin() - events.begin();
 }
 
 TEST(Transfer, loadsSendsAndKeepsTheControllersProgram) {

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-struct _AtspiAccessible; // NOLINT(bugprone-reserved-identifier): the library's own name
+struct _AtspiAccessible;
 
 /// One element of a running program's window, as a screen reader sees it (AT-SPI). What is found
 /// and pressed here is therefore also usable by people who cannot see the window.

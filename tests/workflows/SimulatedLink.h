@@ -16,7 +16,6 @@
 #include <vector>
 
 /// A message controller on a simulated lamp's controller, and what went over the line between them.
-// NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor): final
 struct SimulatedLink final : YMessageControllerDelegate {
     using Commands = std::vector<std::string>;
 
