@@ -2,11 +2,11 @@ find_package(GTest REQUIRED)
 find_package(Qt6 6.4 REQUIRED COMPONENTS Test)
 
 # aquelon_test(NAME <name> LABEL <label> SOURCES <files> LIBS <targets> [DISPLAY] [TIMEOUT <s>]
-#     [LAUNCHER <program>])
+#     [LAUNCHER <program> [<arguments>]])
 # One GoogleTest program, one CTest entry. A test with DISPLAY runs on Qt's offscreen platform, one
 # with a LAUNCHER is run by that program.
 function(aquelon_test)
-    cmake_parse_arguments(arg "DISPLAY" "NAME;LABEL;TIMEOUT;LAUNCHER" "SOURCES;LIBS" ${ARGN})
+    cmake_parse_arguments(arg "DISPLAY" "NAME;LABEL;TIMEOUT" "SOURCES;LIBS;LAUNCHER" ${ARGN})
     if(NOT arg_TIMEOUT)
         set(arg_TIMEOUT 60)
     endif()

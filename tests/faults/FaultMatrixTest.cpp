@@ -69,49 +69,26 @@ constexpr Row rows[] = {
     {"unplug=60@1", Outcome::Removed},
 };
 
-/// Where a moment makes a difference.
-constexpr struct {
-    const char* moment;
-    const char* faults;
-    Outcome outcome;
-} exceptions[] = {
-    // The answer about the format is told from another one by its length.
-    {"opening", "longer=1", Outcome::Unopened},
-};
-
 using Param = std::tuple<FaultMoment, Row>;
 
 Outcome expectedOutcome(const FaultMoment& moment, const Row& row) {
-    for (const auto& exception : exceptions)
-        if (exception.moment == std::string_view(moment.name) &&
-            exception.faults == std::string_view(row.faults))
-            return exception.outcome;
-    return row.outcome;
-}
-
-QStringList expectedAlerts(Outcome outcome) {
-    const auto closed = [](const char* reason) {
-        return QStringLiteral("Device Error!|Error: port closed: %1.").arg(QLatin1String(reason));
-    };
-    switch (outcome) {
-    case Outcome::Closed:
-        return {closed("too many timeouts while trying to send")};
-    case Outcome::ClosedTwice:
-        return expectedAlerts(Outcome::Closed) + expectedAlerts(Outcome::Closed);
-    case Outcome::Removed:
-        return {closed("port was removed")};
-    case Outcome::Unopened:
-        return {closed("timeout while trying to open device")};
-    case Outcome::Untouched:
-    case Outcome::Repeated:
-    case Outcome::GoesOn:
-        break;
-    }
-    return {};
+    // The answer about the format is told from another one by its length.
+    const bool isUnfit =
+        moment.name == std::string_view("opening") && row.faults == std::string_view("longer=1");
+    return isUnfit ? Outcome::Unopened : row.outcome;
 }
 
 bool goesOn(Outcome outcome) {
     return outcome <= Outcome::GoesOn;
+}
+
+QStringList expectedAlerts(Outcome outcome) {
+    const char* reason = outcome == Outcome::Removed    ? "port was removed"
+                         : outcome == Outcome::Unopened ? "timeout while trying to open device"
+                                                        : "too many timeouts while trying to send";
+    const int count = goesOn(outcome) ? 0 : outcome == Outcome::ClosedTwice ? 2 : 1;
+    return QStringList(
+        count, QStringLiteral("Device Error!|Error: port closed: %1.").arg(QLatin1String(reason)));
 }
 
 std::vector<Fault> parse(const char* text) {

@@ -3,22 +3,14 @@
 #include <QAbstractEventDispatcher>
 #include <QEventLoop>
 
-#include <array>
-#include <cstdio>
-#include <fcntl.h>
-#include <unistd.h>
+#include <fstream>
 
 using namespace std::chrono_literals;
 
-LoopWatch::LoopWatch() : m_scheduler(open("/proc/thread-self/schedstat", O_RDONLY | O_CLOEXEC)) {
+LoopWatch::LoopWatch() {
     m_beat.setTimerType(Qt::PreciseTimer);
     connect(&m_beat, &QTimer::timeout, this, &LoopWatch::beat);
     restart();
-}
-
-LoopWatch::~LoopWatch() {
-    if (m_scheduler >= 0)
-        close(m_scheduler);
 }
 
 void LoopWatch::restart() {
@@ -37,15 +29,11 @@ void LoopWatch::beat() {
     m_last = now;
 }
 
-LoopWatch::Nanoseconds LoopWatch::ownTime() const {
-    const Nanoseconds now = std::chrono::steady_clock::now().time_since_epoch();
-    std::array<char, 128> text{};
+LoopWatch::Nanoseconds LoopWatch::ownTime() {
     long long ran = 0;
-    long long waited = 0;
-    if (m_scheduler < 0 || pread(m_scheduler, text.data(), text.size() - 1, 0) <= 0 ||
-        std::sscanf(text.data(), "%lld %lld", &ran, &waited) != 2)
-        return now;
-    return now - Nanoseconds(waited);
+    long long waited = 0; // stays 0 where the system does not count it
+    std::ifstream("/proc/thread-self/schedstat") >> ran >> waited;
+    return std::chrono::steady_clock::now().time_since_epoch() - Nanoseconds(waited);
 }
 
 int LoopWatch::turnsDuring(std::chrono::milliseconds window) {

@@ -14,7 +14,6 @@ class LoopWatch : public QObject {
 
 public:
     LoopWatch();
-    ~LoopWatch() override;
 
     /// Forgets what was measured until now.
     void restart();
@@ -30,10 +29,9 @@ private:
 
     void beat();
     /// Time passed, less the time spent waiting for a processor.
-    Nanoseconds ownTime() const;
+    static Nanoseconds ownTime();
 
     QTimer m_beat;
-    int m_scheduler; ///< what the system counts about this thread; -1 where it does not
     Nanoseconds m_last{};
     Nanoseconds m_longest{};
 };

@@ -1,62 +1,30 @@
-#include "simulator/EventLoop.h"
-#include "simulator/FaultPlan.h"
-#include "simulator/SimulatedController.h"
-#include "simulator/SimulatedSerialPortManager.h"
-#include "simulator/WireLog.h"
-#include "yprotocoll/ModalPause.h"
+#include "faults/FaultProgram.h"
 #include "yprotocoll/YCommands.h"
-#include "yprotocoll/YMessageController.h"
 
 #include <gtest/gtest.h>
 
 #include <thread>
 
-namespace {
-
-using namespace std::chrono_literals;
-
-/// Tells a lost link as the program does: in a modal window.
-class Reopening : public testing::Test, public YMessageControllerDelegate {
-protected:
-    void messageControllerDidOpen() override { isOpen = true; }
-    void messageControllerGotError(const YMessageError& error) override {
-        if (!error.is<YMessageError::PortClosedError>())
-            return;
-        isOpen = false;
-        ++told;
-        pause.setActive(true);
-    }
-
-    WireLog log;
-    FaultPlan faults;
-    SimulatedController device;
-    SimulatedSerialPortManager ports{log};
-    ModalPause pause;
-    YMessageController link{
-        ports, pause, {.scan = 30ms, .open = 5s, .answer = 10ms, .maxTimeouts = 1}};
-    bool isOpen = false;
-    int told = 0;
-};
-
 // A link that opened before the person was told of the loss of the last one would stand behind the
 // alert with its answers overdue, and be lost once more when the alert is closed.
-TEST_F(Reopening, waitsUntilTheLossIsTold) {
-    auto& port = ports.plug("ttyUSB0", device, faults);
-    link.setDelegate(this);
-    link.run();
-    ASSERT_TRUE(runUntil([&] { return isOpen; }));
-    faults.add(*Fault::parse("silence"));
-    link.send(CmdGetTime());
-    std::this_thread::sleep_for(80ms); // the time-out and the next scan fall into one turn
-    ASSERT_TRUE(runUntil([&] { return told > 0; }));
+TEST(Reopening, waitsUntilTheLossIsTold) {
+    FaultProgram program;
+    program.start();
+    program.plug();
+    ASSERT_TRUE(runUntil([&] { return program.isConnected(); }));
+    // Half a scan after the plugging, so that the last time-out is due a little before a scan ...
+    EXPECT_FALSE(runUntil([] { return false; }, FaultProgram::intervals.scan / 2));
+    program.faults.add(*Fault::parse("silence"));
+    program.controller.send(CmdGetTime());
+    ASSERT_TRUE(runUntil([&] { return program.received("CmdGetTime") == 5; }));
+    // ... and both fall into one turn.
+    std::this_thread::sleep_for(FaultProgram::intervals.scan + FaultProgram::intervals.answer);
+    ASSERT_TRUE(runUntil([&] { return program.prompts.alerts.size() == 1; }));
 
-    const int listings = ports.listings();
-    EXPECT_FALSE(runUntil([&] { return ports.listings() > listings; }, 100ms));
-    EXPECT_EQ(port.openCount, 1);
-    faults.clear();
-    pause.setActive(false);
-    EXPECT_TRUE(runUntil([&] { return isOpen; }));
-    EXPECT_EQ(told, 1);
+    const auto& port = *program.ports.device("ttyUSB0");
+    EXPECT_FALSE(runUntil([&] { return port.openCount > 1; }, 2 * FaultProgram::intervals.scan));
+    program.faults.clear();
+    EXPECT_TRUE(RecordingDialogs::press(QMessageBox::Ok));
+    EXPECT_TRUE(runUntil([&] { return program.isConnected(); }));
+    EXPECT_EQ(program.prompts.alerts.size(), 1);
 }
-
-} // namespace
