@@ -400,8 +400,9 @@ void AQCurveView::paintEvent(QPaintEvent*) {
     CurvePainter curve(painter, curveGeometry(), font());
     const auto points = this->points();
     if (!points.empty()) {
-        curve.drawOutline(points);
-        if (isEnabled()) {
+        if (!isEnabled()) {
+            curve.drawOutline(points);
+        } else {
             curve.drawFill(points);
             if (m_playheadTime) {
                 curve.drawTimeMarker(*m_playheadTime);

@@ -41,8 +41,8 @@ QGradientStops colorStops(std::span<const Stop> stops) {
     return colors;
 }
 
-QImage strip(const QGradientStops& colors, double start, double end, int pixels) {
-    QImage image(std::max(1, pixels), 1, QImage::Format_RGB32);
+QImage rows(const QGradientStops& colors, double start, double end, QSize size) {
+    QImage image(size, QImage::Format_RGB32);
     auto* const line = reinterpret_cast<QRgb*>(image.scanLine(0));
     qsizetype stop = 0;
     for (int pixel = 0; pixel < image.width(); ++pixel) {
@@ -54,6 +54,8 @@ QImage strip(const QGradientStops& colors, double start, double end, int pixels)
         const double share = to > from ? (position - from) / (to - from) : 0.0;
         line[pixel] = DisplayColors::blend(first, second, share).rgb();
     }
+    for (int row = 1; row < image.height(); ++row)
+        std::copy_n(line, image.width(), reinterpret_cast<QRgb*>(image.scanLine(row)));
     return image;
 }
 

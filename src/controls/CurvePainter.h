@@ -10,6 +10,7 @@
 #include <span>
 
 class QColor;
+class QImage;
 class QPainter;
 class QPolygonF;
 
@@ -24,10 +25,10 @@ public:
 
     /// The ground, the axes and their labels; the labels are grey unless enabled.
     void drawBackground(bool isEnabled);
-    /// The curve's outline, grey whether enabled or not. `points` must not be empty.
+    /// The curve's outline in grey. `points` must not be empty.
     void drawOutline(std::span<const AQTimePoint> points);
-    /// The area under the curve in the colours of the light, which covers the outline's inner half.
-    /// `points` must not be empty.
+    /// The area under the curve in the colours of the light, and the outer half of the outline,
+    /// as if the area covered the inner one. `points` must not be empty.
     void drawFill(std::span<const AQTimePoint> points);
     /// The line over a time of day, its head, and the tag that hides the axis labels under it.
     void drawTimeMarker(AQTime time);
@@ -37,8 +38,9 @@ public:
     void drawFocusRing();
 
 private:
-    /// Fills between `line`, whose x never falls, and `bottom` with the brush; in device pixels.
-    void fillUnder(const QPolygonF& line, double bottom);
+    /// Fills the part of `plot` under `line`, whose x never falls, with `colorRows`, which are as
+    /// wide as `plot` and repeated downwards. In device pixels.
+    void fillUnder(const QPolygonF& line, const QRect& plot, const QImage& colorRows);
     void drawAxes();
     void drawIntensityTicks();
     void drawHourTicks();

@@ -109,3 +109,22 @@ TEST_F(CurvePaint, IsSharpAndTheSameEachTimeAtEveryScale) {
                 << scale << ' ' << x;
     }
 }
+
+// The plot's edges go to whole pixels, past the first and the last minute of the day.
+TEST_F(CurvePaint, FillEndsWithThePlotAtEveryWidth) {
+    show({{AQTime{0, 0, 0}, 1.0, 1.0}, {AQTime{0, 1, 0}, 1.0, 0.5}, {AQTime{23, 59, 0}, 1.0, 0.5}});
+    for (int width = 480; width < 490; ++width) {
+        view.resize(width, 300);
+        for (const double scale : {1.0, 1.15, 1.5}) {
+            QImage target(QSizeF(view.size() * scale).toSize(), QImage::Format_RGB32);
+            target.setDevicePixelRatio(scale);
+            view.render(&target, QPoint());
+            const int y = static_cast<int>(250 * scale);
+            const double end = (width - 60) * scale;
+            EXPECT_EQ(target.pixelColor(static_cast<int>(end) - 2, y), cold)
+                << width << ' ' << scale;
+            EXPECT_EQ(target.pixelColor(static_cast<int>(end) + 2, y), white)
+                << width << ' ' << scale;
+        }
+    }
+}
