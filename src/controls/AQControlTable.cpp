@@ -1,8 +1,17 @@
 #include "controls/AQControlTable.h"
 
+#include "controls/AQScrollBar.h"
+#include "controls/AQTableHeader.h"
+#include "controls/AccentColor.h"
+#include "controls/Strokes.h"
+
 #include <QAccessibleWidget>
+#include <QPainter>
 
 namespace {
+
+/// One for the line, and one that keeps the contents, which begin on whole device pixels, off it.
+constexpr int frameInset = 2;
 
 QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* object) {
     auto* table = qobject_cast<AQControlTable*>(object);
@@ -14,6 +23,20 @@ QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* objec
 AQControlTable::AQControlTable(QWidget* parent) : QTableView(parent) {
     static const bool installed = (QAccessible::installFactory(makeInterface), true);
     Q_UNUSED(installed)
+    setHorizontalHeader(new AQTableHeader(this));
+    setVerticalScrollBar(new AQScrollBar(this));
+    setFrameStyle(QFrame::Box | QFrame::Plain);
+    setLineWidth(frameInset);
+}
+
+bool AQControlTable::event(QEvent* event) {
+    if (event->type() != QEvent::Paint)
+        return QTableView::event(event);
+    // The style's frame loses edges at a scale of 1.5.
+    QPainter painter(this);
+    painter.fillRect(rect(), palette().base());
+    Strokes::frame(painter, rect(), 1.0, AccentColor::tone(palette(), 0.3));
+    return true;
 }
 
 // QTableView would announce a cell, and screen readers know none.

@@ -13,6 +13,7 @@ public:
     explicit AQControlTable(QWidget* parent = nullptr);
 
 protected:
+    bool event(QEvent* event) override;
     void selectionChanged(const QItemSelection& selected,
                           const QItemSelection& deselected) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
