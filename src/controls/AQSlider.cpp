@@ -125,6 +125,9 @@ void AQSlider::drawKnob(QPainter& painter, const QRectF& rect) {
                    showsFocus() ? m_selectColor : DisplayColors::disabled);
 }
 
+void AQSlider::drawLabels(QPainter& /*painter*/, const QRectF& /*rect*/,
+                          const QColor& /*color*/) const {}
+
 void AQSlider::drawFrame(QPainter& painter, const QRectF& rect) const {
     if (!showsFocus()) {
         Strokes::frame(painter, rect, frameWidth, DisplayColors::disabled);
@@ -143,7 +146,17 @@ void AQSlider::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     const QRectF bounds = rect();
     drawBar(painter, bounds);
-    drawKnob(painter, bounds);
+    if (labelColorOnKnob() == labelColor()) {
+        drawKnob(painter, bounds);
+        drawLabels(painter, bounds, labelColor());
+    } else {
+        drawLabels(painter, bounds, labelColor());
+        drawKnob(painter, bounds);
+        painter.save();
+        painter.setClipRect(knobRect(bounds));
+        drawLabels(painter, bounds, labelColorOnKnob());
+        painter.restore();
+    }
     drawFrame(painter, bounds);
 }
 

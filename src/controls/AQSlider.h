@@ -45,17 +45,16 @@ public:
 protected:
     explicit AQSlider(QWidget* parent, std::optional<QLinearGradient> gradient);
 
-    /// The bar with its labels; fills `rect` with the gradient while enabled.
+    /// The bar; fills `rect` with the gradient while enabled.
     virtual void drawBar(QPainter& painter, const QRectF& rect);
     /// The knob; brightens what is beneath it.
     virtual void drawKnob(QPainter& painter, const QRectF& rect);
+    /// What is written on the bar, none here. The knob never washes it out.
+    virtual void drawLabels(QPainter& painter, const QRectF& rect, const QColor& color) const;
 
     QRectF knobRect(const QRectF& rect) const;
     /// The person's font, not smaller than `pixelSize`.
     QFont labelFont(int pixelSize) const;
-    QColor labelColor() const;
-    /// For the part of a label that the knob lies on.
-    QColor labelColorOnKnob() const;
     bool showsFocus() const { return isEnabled() && isWindowFocus(); }
 
     void paintEvent(QPaintEvent* event) override;
@@ -66,6 +65,9 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    QColor labelColor() const;
+    /// For the part of a label that the knob lies on.
+    QColor labelColorOnKnob() const;
     void setFromPointer(double x);
     void drawFrame(QPainter& painter, const QRectF& rect) const;
 

@@ -27,24 +27,9 @@ QSize AQSliderBrightness::minimumSizeHint() const {
     return {96, std::max(24, QFontMetrics(labelFont(labelPixelSize)).height() + 8)};
 }
 
-void AQSliderBrightness::drawLabel(QPainter& painter, const QRectF& rect,
-                                   const QColor& color) const {
+void AQSliderBrightness::drawLabels(QPainter& painter, const QRectF& rect,
+                                    const QColor& color) const {
     painter.setFont(labelFont(labelPixelSize));
     painter.setPen(color);
     painter.drawText(rect, Qt::AlignCenter | Qt::TextDontClip, valueText());
-}
-
-void AQSliderBrightness::drawBar(QPainter& painter, const QRectF& rect) {
-    AQSlider::drawBar(painter, rect);
-    drawLabel(painter, rect, labelColor());
-}
-
-void AQSliderBrightness::drawKnob(QPainter& painter, const QRectF& rect) {
-    AQSlider::drawKnob(painter, rect);
-    // The translucent knob washes the number out around 50 %; its part beneath the knob is drawn
-    // again.
-    painter.save();
-    painter.setClipRect(knobRect(rect));
-    drawLabel(painter, rect, labelColorOnKnob());
-    painter.restore();
 }

@@ -12,9 +12,5 @@ public:
     QSize minimumSizeHint() const override;
 
 protected:
-    void drawBar(QPainter& painter, const QRectF& rect) override;
-    void drawKnob(QPainter& painter, const QRectF& rect) override;
-
-private:
-    void drawLabel(QPainter& painter, const QRectF& rect, const QColor& color) const;
+    void drawLabels(QPainter& painter, const QRectF& rect, const QColor& color) const override;
 };

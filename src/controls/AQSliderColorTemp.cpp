@@ -171,14 +171,4 @@ void AQSliderColorTemp::drawBar(QPainter& painter, const QRectF& rect) {
     } else {
         drawBackground(painter, rect);
     }
-    drawLabels(painter, rect, labelColor());
-}
-
-void AQSliderColorTemp::drawKnob(QPainter& painter, const QRectF& rect) {
-    AQSlider::drawKnob(painter, rect);
-    // As on the brightness slider: the knob would wash the words out.
-    painter.save();
-    painter.setClipRect(knobRect(rect));
-    drawLabels(painter, rect, labelColorOnKnob());
-    painter.restore();
 }

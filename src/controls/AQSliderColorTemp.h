@@ -36,7 +36,7 @@ public:
 
 protected:
     void drawBar(QPainter& painter, const QRectF& rect) override;
-    void drawKnob(QPainter& painter, const QRectF& rect) override;
+    void drawLabels(QPainter& painter, const QRectF& rect, const QColor& color) const override;
 
 private:
     /// All of the bar that no value changes.
@@ -45,7 +45,6 @@ private:
     /// than everything else together.
     QPixmap background(const QRectF& rect, double scale);
     void drawCurve(QPainter& painter, const QRectF& rect) const;
-    void drawLabels(QPainter& painter, const QRectF& rect, const QColor& color) const;
 
     double m_maxValue = 1.0;
     bool m_showCurve = true;
