@@ -3,7 +3,7 @@
 #include <exception>
 
 BackgroundSink::BackgroundSink(std::vector<spdlog::sink_ptr> sinks, std::size_t longestQueue)
-    : m_sinks(std::move(sinks)), m_longestQueue(longestQueue), m_thread([this] { write(); }) {}
+    : m_sinks(std::move(sinks)), m_longestQueue(longestQueue) {}
 
 BackgroundSink::~BackgroundSink() {
     {
@@ -11,7 +11,8 @@ BackgroundSink::~BackgroundSink() {
         m_isEnding = true;
     }
     m_changed.notify_one();
-    m_thread.join();
+    if (m_thread.joinable())
+        m_thread.join();
 }
 
 void BackgroundSink::log(const spdlog::details::log_msg& message) {
@@ -20,6 +21,9 @@ void BackgroundSink::log(const spdlog::details::log_msg& message) {
         if (m_queue.size() == m_longestQueue)
             m_queue.pop_front();
         m_queue.emplace_back(message);
+        // Not earlier: with a second thread everything up to the first picture takes longer.
+        if (!m_thread.joinable())
+            m_thread = std::thread([this] { write(); });
     }
     m_changed.notify_one();
 }

@@ -37,7 +37,7 @@ private:
 
     const std::vector<spdlog::sink_ptr> m_sinks;
     const std::size_t m_longestQueue;
-    std::mutex m_mutex; ///< guards the next two
+    std::mutex m_mutex; ///< guards all that follows but the condition
     std::deque<spdlog::details::log_msg_buffer> m_queue;
     bool m_isEnding = false;
     std::condition_variable m_changed;
