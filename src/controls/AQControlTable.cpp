@@ -39,6 +39,13 @@ bool AQControlTable::event(QEvent* event) {
     return true;
 }
 
+// Not in the palette, which the controls take over for texts selected in them.
+void AQControlTable::initViewItemOption(QStyleOptionViewItem* option) const {
+    QTableView::initViewItemOption(option);
+    option->palette.setColor(QPalette::Highlight, isEnabled() ? AccentColor::selection(palette())
+                                                              : AccentColor::tone(palette(), 0.1));
+}
+
 // QTableView would announce a cell, and screen readers know none.
 void AQControlTable::selectionChanged(const QItemSelection& selected,
                                       const QItemSelection& deselected) {

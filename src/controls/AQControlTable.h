@@ -14,6 +14,7 @@ public:
 
 protected:
     bool event(QEvent* event) override;
+    void initViewItemOption(QStyleOptionViewItem* option) const override;
     void selectionChanged(const QItemSelection& selected,
                           const QItemSelection& deselected) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;

@@ -25,6 +25,10 @@ QColor fill(const QPalette& palette) {
                : DisplayColors::cold;
 }
 
+QColor selection(const QPalette& palette) {
+    return DisplayColors::blend(palette.color(QPalette::Base), onWindow(palette), 0.35);
+}
+
 QColor tone(const QPalette& palette, double share) {
     return DisplayColors::blend(palette.color(QPalette::Window),
                                 palette.color(QPalette::WindowText), share);

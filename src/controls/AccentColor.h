@@ -16,6 +16,9 @@ QColor onWindow(const QPalette& palette);
 /// For filled shapes that carry white: contrast of white on it is at least 4.5 to 1.
 QColor fill(const QPalette& palette);
 
+/// Behind what is selected in a list: a tint of the accent that texts and controls stand out of.
+QColor selection(const QPalette& palette);
+
 /// The window's colour with a share (0..1) of its text colour: quiet borders and backgrounds.
 QColor tone(const QPalette& palette, double share);
 
