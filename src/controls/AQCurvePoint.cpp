@@ -43,6 +43,16 @@ void AQCurvePoint::setIsSelected(bool isSelected) {
     update();
 }
 
+bool AQCurvePoint::event(QEvent* event) {
+    // The button will be released in the modal window, and nobody will tell this point.
+    if (event->type() == QEvent::WindowBlocked && m_isMouseDown) {
+        m_isMouseDown = false;
+        m_isDragging = false;
+        Q_EMIT hoverEnded(this);
+    }
+    return QWidget::event(event);
+}
+
 void AQCurvePoint::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);

@@ -36,7 +36,7 @@ public:
     /// Redraws when the state changes.
     void setIsSelected(bool isSelected);
 
-    /// A press that began on this point is still held.
+    /// A press that began on this point is still held. A modal window ends it.
     bool isMouseDown() const { return m_isMouseDown; }
 
 Q_SIGNALS:
@@ -44,10 +44,12 @@ Q_SIGNALS:
     /// The pointer is at height `y` of the parent; once for each move of a drag.
     void dragged(AQCurvePoint* point, double y);
     void hovered(AQCurvePoint* point);
-    /// The pointer has left, or a press ended elsewhere. Not sent while a press is held.
+    /// The pointer has left, or a press ended elsewhere or in a modal window. Not sent while a
+    /// press is held.
     void hoverEnded(AQCurvePoint* point);
 
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;

@@ -1,5 +1,6 @@
 #include "controls/CurveFixture.h"
 
+#include <QDialog>
 #include <QMouseEvent>
 #include <QSignalSpy>
 
@@ -78,6 +79,17 @@ TEST_F(CurveInput, PopoverFollowsHoverPressAndPoint) {
     EXPECT_EQ(popover.pos(), before + QPoint(0, 160));
     show({});
     EXPECT_FALSE(popover.isVisible());
+}
+
+TEST_F(CurveInput, AMessageEndsTheDragWhoseReleaseItTakes) {
+    press(1);
+    dragTo(1, 240);
+    QDialog message(&window);
+    message.open();
+    message.close();
+    EXPECT_FALSE(view.pointPopover().isPresented());
+    dragTo(1, 120);
+    EXPECT_NEAR(brightness(1), 0.5, 1e-12);
 }
 
 TEST_F(CurveInput, FollowsTheChangesOfOthersOnly) {
