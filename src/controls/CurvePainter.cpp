@@ -132,7 +132,8 @@ void CurvePainter::drawOutline(std::span<const AQTimePoint> points) {
 
 void CurvePainter::drawFill(std::span<const AQTimePoint> points) {
     // In device pixels, where a picture is copied instead of scaled; the plot's edges on whole
-    // ones.
+    // ones, the lower one in the middle of the axis as it is drawn: nothing of the area shows where
+    // the light is off.
     QPolygonF line = QTransform::fromScale(m_scale, m_scale).map(curveLine(points, m_geometry));
     const double left = std::round(line.first().x());
     const double right = std::round(line.last().x());
@@ -140,8 +141,10 @@ void CurvePainter::drawFill(std::span<const AQTimePoint> points) {
         place.setX(std::clamp(place.x(), left, right));
     line.first().setX(left);
     line.last().setX(right);
+    const double bottom = topOfHorizontal(m_geometry.bottom()) + std::floor(linePixels(1.0) / 2.0);
+    line.translate(0.0, bottom - m_geometry.bottom() * m_scale);
     const QRect plot(static_cast<int>(left), 0, static_cast<int>(right - left),
-                     static_cast<int>(std::round(m_geometry.bottom() * m_scale)));
+                     static_cast<int>(bottom));
     if (plot.isEmpty())
         return;
     const auto colors = CurveGradient::colorStops(CurveGradient::temperatureStops(points));
@@ -212,8 +215,12 @@ void CurvePainter::drawFocusRing() {
     Strokes::frame(m_painter, view, focusRingWidth, DisplayColors::cold);
 }
 
-double CurvePainter::lineWidth(double width) const {
-    return std::max(1.0, std::round(width * m_scale)) / m_scale;
+double CurvePainter::linePixels(double width) const {
+    return std::max(1.0, std::round(width * m_scale));
+}
+
+double CurvePainter::topOfHorizontal(double y) const {
+    return std::ceil(y * m_scale - linePixels(1.0) / 2.0 - rounding);
 }
 
 void CurvePainter::fillBox(const QRectF& box, const QColor& color) {
@@ -229,14 +236,13 @@ void CurvePainter::fillBox(const QRectF& box, const QColor& color) {
 // A line of an odd number of device pixels cannot be centred on its place. It gives way to the left
 // and downwards, so that the axes stay outside the area that is filled afterwards.
 void CurvePainter::drawHorizontal(double fromX, double toX, double y) {
-    const double width = lineWidth(1.0);
-    const double top = std::ceil((y - width / 2.0) * m_scale - rounding) / m_scale;
-    fillBox(QRectF(fromX, top, toX - fromX, width), DisplayColors::disabled);
+    fillBox(QRectF(fromX, topOfHorizontal(y) / m_scale, toX - fromX, linePixels(1.0) / m_scale),
+            DisplayColors::disabled);
 }
 
 void CurvePainter::drawVertical(double x, double fromY, double toY, double width,
                                 const QColor& color) {
-    const double whole = lineWidth(width);
+    const double whole = linePixels(width) / m_scale;
     const double left = std::floor((x - whole / 2.0) * m_scale + rounding) / m_scale;
     fillBox(QRectF(left, fromY, whole, toY - fromY), color);
 }

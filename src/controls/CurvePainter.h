@@ -46,8 +46,10 @@ private:
     void drawHourTicks();
     void drawLabel(const QRectF& box, int alignment, const QString& text);
 
-    /// A width in whole device pixels, at least one.
-    double lineWidth(double width) const;
+    /// A width in device pixels: whole ones, at least one.
+    double linePixels(double width) const;
+    /// Where a line at `y`, one unit thick, begins: its first row of device pixels.
+    double topOfHorizontal(double y) const;
     void fillBox(const QRectF& box, const QColor& color);
     void drawHorizontal(double fromX, double toX, double y);
     void drawVertical(double x, double fromY, double toY, double width, const QColor& color);

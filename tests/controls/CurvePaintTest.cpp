@@ -128,3 +128,24 @@ TEST_F(CurvePaint, FillEndsWithThePlotAtEveryWidth) {
         }
     }
 }
+
+// Where the light is off no colour lies on the time axis, wherever between two device pixels that
+// would be.
+TEST_F(CurvePaint, NothingShowsWhereTheLightIsOff) {
+    show({{AQTime{9, 0, 0}, 1.0, 0.0}, {AQTime{12, 0, 0}, 1.0, 0.5}, {AQTime{15, 0, 0}, 1.0, 0.0}});
+    for (int height = 300; height < 304; ++height) {
+        view.resize(500, height);
+        for (const double scale : {1.0, 1.25, 1.5, 2.0}) {
+            QImage target(QSizeF(view.size() * scale).toSize(), QImage::Format_RGB32);
+            target.setDevicePixelRatio(scale);
+            view.render(&target, QPoint());
+            const int axis = static_cast<int>((height - 40) * scale);
+            for (int y = axis - 3; y < axis + 3; ++y)
+                for (int x = static_cast<int>(80 * scale); x < 84 * scale; ++x) {
+                    const QColor seen = target.pixelColor(x, y);
+                    EXPECT_EQ(seen.red(), seen.blue())
+                        << height << ' ' << scale << ' ' << x << ' ' << y;
+                }
+        }
+    }
+}
