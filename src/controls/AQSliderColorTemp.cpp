@@ -91,8 +91,8 @@ QString AQSliderColorTemp::valueText() const {
 QSize AQSliderColorTemp::minimumSizeHint() const {
     const QFontMetricsF metrics(labelFont(labelPixelSize));
     const QSizeF word = wordSize(metrics, warmWord()).expandedTo(wordSize(metrics, coldWord()));
-    // Words that end within a third of the bar's middle stay on its light part.
-    return {static_cast<int>(3.0 * (labelGap + word.width())),
+    // The words stand within four fifths of the bar, off its darkest part.
+    return {static_cast<int>(2.5 * (labelGap + word.width())),
             static_cast<int>(2.0 * (labelMargin + word.height()))};
 }
 

@@ -9,17 +9,19 @@
 
 #include <QAbstractButton>
 #include <QAction>
+#include <QEvent>
 #include <QHeaderView>
 #include <QScopedValueRollback>
+#include <QScrollBar>
 #include <QStyledItemDelegate>
 #include <QTableView>
 #include <QTimer>
 
 namespace {
 
-constexpr int rowHeight = 48;
+constexpr int smallestRowHeight = 48;
 constexpr int cellMargin = 4;
-constexpr int timeColumnWidth = 112;
+constexpr int smallestTimeColumnWidth = 112;
 
 /// Leaves a margin around each cell's control, in which the selection shows, and draws no text of
 /// its own: the controls do, and a disabled one would let it shine through.
@@ -48,11 +50,12 @@ PointTable::PointTable(AQDataSource& data, Outlets outlets, QObject* parent)
     table.setModel(m_model);
     table.setItemDelegate(new CellDelegate(&table));
     table.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    table.verticalHeader()->setDefaultSectionSize(rowHeight);
+    table.verticalHeader()->setDefaultSectionSize(smallestRowHeight);
     table.horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     table.horizontalHeader()->setSectionResizeMode(NotificationCenter::columnTime,
                                                    QHeaderView::Fixed);
-    table.setColumnWidth(NotificationCenter::columnTime, timeColumnWidth);
+    table.setColumnWidth(NotificationCenter::columnTime, smallestTimeColumnWidth);
+    table.installEventFilter(this);
     syncRows();
 
     connect(m_model, &QAbstractItemModel::rowsInserted, this, &PointTable::syncRows);
@@ -108,6 +111,8 @@ void PointTable::syncRows() {
         const int row = static_cast<int>(m_rows.size());
         m_rows.push_back(makeRow(row));
         insertIntoTabOrder(row);
+        if (row == 0)
+            fitToFont();
     }
     updateButtons();
 }
@@ -162,6 +167,33 @@ void PointTable::refresh(int row, int column) {
     const QScopedValueRollback guard(m_refreshing, true);
     m_rows[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)]->setObjectValue(
         m_model->data(m_model->index(row, column), Qt::EditRole));
+}
+
+// The cells grow with the person's font, and the window leaves them room.
+void PointTable::fitToFont() {
+    if (m_rows.empty())
+        return;
+    QTableView& table = m_outlets.tableView;
+    std::array<QSize, 3> cells;
+    int rowHeight = smallestRowHeight;
+    for (std::size_t column = 0; column < cells.size(); ++column) {
+        cells[column] =
+            m_rows.front()[column]->minimumSizeHint() + 2 * QSize(cellMargin, cellMargin);
+        rowHeight = std::max(rowHeight, cells[column].height());
+    }
+    const int timeWidth = std::max(smallestTimeColumnWidth, cells.front().width());
+    // The sliders' columns are equally wide.
+    const int sliderWidth = std::max(cells[1].width(), cells[2].width());
+    table.verticalHeader()->setDefaultSectionSize(rowHeight);
+    table.setColumnWidth(NotificationCenter::columnTime, timeWidth);
+    table.setMinimumWidth(timeWidth + 2 * sliderWidth + 2 * table.frameWidth() +
+                          table.verticalScrollBar()->sizeHint().width());
+}
+
+bool PointTable::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == &m_outlets.tableView && event->type() == QEvent::FontChange)
+        fitToFont();
+    return QObject::eventFilter(watched, event);
 }
 
 PointTable::Cell PointTable::cellOf(const AQValueView& view) const {

@@ -46,6 +46,8 @@ public:
     bool aqValueShouldChange(AQValueView& view, const QVariant& value) override;
     void aqGotFocus(AQValueView& view) override;
 
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     using CellControls = std::array<AQValueView*, 3>;
     struct Cell {
@@ -57,6 +59,7 @@ private:
     void syncRows();
     CellControls makeRow(int row);
     void insertIntoTabOrder(int row);
+    void fitToFont();
     void refresh(int row, int column);
     void setTime(int row, const QVariant& value);
     void select(int row);

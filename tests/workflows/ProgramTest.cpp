@@ -69,6 +69,31 @@ TEST_F(ProgramTest, looksForPortsAfterTheFirstPaintAndEnablesTheDevice) {
     EXPECT_FALSE(ui().bttnLiveModeSwitch->isEnabled()) << "the demo has the lamp";
 }
 
+TEST_F(ProgramTest, smallestWindowSqueezesNothingInAnyFont) {
+    start();
+    QWidget& window = m_delegate.window();
+    const auto squeezed = [&window] {
+        window.resize(1, 1);
+        QStringList names;
+        for (const QWidget* control : window.findChildren<QWidget*>()) {
+            const bool isControl = qobject_cast<const AQValueView*>(control) ||
+                                   qobject_cast<const QAbstractButton*>(control);
+            const QSize least = control->minimumSizeHint();
+            if (isControl && control->isVisible() &&
+                control->size().expandedTo(least) != control->size())
+                names += control->objectName();
+        }
+        return names.join(u' ').toStdString();
+    };
+    QFont font = window.font();
+    for (const int size : {12, 18, 24}) {
+        font.setPixelSize(size);
+        window.setFont(font);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return squeezed().empty(); }, 1000))
+            << size << ": " << squeezed();
+    }
+}
+
 TEST_F(ProgramTest, loadAsksAboutUnsavedChangesBeforeAndAfter) {
     start();
     connect();
