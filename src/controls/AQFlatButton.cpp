@@ -28,8 +28,15 @@ void AQFlatButton::setPrimary(bool primary) {
     update();
 }
 
+void AQFlatButton::setWidestText(const QString& text) {
+    m_widestText = text;
+    updateGeometry();
+}
+
 QSize AQFlatButton::sizeHint() const {
-    const QSize label = fontMetrics().size(Qt::TextShowMnemonic, text());
+    const QSize label = fontMetrics()
+                            .size(Qt::TextShowMnemonic, text())
+                            .expandedTo(fontMetrics().size(Qt::TextShowMnemonic, m_widestText));
     int width = label.width() + 2 * sidePadding;
     if (!icon().isNull()) {
         width += iconSize().width() + (text().isEmpty() ? 0 : iconGap);

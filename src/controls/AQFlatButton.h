@@ -7,12 +7,18 @@
 class AQFlatButton : public QPushButton {
     Q_OBJECT
     Q_PROPERTY(bool primary READ isPrimary WRITE setPrimary)
+    Q_PROPERTY(QString widestText READ widestText WRITE setWidestText)
 
 public:
     explicit AQFlatButton(QWidget* parent = nullptr);
 
     bool isPrimary() const { return m_isPrimary; }
     void setPrimary(bool primary);
+
+    /// A text that the button may have later and is wide enough for from the start, lest the layout
+    /// shift; empty for none.
+    const QString& widestText() const { return m_widestText; }
+    void setWidestText(const QString& text);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
@@ -30,4 +36,5 @@ private:
     Look look() const;
 
     bool m_isPrimary = false;
+    QString m_widestText;
 };

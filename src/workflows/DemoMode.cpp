@@ -30,9 +30,6 @@ DemoMode::DemoMode(AQDataSource& data, LampPreview& lamp, AQCurveView& curveView
     // A precise repeating timer counts from tick to tick, so that a late one delays none after it.
     m_demoModeTimer.setTimerType(Qt::PreciseTimer);
     m_demoModeTimer.setInterval(intervals.tick);
-    // As wide as its wider title, lest the window's layout shift when the demo starts.
-    m_bttnRunDemo.setText(QStringLiteral("Stop Demo"));
-    m_bttnRunDemo.setMinimumWidth(m_bttnRunDemo.sizeHint().width());
     m_bttnRunDemo.setText(QStringLiteral("Run Demo"));
     connect(&m_demoModeTimer, &QTimer::timeout, this, &DemoMode::onDemoModeTimer);
     connect(&m_bttnRunDemo, &QPushButton::clicked, this, &DemoMode::onBttnRunDemo);
