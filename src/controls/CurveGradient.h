@@ -25,9 +25,9 @@ std::vector<Stop> temperatureStops(std::span<const AQTimePoint> points);
 /// colour temperature 0.5: a straight blend of their colours would miss it.
 QGradientStops colorStops(std::span<const Stop> stops);
 
-/// A picture, every row the same, of what `colors` look like from position 0.0, at `start` pixels, to
-/// position 1.0, at `end`; each pixel has the colour of its middle. Outside, the first and the last
-/// colour go on. `colors` must not be empty.
+/// A picture, every row the same, of what `colors` look like from position 0.0, at `start` pixels,
+/// to position 1.0, at `end`; each pixel has the colour of its middle. Outside, the first and the
+/// last colour go on. `colors` must not be empty.
 ///
 /// A QLinearGradient is not exact enough: its steps are rounded and add up from where a row begins,
 /// so that rows of different lengths show the same colour up to two pixels apart.
