@@ -5,6 +5,7 @@ void registerStartBenches();
 void registerIdleBenches();
 void registerPaintBenches();
 void registerDragBenches();
+void registerDemoBenches();
 void registerProtocolBenches();
 void registerTransferBenches();
 void registerTurnRoundBenches();

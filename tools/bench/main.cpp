@@ -38,6 +38,7 @@ int main(int argc, char** argv) {
     registerIdleBenches();
     registerPaintBenches();
     registerDragBenches();
+    registerDemoBenches();
     registerProtocolBenches();
     registerTransferBenches();
     registerTurnRoundBenches();
