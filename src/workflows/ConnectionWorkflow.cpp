@@ -9,8 +9,7 @@ ConnectionWorkflow::ConnectionWorkflow(YMessageController& controller, Prompts& 
                                        SelectDevicePanel& panel, QObject* parent)
     : QObject(parent), m_controller(controller), m_prompts(prompts), m_panel(panel) {
     m_controller.setDelegate(this);
-    connect(&panel, &SelectDevicePanel::chosen, this,
-            [this](const std::string& path) { m_controller.openWithPath(path); });
+    connect(&panel, &SelectDevicePanel::chosen, this, &ConnectionWorkflow::onPanelSelectDevice);
 }
 
 ConnectionWorkflow::~ConnectionWorkflow() {
@@ -21,11 +20,22 @@ void ConnectionWorkflow::menuOpenDevice() {
     m_panel.run(m_controller.availablePorts());
 }
 
+void ConnectionWorkflow::onPanelSelectDevice(const std::string& path) {
+    m_controller.openWithPath(path);
+    // The controller before was let go without a report, and this one may never answer.
+    if (m_isConnected && !m_controller.isConnected())
+        setConnected(false);
+}
+
+void ConnectionWorkflow::setConnected(bool isConnected) {
+    m_isConnected = isConnected;
+    Q_EMIT connectedChanged(isConnected);
+}
+
 void ConnectionWorkflow::messageControllerDidOpen() {
     SPDLOG_DEBUG("Aquelon device opened");
-    m_isConnected = true;
     Q_EMIT portProblemChanged({});
-    Q_EMIT connectedChanged(true);
+    setConnected(true);
 }
 
 void ConnectionWorkflow::messageControllerFoundPorts(std::size_t count) {
@@ -43,8 +53,7 @@ void ConnectionWorkflow::messageControllerGotError(const YMessageError& error) {
         Q_EMIT portProblemChanged(QString::fromStdString(error.description()));
     if (!error.is<YMessageError::PortClosedError>())
         return;
-    m_isConnected = false;
-    Q_EMIT connectedChanged(false);
+    setConnected(false);
     m_prompts.alert(QStringLiteral("Device Error!"),
                     QStringLiteral("Error: ") + QString::fromStdString(error.description()) + u'.',
                     Prompts::Severity::Critical);

@@ -4,6 +4,8 @@
 
 #include <QObject>
 
+#include <string>
+
 class Prompts;
 class SelectDevicePanel;
 
@@ -33,6 +35,9 @@ Q_SIGNALS:
     void portProblemChanged(const QString& problem);
 
 private:
+    void onPanelSelectDevice(const std::string& path);
+    void setConnected(bool isConnected);
+
     YMessageController& m_controller;
     Prompts& m_prompts;
     SelectDevicePanel& m_panel;

@@ -10,6 +10,7 @@
 #include "simulator/WireLog.h"
 #include "ui_MainWindow.h"
 #include "workflows/ScriptedPrompts.h"
+#include "workflows/SelectDevicePanel.h"
 #include "yprotocoll/ModalPause.h"
 #include "yprotocoll/YMessageController.h"
 
@@ -91,6 +92,31 @@ TEST_F(ProgramTest, smallestWindowSqueezesNothingInAnyFont) {
         window.setFont(font);
         EXPECT_TRUE(QTest::qWaitFor([&] { return squeezed().empty(); }, 1000))
             << size << ": " << squeezed();
+    }
+}
+
+TEST_F(ProgramTest, aControllerLetGoForOneThatFailsIsNotShownAsConnected) {
+    start();
+    const struct {
+        std::uint8_t minorVersion;
+        SimulatedSerialDevice::Opening opening;
+        const char* problem;
+    } cases[] = {
+        {4, SimulatedSerialDevice::Opening::Fails, "port error: Permission denied"},
+        {0, SimulatedSerialDevice::Opening::Succeeds, "unsupported device version 1.0"},
+    };
+    for (const auto& test : cases) {
+        m_controller.openWithPath("/dev/ttyUSB0");
+        connect();
+        SimulatedController other{{.versionMinor = test.minorVersion}};
+        m_ports.plug("ttyUSB1", other, m_faults).opening = test.opening;
+        Q_EMIT m_delegate.window().findChild<SelectDevicePanel*>()->chosen("/dev/ttyUSB1");
+        EXPECT_TRUE(QTest::qWaitFor(
+            [&] { return ui().lblPortProblem->text() == QLatin1String(test.problem); }));
+        EXPECT_EQ(ui().lblConnectionStatus->text(), QStringLiteral("NOT CONNECTED"));
+        EXPECT_FALSE(ui().bttnSend->isEnabled());
+        m_ports.unplug("ttyUSB1");
+        m_ports.unplug("ttyUSB0");
     }
 }
 
