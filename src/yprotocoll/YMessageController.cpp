@@ -96,10 +96,7 @@ void YMessageController::onScanTimer() {
         return;
     }
     const auto ports = availablePorts();
-    if (ports.empty())
-        m_reportedOpenFailure.reset();
-    if (m_delegate)
-        m_delegate->messageControllerFoundPorts(ports.size());
+    foundPorts(ports.size());
     if (ports.size() == 1)
         openPort(ports.front());
 }
@@ -137,10 +134,18 @@ void YMessageController::openWithPath(const std::string& path) {
 void YMessageController::openPath(const std::string& path) {
     const auto ports = availablePorts();
     const auto port = std::ranges::find(ports, path, &SerialPortInfo::path);
+    foundPorts(port != ports.end() ? 1 : 0);
     if (port != ports.end())
         openPort(*port);
-    else
+}
+
+void YMessageController::foundPorts(std::size_t count) {
+    if (count == 0)
         m_reportedOpenFailure.reset();
+    later([this, count] {
+        if (m_delegate)
+            m_delegate->messageControllerFoundPorts(count);
+    });
 }
 
 void YMessageController::openPort(const SerialPortInfo& port) {

@@ -31,7 +31,8 @@ public:
     /// The controller is open, its version and data format accepted.
     virtual void messageControllerDidOpen() = 0;
     virtual void messageControllerGotError(const YMessageError& error) = 0;
-    /// At every look for a controller: how many there are. More than one are left to the person.
+    /// At every look for a controller: how many there are, only the one asked for by its path being
+    /// counted. More than one are left to the person.
     virtual void messageControllerFoundPorts(std::size_t /*count*/) {}
 
 protected:
@@ -139,6 +140,7 @@ private:
     void onStreamTimer();
 
     // opening
+    void foundPorts(std::size_t count);
     void openPort(const SerialPortInfo& port);
     void openPath(const std::string& path);
     void gotVersion(const YAnswer& answer);

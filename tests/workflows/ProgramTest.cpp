@@ -120,6 +120,18 @@ TEST_F(ProgramTest, aControllerLetGoForOneThatFailsIsNotShownAsConnected) {
     }
 }
 
+TEST_F(ProgramTest, theReasonWhyAPortCannotBeUsedGoesWithThePort) {
+    start();
+    for (const char* chosen : {"", "/dev/ttyUSB0"}) {
+        m_controller.openWithPath(chosen);
+        m_ports.plug("ttyUSB0", m_device, m_faults).opening = SimulatedSerialDevice::Opening::Fails;
+        EXPECT_TRUE(QTest::qWaitFor([&] { return ui().lblPortProblem->isVisible(); }));
+        m_ports.unplug("ttyUSB0");
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !ui().lblPortProblem->isVisible(); }, 1000))
+            << chosen;
+    }
+}
+
 TEST_F(ProgramTest, loadAsksAboutUnsavedChangesBeforeAndAfter) {
     start();
     connect();
