@@ -14,7 +14,7 @@ const AQTimePoint& AQSequence::at(int row) const {
 
 int AQSequence::pointLimit() const {
     const auto device = m_document.device();
-    return device ? device->maxPointsInSeq : defaultPointLimit;
+    return device && device->knowsLimits() ? device->maxPointsInSeq : defaultPointLimit;
 }
 
 void AQSequence::updateWithRow(int row, ColorTemp value, const QObject* sender) {

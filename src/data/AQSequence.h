@@ -33,7 +33,7 @@ public:
     const std::vector<AQTimePoint>& points() const { return m_data; }
     /// `row` must be valid.
     const AQTimePoint& at(int row) const;
-    /// The point limit of the connected controller, 20 without one.
+    /// The point limit of the connected controller, 20 without one or while it has not told.
     int pointLimit() const;
     /// True while `count()` is below `pointLimit()`. Insertion itself never refuses.
     bool hasSpace() const { return count() < pointLimit(); }

@@ -16,5 +16,7 @@ struct DeviceInfo {
     std::uint8_t deviceType = 0;
     int channelCount = 0;   ///< output channels; 0 until the controller has told
     int maxPointsInSeq = 0; ///< most entries per channel; 0 until the controller has told
+    /// False between the answer with the version and the one with the two limits.
+    bool knowsLimits() const { return channelCount != 0 || maxPointsInSeq != 0; }
     bool operator==(const DeviceInfo&) const = default;
 };

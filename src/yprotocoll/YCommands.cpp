@@ -19,9 +19,8 @@ std::uint8_t toByte(int value) {
     return static_cast<std::uint8_t>(std::clamp(value, 0, 255));
 }
 
-/// Both numbers are 0 between the version answer and the answer with the limits.
 bool knowsLimits(const std::optional<DeviceInfo>& device) {
-    return device && (device->channelCount != 0 || device->maxPointsInSeq != 0);
+    return device && device->knowsLimits();
 }
 
 std::uint8_t limitedChannel(const char* command, int channel,

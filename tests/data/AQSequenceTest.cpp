@@ -109,6 +109,9 @@ TEST(AQSequence, hasSpaceUpToTheLimitOfTheController) {
     EXPECT_TRUE(document.sequence.hasSpace());
     document.sequence.addNewAfter(-1, nullptr);
     EXPECT_FALSE(document.sequence.hasSpace());
+    document.sequence.replacePoints(std::vector<AQTimePoint>(19));
+    document.device = DeviceInfo{.version = {1, 4}};
+    EXPECT_TRUE(document.sequence.hasSpace()) << "the controller has not told its limit yet";
 }
 
 TEST(AQTimePoint, fractionsAsBytes) {
