@@ -275,7 +275,12 @@ void PointTable::select(int row) {
 }
 
 void PointTable::selectOnNextTurn(int row) {
-    QTimer::singleShot(0, this, [this, row] { select(row); });
+    QTimer::singleShot(0, this, [this, row] {
+        const bool isSelected = row == selectedRow();
+        select(row);
+        if (isSelected) // the same row, another point
+            m_data.sequence().notifySelectionChange(row, this);
+    });
 }
 
 // A point that moved takes the keyboard focus along, so that stepping its time, or tabbing to its

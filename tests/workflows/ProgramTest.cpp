@@ -4,6 +4,7 @@
 #include "controls/AQSliderColorTemp.h"
 #include "data/AQDataSource.h"
 #include "data/AQDataSourceWriter.h"
+#include "data/ColorMapping.h"
 #include "simulator/FaultPlan.h"
 #include "simulator/SimulatedController.h"
 #include "simulator/SimulatedSerialPortManager.h"
@@ -130,6 +131,25 @@ TEST_F(ProgramTest, theReasonWhyAPortCannotBeUsedGoesWithThePort) {
         EXPECT_TRUE(QTest::qWaitFor([&] { return !ui().lblPortProblem->isVisible(); }, 1000))
             << chosen;
     }
+}
+
+// Behind 23:59 there is no room: the new point takes the row of the one that is selected.
+TEST_F(ProgramTest, liveModeShowsTheNewPointAlsoWhenItsRowWasSelected) {
+    m_data.sequence().replacePoints({{{23, 59}, 0.5, 1.0}});
+    start();
+    connect();
+    ui().tableView->selectRow(0);
+    ui().bttnLiveModeSwitch->click();
+    const auto lampShows = [&](std::uint8_t level) {
+        return QTest::qWaitFor(
+            [&] {
+                return m_device.lampLevels() == std::array{level, level};
+            },
+            3000);
+    };
+    EXPECT_TRUE(lampShows(254));
+    ui().bttnTableItemAdd->click();
+    EXPECT_TRUE(lampShows(levelsFromLight(0.5, 0.5).cold));
 }
 
 TEST_F(ProgramTest, loadAsksAboutUnsavedChangesBeforeAndAfter) {
