@@ -40,11 +40,19 @@ void SimulatedDevices::plug(SimulatedDevice& device, const std::string& name) {
     const auto pull = [this, &device](std::chrono::milliseconds back) {
         unplug(device);
         if (back.count() > 0)
-            QTimer::singleShot(back, this, [this, &device] { plug(device); });
+            QTimer::singleShot(back, this, [this, &device] { plugAgain(device); });
     };
     connect(device.pty.get(), &PtyController::unplugRequested, this, pull, Qt::QueuedConnection);
     m_log.note(device.name, "plugged");
     m_bus.add(device.name, device.usb, device.pty->path());
+}
+
+void SimulatedDevices::plugAgain(SimulatedDevice& device) {
+    try {
+        plug(device);
+    } catch (const std::exception& error) {
+        m_log.note(device.name, error.what());
+    }
 }
 
 // As with a real adapter the program's open tty is hung up and the system's event comes at once.

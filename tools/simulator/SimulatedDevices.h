@@ -53,6 +53,9 @@ public:
     void vanish(SimulatedDevice& device);
 
 private:
+    /// For the event loop: stays out, with a line in the log, when it cannot be plugged in.
+    void plugAgain(SimulatedDevice& device);
+
     MockBus& m_bus;
     WireLog& m_log;
     bool m_paced;
