@@ -44,7 +44,6 @@ public:
     void reset(std::chrono::milliseconds deafFor);
     /// Delivers and executes what is due by now, without waiting for the event loop.
     void catchUp() { work(); }
-    bool isPaced() const { return m_paced; }
     const std::string& name() const { return m_name; }
 
 Q_SIGNALS:

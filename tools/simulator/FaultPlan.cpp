@@ -34,13 +34,6 @@ void cut(std::vector<LinePiece>& pieces, std::size_t index, std::size_t count,
 
 } // namespace
 
-std::vector<Fault> FaultPlan::faults() const {
-    std::vector<Fault> result;
-    for (const Counted& counted : m_faults)
-        result.push_back(counted.fault);
-    return result;
-}
-
 std::vector<Fault> FaultPlan::take(std::uint8_t command) {
     std::vector<Fault> result;
     for (Counted& counted : m_faults) {

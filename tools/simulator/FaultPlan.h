@@ -19,7 +19,6 @@ struct LinePiece {
 
 /// What the faults make of one command.
 struct FaultOutcome {
-    bool execute = true; ///< false: the controller never hears of it
     std::vector<LinePiece> pieces;
     std::optional<std::chrono::milliseconds> resetFor;
     /// Set when the cable is pulled instead of answering; zero: it stays out.
@@ -32,7 +31,6 @@ class FaultPlan {
 public:
     void add(const Fault& fault) { m_faults.push_back({fault, 0}); }
     void clear() { m_faults.clear(); }
-    std::vector<Fault> faults() const;
 
     /// The faults that hold for this command; counts it. To be asked once a command, before it is
     /// executed.
