@@ -127,11 +127,12 @@ void DocumentCommands::askWhereThenSave(const Continuation& saved) {
     m_prompts.askWhereToSave(suggested, [this, saved](const std::optional<QString>& path) {
         if (!path)
             return;
-        if (!QFileInfo(*path).suffix().isEmpty()) {
+        if (QFileInfo(*path).suffix().compare(QLatin1String("sq"), Qt::CaseInsensitive) == 0) {
             write(*path, saved);
             return;
         }
-        // The panel has asked about the name without its ending only.
+        // Neither panel would show "Reef 2.0" again. What is there under the whole name the panel
+        // has not asked about.
         const QString file = *path + QStringLiteral(".sq");
         if (QFileInfo::exists(file))
             confirmThenWrite(file, QFileInfo(file).fileName() + QStringLiteral(" exists already."),

@@ -94,10 +94,10 @@ TEST_F(DocumentCommandsTest, nameWithoutEndingReplacesNoFileUnasked) {
     }
     // With nothing to replace there is nothing to ask but the place.
     m_prompts.asked.clear();
-    m_prompts.placesToSave = {path("[*]")};
+    m_prompts.placesToSave = {path("[*] 2.0")};
     m_commands.saveDocumentAs();
     EXPECT_EQ(m_prompts.asked.size(), 1);
-    EXPECT_EQ(title(), "Aquelon - [*][*].sq") << "shown as it stands";
+    EXPECT_EQ(title(), "Aquelon - [*][*] 2.0.sq") << "shown as it stands";
 }
 
 TEST_F(DocumentCommandsTest, brokenFileKeepsTheOldOneSafe) {
