@@ -21,20 +21,22 @@ SimulatedDevice& SimulatedDevices::addForeign(std::optional<UsbIdentity> usb,
 }
 
 SimulatedDevice* SimulatedDevices::find(const std::string& name) const {
-    for (const auto& device : m_devices) {
-        if (name.empty() ? device->isPlugged() : device->name == name)
-            return device.get();
+    for (const bool plugged : {true, false}) {
+        for (const auto& device : m_devices) {
+            if (device->isPlugged() == plugged && (name.empty() || device->name == name))
+                return device.get();
+        }
     }
-    return name.empty() && !m_devices.empty() ? m_devices.front().get() : nullptr;
+    return nullptr;
 }
 
 void SimulatedDevices::plug(SimulatedDevice& device, const std::string& name) {
     if (device.isPlugged())
         return;
-    if (!name.empty())
-        device.name = name;
-    if (m_bus.has(device.name))
-        throw std::runtime_error(device.name + " is taken");
+    const std::string port = name.empty() ? device.name : name;
+    if (m_bus.has(port))
+        throw std::runtime_error(port + " is taken");
+    device.name = port;
     device.pty = std::make_unique<PtyController>(device.controller.get(), device.faults, m_log,
                                                  device.name, m_paced);
     const auto pull = [this, &device](std::chrono::milliseconds back) {

@@ -39,8 +39,8 @@ public:
     SimulatedDevice& addForeign(std::optional<UsbIdentity> usb, const std::string& name);
 
     const std::vector<std::unique_ptr<SimulatedDevice>>& all() const { return m_devices; }
-    /// The device that has this port; with an empty name the first one that is plugged in, or else
-    /// the first. Null when there is none.
+    /// The device that has this port, or else had it or is to have it; with an empty name the first
+    /// one that is plugged in, or else the first. Null when there is none.
     SimulatedDevice* find(const std::string& name) const;
 
     /// Nothing happens when it is plugged in already. Throws std::runtime_error when the name is
