@@ -53,6 +53,8 @@ void ConnectionWorkflow::messageControllerGotError(const YMessageError& error) {
         Q_EMIT portProblemChanged(QString::fromStdString(error.description()));
     if (!error.is<YMessageError::PortClosedError>())
         return;
+    // The port could be used, and the alert tells what went wrong then.
+    Q_EMIT portProblemChanged({});
     setConnected(false);
     m_prompts.alert(QStringLiteral("Device Error!"),
                     QStringLiteral("Error: ") + QString::fromStdString(error.description()) + u'.',
