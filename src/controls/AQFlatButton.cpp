@@ -13,7 +13,6 @@ namespace {
 
 constexpr int buttonHeight = 32;
 constexpr int sidePadding = 16;
-constexpr int iconGap = 8;
 constexpr double cornerRadius = 6.0;
 
 } // namespace
@@ -37,11 +36,7 @@ QSize AQFlatButton::sizeHint() const {
     const QSize label = fontMetrics()
                             .size(Qt::TextShowMnemonic, text())
                             .expandedTo(fontMetrics().size(Qt::TextShowMnemonic, m_widestText));
-    int width = label.width() + 2 * sidePadding;
-    if (!icon().isNull()) {
-        width += iconSize().width() + (text().isEmpty() ? 0 : iconGap);
-    }
-    return {width, std::max(buttonHeight, label.height() + 12)};
+    return {label.width() + 2 * sidePadding, std::max(buttonHeight, label.height() + 12)};
 }
 
 AQFlatButton::Look AQFlatButton::look() const {
@@ -54,7 +49,7 @@ AQFlatButton::Look AQFlatButton::look() const {
                 AccentColor::tone(colors, 0.18), text};
     }
     const double pressed = isDown() ? 1.0 : underMouse() ? 0.5 : 0.0;
-    if (m_isPrimary || isChecked()) {
+    if (m_isPrimary) {
         const QColor base = AccentColor::fill(colors);
         const QColor fill = DisplayColors::blend(base, Qt::black, 0.3 * pressed);
         return {fill, fill, Qt::white};
@@ -72,26 +67,14 @@ void AQFlatButton::paintEvent(QPaintEvent* /*event*/) {
     painter.setBrush(colors.fill);
     painter.drawRoundedRect(body, cornerRadius, cornerRadius);
 
-    QRect content = rect();
-    if (!icon().isNull()) {
-        const int label = fontMetrics().size(Qt::TextShowMnemonic, text()).width();
-        const int used = iconSize().width() + (text().isEmpty() ? 0 : iconGap + label);
-        const QRect place(QPoint((width() - used) / 2, (height() - iconSize().height()) / 2),
-                          iconSize());
-        icon().paint(&painter, place, Qt::AlignCenter,
-                     isEnabled() ? QIcon::Normal : QIcon::Disabled);
-        content.setLeft(place.right() + iconGap);
-        content.setWidth(label + 1);
-    }
     painter.setPen(colors.text);
-    painter.drawText(content, Qt::AlignCenter | Qt::TextShowMnemonic, text());
+    painter.drawText(rect(), Qt::AlignCenter | Qt::TextShowMnemonic, text());
 
     if (hasFocus()) {
-        const bool isFilled = m_isPrimary || isChecked();
-        const double inset = isFilled ? 3.0 : 1.0;
+        const double inset = m_isPrimary ? 3.0 : 1.0;
         painter.setBrush(Qt::NoBrush);
-        painter.setPen(QPen(isFilled ? QColor(Qt::white) : AccentColor::onWindow(palette()),
-                            isFilled ? 1.5 : 2.0));
+        painter.setPen(QPen(m_isPrimary ? QColor(Qt::white) : AccentColor::onWindow(palette()),
+                            m_isPrimary ? 1.5 : 2.0));
         painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset),
                                 cornerRadius - inset / 2.0, cornerRadius - inset / 2.0);
     }

@@ -3,7 +3,7 @@
 #include <QPushButton>
 
 /// A push button without relief: quiet (a thin outline), or primary (filled with the accent) for
-/// what matters most. Checked, a quiet button shows the accent. Enter presses it as Space does.
+/// what matters most. It shows its text only. Enter presses it as Space does.
 class AQFlatButton : public QPushButton {
     Q_OBJECT
     Q_PROPERTY(bool primary READ isPrimary WRITE setPrimary)
