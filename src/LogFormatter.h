@@ -5,7 +5,7 @@
 #include <memory>
 
 /// One line of the log: level tag, thread id, " | " and the message, for example
-/// "INFO  | 4711 | device version 1.4". Without a line end: the sinks add what they need.
+/// "INFO  | 4711 | device version 1.4".
 class LogFormatter : public spdlog::formatter {
 public:
     /// `eol` is put after each line; empty for the system log, which makes lines itself.

@@ -43,7 +43,7 @@ protected:
     /// The delegate's verdict; true without one.
     bool askDelegate(const QVariant& value);
 
-    /// The number in `object`, none for anything that is no finite number (texts included).
+    /// The number in `object`, which may be infinite; none for anything else, texts included.
     static std::optional<double> numberFrom(const QVariant& object);
 
 private:
