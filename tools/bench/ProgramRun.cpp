@@ -39,7 +39,9 @@ std::vector<std::string> environment(const ProgramCall& call, bool toFirstPaint)
             variables.emplace_back(*variable);
     variables.push_back("QT_QPA_PLATFORM=" + call.platform);
     if (toFirstPaint) {
-        variables.emplace_back("LD_PRELOAD=" FIRST_PAINT_LIBRARY);
+        // A relative path: spaces in the absolute one would end the name.
+        const auto library = std::filesystem::relative(FIRST_PAINT_LIBRARY);
+        variables.push_back("LD_PRELOAD=./" + library.string());
         variables.push_back("FIRST_PAINT_FD=" + std::to_string(paintDescriptor));
     }
     return variables;
