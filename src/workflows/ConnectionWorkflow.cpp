@@ -22,6 +22,9 @@ void ConnectionWorkflow::menuOpenDevice() {
 
 void ConnectionWorkflow::onPanelSelectDevice(const std::string& path) {
     m_controller.openWithPath(path);
+    // A controller that was refused or silent has ended discovery, without which the one that was
+    // chosen now would not be found again after a pulled cable.
+    m_controller.run();
     // The controller before was let go without a report, and this one may never answer.
     if (m_isConnected && !m_controller.isConnected())
         setConnected(false);

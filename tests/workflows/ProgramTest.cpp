@@ -119,6 +119,9 @@ TEST_F(ProgramTest, aControllerLetGoForOneThatFailsIsNotShownAsConnected) {
         m_ports.unplug("ttyUSB1");
         m_ports.unplug("ttyUSB0");
     }
+    // A choice starts anew the search that the refusal has ended.
+    Q_EMIT m_delegate.window().findChild<SelectDevicePanel*>()->chosen("/dev/ttyUSB0");
+    connect();
 }
 
 TEST_F(ProgramTest, theReasonWhyAPortCannotBeUsedGoesWithThePort) {
