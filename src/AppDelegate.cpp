@@ -120,6 +120,7 @@ void AppDelegate::connectDevice() {
             &TransferWorkflow::onBttnSaveToDevice);
     connect(m_window.get(), &MainWindow::modalChanged, &m_services.controller.modalPause(),
             &ModalPause::setActive);
+    connect(&w.selectDevice, &SelectDevicePanel::chosen, this, &AppDelegate::onDeviceChosen);
     connect(&w.connection, &ConnectionWorkflow::connectedChanged, this,
             &AppDelegate::onConnectedChanged);
     connect(&w.connection, &ConnectionWorkflow::portProblemChanged, m_window.get(),
@@ -159,6 +160,16 @@ void AppDelegate::onConnectedChanged(bool isConnected) {
         m_workflows->deviceTime->setConnected(isConnected);
     updateControls();
     m_workflows->lamp.setConnected(isConnected);
+}
+
+void AppDelegate::onDeviceChosen(const std::string& path) {
+    // The lamp in use goes back to its own program before its link is let go.
+    m_workflows->lamp.releaseForGood([this, path] {
+        m_workflows->connection.openDevice(path);
+        // The chosen one may have been unplugged meanwhile; then the present link goes on.
+        if (m_workflows->connection.isConnected())
+            m_workflows->lamp.setConnected(true);
+    });
 }
 
 void AppDelegate::menuSetDeviceTime() {

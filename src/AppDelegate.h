@@ -51,6 +51,7 @@ private:
     void startDiscovery();
     void giveBackLampThenTerminate();
     void onConnectedChanged(bool isConnected);
+    void onDeviceChosen(const std::string& path);
     void menuSetDeviceTime();
     void onBttnHelpDeviceStatus();
     void onBttnHelpTask();

@@ -9,7 +9,6 @@ ConnectionWorkflow::ConnectionWorkflow(YMessageController& controller, Prompts& 
                                        SelectDevicePanel& panel, QObject* parent)
     : QObject(parent), m_controller(controller), m_prompts(prompts), m_panel(panel) {
     m_controller.setDelegate(this);
-    connect(&panel, &SelectDevicePanel::chosen, this, &ConnectionWorkflow::onPanelSelectDevice);
 }
 
 ConnectionWorkflow::~ConnectionWorkflow() {
@@ -20,7 +19,7 @@ void ConnectionWorkflow::menuOpenDevice() {
     m_panel.run(m_controller.availablePorts());
 }
 
-void ConnectionWorkflow::onPanelSelectDevice(const std::string& path) {
+void ConnectionWorkflow::openDevice(const std::string& path) {
     m_controller.openWithPath(path);
     // A controller that was refused or silent has ended discovery, without which the one that was
     // chosen now would not be found again after a pulled cable.

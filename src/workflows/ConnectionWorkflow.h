@@ -20,7 +20,10 @@ public:
                        QObject* parent = nullptr);
     ~ConnectionWorkflow() override;
 
+    /// Lets the person choose; the panel tells what was chosen.
     void menuOpenDevice();
+    /// Lets go of the present link, if any, and looks for `path` from now on.
+    void openDevice(const std::string& path);
     /// As shown in the window; follows the link's reports, not its inner state.
     bool isConnected() const { return m_isConnected; }
 
@@ -35,7 +38,6 @@ Q_SIGNALS:
     void portProblemChanged(const QString& problem);
 
 private:
-    void onPanelSelectDevice(const std::string& path);
     void setConnected(bool isConnected);
 
     YMessageController& m_controller;

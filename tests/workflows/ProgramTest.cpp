@@ -155,6 +155,27 @@ TEST_F(ProgramTest, liveModeShowsTheNewPointAlsoWhenItsRowWasSelected) {
     EXPECT_TRUE(lampShows(levelsFromLight(0.5, 0.5).cold));
 }
 
+TEST_F(ProgramTest, aLampInPreviewIsGivenBackBeforeAnotherIsChosen) {
+    start();
+    m_controller.openWithPath("/dev/ttyUSB0");
+    connect();
+    ui().tableView->selectRow(0);
+    ui().bttnLiveModeSwitch->click();
+    const auto waitForCommand = [](SimulatedController& device, const char* command) {
+        return QTest::qWaitFor([&] { return device.commandCounts().contains(command); }, 3000);
+    };
+    ASSERT_TRUE(waitForCommand(m_device, "CmdEnableDemoMode"));
+    SimulatedController other{{}};
+    m_ports.plug("ttyUSB1", other, m_faults);
+    auto* panel = m_delegate.window().findChild<SelectDevicePanel*>();
+    Q_EMIT panel->chosen("/dev/ttyUSB1");
+    EXPECT_TRUE(waitForCommand(m_device, "CmdDisableDemoMode"));
+    EXPECT_TRUE(waitForCommand(other, "CmdEnableDemoMode")) << "live mode goes on there";
+    // One that is not there: the preview goes on where it is.
+    Q_EMIT panel->chosen("/dev/ttyUSB7");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return other.commandCounts().at("CmdEnableDemoMode") > 1; }));
+}
+
 TEST_F(ProgramTest, loadAsksAboutUnsavedChangesBeforeAndAfter) {
     start();
     connect();
