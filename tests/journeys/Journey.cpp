@@ -16,7 +16,7 @@
 
 namespace {
 
-using Matches = std::function<bool(const UiElement&)>;
+using Matches = UiElement::Matches;
 
 constexpr int limit = 30'000; // milliseconds, far beyond what anything takes
 constexpr unsigned long lookAgain = 20;
@@ -30,11 +30,9 @@ QByteArray contents(const QString& path) {
 bool pressFirst(const std::function<UiElement()>& window, const Matches& matches,
                 UiElement::Search search = UiElement::Search::Showing) {
     return Journey::waitUntil([&] {
-        const auto found = window().findAll(matches, search);
-        if (found.empty())
-            return false;
-        found.front().press();
-        return true;
+        const UiElement found = window().find(matches, search);
+        found.press();
+        return bool(found);
     });
 }
 
@@ -55,10 +53,13 @@ Journey::Journey(const QStringList& simulatorOptions, const QStringList& program
     m_simulator.setStandardInputFile(QProcess::nullDevice());
     m_simulator.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });
     const QStringList own{QStringLiteral("--control"), file(QStringLiteral("control")),
-                          QStringLiteral("--log"),     file(QStringLiteral("wire")),
-                          QStringLiteral("--"),        QStringLiteral(AQUELON_PROGRAM)};
+                          QStringLiteral("--log"), file(QStringLiteral("wire")),
+                          QStringLiteral("--")};
+    // Such as a memory checker and its options, which then runs the program.
+    const auto runUnder = QProcess::splitCommand(qEnvironmentVariable("JOURNEYS_RUN_UNDER"));
     m_simulator.start(QStringLiteral(SIMULATOR_PROGRAM),
                       QStringList{QStringLiteral("--name"), port()} + simulatorOptions + own +
+                          runUnder + QStringList{QStringLiteral(AQUELON_PROGRAM)} +
                           programArguments);
     EXPECT_TRUE(waitUntil([this] {
         m_programId = status(QLatin1String("pid")).toInteger();
@@ -133,7 +134,7 @@ bool Journey::shows(const std::string& text) const {
         return element.name() == text ||
                (element.role() == "spin button" && element.text() == text);
     };
-    return !front().findAll(says).empty();
+    return bool(front().find(says));
 }
 
 bool Journey::waitForText(const std::string& text) const {

@@ -34,12 +34,13 @@ protected:
 
     /// The sign in the brand bar, without the time of a demo's.
     std::string sign() const {
-        const auto found = journey.find("frame", {}).findAll([](const UiElement& element) {
+        const auto isSign = [](const UiElement& element) {
             const std::string name = element.name();
             return element.role() == "label" &&
                    (name.starts_with("DEMO ") || name.starts_with("LIVE PREVIEW"));
-        });
-        return found.empty() ? std::string() : found.front().name();
+        };
+        const UiElement found = journey.find("frame", {}).find(isSign);
+        return found ? found.name() : std::string();
     }
 
     /// The preview's commands on the line.

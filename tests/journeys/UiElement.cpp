@@ -127,8 +127,7 @@ std::vector<UiElement> UiElement::children() const {
     return result;
 }
 
-std::vector<UiElement> UiElement::findAll(const std::function<bool(const UiElement&)>& matches,
-                                          Search search) const {
+std::vector<UiElement> UiElement::findAll(const Matches& matches, Search search) const {
     std::vector<UiElement> result;
     if (m_accessible && (search == Search::Hidden || isShowing()) && matches(*this))
         result.push_back(*this);
@@ -139,11 +138,20 @@ std::vector<UiElement> UiElement::findAll(const std::function<bool(const UiEleme
     return result;
 }
 
+UiElement UiElement::find(const Matches& matches, Search search) const {
+    if (m_accessible && (search == Search::Hidden || isShowing()) && matches(*this))
+        return *this;
+    for (const UiElement& child : children()) {
+        if (const UiElement found = child.find(matches, search))
+            return found;
+    }
+    return {};
+}
+
 UiElement UiElement::find(const std::string& role, const std::string& name) const {
-    const auto found = findAll([&](const UiElement& element) {
+    return find([&](const UiElement& element) {
         return (name.empty() || element.name() == name) && (role.empty() || element.role() == role);
     });
-    return found.empty() ? UiElement() : found.front();
 }
 
 std::string UiElement::tree(std::size_t depth) const {

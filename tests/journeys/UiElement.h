@@ -38,13 +38,15 @@ public:
     QRect screenRect() const;
 
     std::vector<UiElement> children() const;
-    /// The first showing element of this role and name, this one included; empty strings match all.
-    UiElement find(const std::string& role, const std::string& name) const;
+    using Matches = std::function<bool(const UiElement&)>;
     enum class Search { Showing, Hidden };
-    /// All elements for which `matches` holds, in reading order; those that show, or also those
-    /// that are hidden, such as the entries of a closed menu.
-    std::vector<UiElement> findAll(const std::function<bool(const UiElement&)>& matches,
-                                   Search search = Search::Showing) const;
+    /// All elements for which `matches` holds, in reading order, this one included; those that
+    /// show, or also those that are hidden, such as the entries of a closed menu.
+    std::vector<UiElement> findAll(const Matches& matches, Search search = Search::Showing) const;
+    /// The first of these; asks for none of the elements after it.
+    UiElement find(const Matches& matches, Search search = Search::Showing) const;
+    /// The first showing element of this role and name; empty strings match all.
+    UiElement find(const std::string& role, const std::string& name) const;
     /// Role, name and state of everything below, one line each.
     std::string tree(std::size_t depth = 0) const;
 
