@@ -1,7 +1,7 @@
 #include "MainWindow.h"
 
 #include "controls/AccentColor.h"
-#include "controls/TimeField.h"
+#include "controls/time/TimeField.h"
 #include "ui_MainWindow.h"
 
 #include <QApplication>

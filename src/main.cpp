@@ -4,7 +4,8 @@
 #include "TerminationSignals.h"
 #include "data/AQDataSource.h"
 #include "workflows/DialogPrompts.h"
-#include "yprotocoll/YMessageController.h"
+#include "yprotocoll/link/UdevSerialPortManager.h"
+#include "yprotocoll/link/YMessageController.h"
 
 #include <QApplication>
 
@@ -18,6 +19,14 @@ int main(int argc, char* argv[]) {
     QApplication::setDesktopFileName(QStringLiteral("aquelon"));
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication application(argc, argv);
+
+    UdevSerialPortManager ports;
+    ModalPause pause;
+    YMessageController controller(ports, pause);
+    NotificationCenter notifications;
+    AQDataSource data(notifications, [&controller] { return controller.device(); });
+    YMessageController::share(controller);
+    AQDataSource::share(data);
 
     DialogPrompts prompts;
     AppDelegate delegate(

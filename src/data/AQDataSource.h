@@ -33,9 +33,10 @@ public:
     /// `device` there is never a controller.
     explicit AQDataSource(NotificationCenter& notifications, DeviceInfoSource device = {});
 
-    /// The one document of the running program, whose limits come from the shared message
-    /// controller; made on first use. For the start of the program only.
-    static AQDataSource& sharedInstance();
+    /// The document of the running program, once `main` has shared it. Only who composes the
+    /// program asks for it.
+    static AQDataSource& sharedInstance() { return *s_sharedInstance; }
+    static void share(AQDataSource& document) { s_sharedInstance = &document; }
 
     NotificationCenter& notifications() const { return m_notifications; }
     std::optional<DeviceInfo> device() const;
@@ -64,6 +65,8 @@ public:
     void loadDefaults();
 
 private:
+    static inline AQDataSource* s_sharedInstance = nullptr;
+
     void installDefaults();
 
     NotificationCenter& m_notifications;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "yprotocoll/YMessageController.h"
+#include "yprotocoll/link/YMessageController.h"
 
 #include <QObject>
 

@@ -1,11 +1,11 @@
 #include "workflows/DemoMode.h"
 
-#include "controls/AQCurveView.h"
-#include "controls/ProgramInterpolation.h"
-#include "controls/TimeText.h"
+#include "controls/curve/AQCurveView.h"
+#include "controls/time/TimeText.h"
 #include "data/AQDataSource.h"
 #include "data/ColorMapping.h"
-#include "workflows/LampPreview.h"
+#include "data/ProgramInterpolation.h"
+#include "lamp/LampPreview.h"
 
 #include <QPushButton>
 

@@ -1,11 +1,11 @@
 #include "workflows/DeviceTimePanel.h"
 
-#include "controls/AQDateTimeEdit.h"
+#include "controls/time/AQDateTimeEdit.h"
 #include "workflows/TimeZones.h"
 #include "workflows/WallTime.h"
 #include "yprotocoll/YAnswers.h"
 #include "yprotocoll/YCommands.h"
-#include "yprotocoll/YMessageController.h"
+#include "yprotocoll/link/YMessageController.h"
 
 #include <QCheckBox>
 #include <QComboBox>

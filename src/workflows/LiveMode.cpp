@@ -1,9 +1,9 @@
 #include "workflows/LiveMode.h"
 
-#include "controls/AQSwitchButton.h"
+#include "controls/window/AQSwitchButton.h"
 #include "data/AQDataSource.h"
 #include "data/ColorMapping.h"
-#include "workflows/LampPreview.h"
+#include "lamp/LampPreview.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 #include "workflows/PointTable.h"
 
-#include "controls/AQSliderBrightness.h"
-#include "controls/AQSliderColorTemp.h"
-#include "controls/AQTimeEdit.h"
+#include "controls/sliders/AQSliderBrightness.h"
+#include "controls/sliders/AQSliderColorTemp.h"
+#include "controls/time/AQTimeEdit.h"
 #include "data/AQDataSource.h"
 #include "workflows/ControlStates.h"
 #include "workflows/PointTableModel.h"

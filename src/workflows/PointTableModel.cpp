@@ -1,6 +1,6 @@
 #include "workflows/PointTableModel.h"
 
-#include "controls/TimeText.h"
+#include "controls/time/TimeText.h"
 #include "data/AQDataSource.h"
 
 #include <QLocale>

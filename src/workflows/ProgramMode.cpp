@@ -1,9 +1,9 @@
 #include "workflows/ProgramMode.h"
 
-#include "controls/AQSwitchButton.h"
+#include "controls/window/AQSwitchButton.h"
 #include "data/AQDataSource.h"
 #include "yprotocoll/YCommands.h"
-#include "yprotocoll/YMessageController.h"
+#include "yprotocoll/link/YMessageController.h"
 
 namespace {
 

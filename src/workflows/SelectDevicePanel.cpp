@@ -1,6 +1,6 @@
 #include "workflows/SelectDevicePanel.h"
 
-#include "yprotocoll/SerialPort.h"
+#include "yprotocoll/link/SerialPort.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>

@@ -1,8 +1,8 @@
 #include "workflows/TaskLightEditor.h"
 
-#include "controls/AQSliderBrightness.h"
-#include "controls/AQSliderColorTemp.h"
-#include "controls/AQTimeDurationEdit.h"
+#include "controls/sliders/AQSliderBrightness.h"
+#include "controls/sliders/AQSliderColorTemp.h"
+#include "controls/time/AQTimeDurationEdit.h"
 #include "data/AQDataSource.h"
 
 #include <QScopedValueRollback>

@@ -4,7 +4,7 @@
 #include "data/TransferResult.h"
 #include "workflows/DocumentCommands.h"
 #include "workflows/Prompts.h"
-#include "yprotocoll/YMessageController.h"
+#include "yprotocoll/link/YMessageController.h"
 
 TransferWorkflow::TransferWorkflow(AQDataSource& data, YMessageController& controller,
                                    DocumentCommands& documents, Prompts& prompts, QObject* parent)

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "controls/AQCurvePoint.h"
-#include "controls/AQCurvePointPopover.h"
-#include "controls/AQCurveView.h"
+#include "controls/curve/AQCurvePoint.h"
+#include "controls/curve/AQCurveView.h"
+#include "controls/popovers/AQCurvePointPopover.h"
 #include "data/AQDataSource.h"
 
 #include <QTest>

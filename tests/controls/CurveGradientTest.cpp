@@ -1,4 +1,4 @@
-#include "controls/CurveGradient.h"
+#include "controls/curve/CurveGradient.h"
 
 #include <gtest/gtest.h>
 

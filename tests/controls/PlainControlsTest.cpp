@@ -1,7 +1,7 @@
-#include "controls/AQFlatButton.h"
-#include "controls/AQHelpButton.h"
-#include "controls/AQHelpPopover.h"
-#include "controls/AQSwitchButton.h"
+#include "controls/popovers/AQHelpPopover.h"
+#include "controls/window/AQFlatButton.h"
+#include "controls/window/AQHelpButton.h"
+#include "controls/window/AQSwitchButton.h"
 
 #include <QLabel>
 #include <QPointer>

@@ -1,4 +1,4 @@
-#include "controls/PopoverPlacement.h"
+#include "controls/popovers/PopoverPlacement.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "controls/ProgramInterpolation.h"
+#include "data/ProgramInterpolation.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
-#include "controls/AQSliderBrightness.h"
-#include "controls/AQSliderColorTemp.h"
 #include "controls/DisplayColors.h"
 #include "controls/Strokes.h"
+#include "controls/sliders/AQSliderBrightness.h"
+#include "controls/sliders/AQSliderColorTemp.h"
 #include "data/AQDataSource.h"
 
 #include <QAccessible>

@@ -1,8 +1,8 @@
-#include "controls/AQTimeDurationEdit.h"
-#include "controls/AQTimeEdit.h"
 #include "controls/AQValueDelegate.h"
-#include "controls/ClockFormat.h"
-#include "controls/DurationFormat.h"
+#include "controls/time/AQTimeDurationEdit.h"
+#include "controls/time/AQTimeEdit.h"
+#include "controls/time/ClockFormat.h"
+#include "controls/time/DurationFormat.h"
 
 #include <QLineEdit>
 #include <QSignalSpy>

@@ -9,8 +9,8 @@
 #include "simulator/SimulatedController.h"
 #include "simulator/SimulatedSerialPortManager.h"
 #include "simulator/WireLog.h"
-#include "yprotocoll/ModalPause.h"
-#include "yprotocoll/YMessageController.h"
+#include "yprotocoll/link/ModalPause.h"
+#include "yprotocoll/link/YMessageController.h"
 
 #include <chrono>
 #include <string>

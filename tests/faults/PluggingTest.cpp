@@ -5,10 +5,10 @@
 #include "faults/RecordingDialogs.h"
 #include "simulator/EventLoop.h"
 #include "ui_MainWindow.h"
-#include "yprotocoll/ModalPause.h"
-#include "yprotocoll/QtSerialPort.h"
-#include "yprotocoll/UdevSerialPortManager.h"
-#include "yprotocoll/YMessageController.h"
+#include "yprotocoll/link/ModalPause.h"
+#include "yprotocoll/link/QtSerialPort.h"
+#include "yprotocoll/link/UdevSerialPortManager.h"
+#include "yprotocoll/link/YMessageController.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

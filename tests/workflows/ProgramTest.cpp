@@ -1,7 +1,7 @@
 #include "AppDelegate.h"
 #include "MainWindow.h"
-#include "controls/AQSliderBrightness.h"
-#include "controls/AQSliderColorTemp.h"
+#include "controls/sliders/AQSliderBrightness.h"
+#include "controls/sliders/AQSliderColorTemp.h"
 #include "data/AQDataSource.h"
 #include "data/AQDataSourceWriter.h"
 #include "data/ColorMapping.h"
@@ -12,8 +12,8 @@
 #include "ui_MainWindow.h"
 #include "workflows/ScriptedPrompts.h"
 #include "workflows/SelectDevicePanel.h"
-#include "yprotocoll/ModalPause.h"
-#include "yprotocoll/YMessageController.h"
+#include "yprotocoll/link/ModalPause.h"
+#include "yprotocoll/link/YMessageController.h"
 
 #include <gtest/gtest.h>
 

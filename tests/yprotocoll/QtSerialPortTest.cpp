@@ -1,4 +1,4 @@
-#include "yprotocoll/QtSerialPort.h"
+#include "yprotocoll/link/QtSerialPort.h"
 
 #include "simulator/PtyPair.h"
 

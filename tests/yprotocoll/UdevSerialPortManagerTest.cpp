@@ -1,4 +1,4 @@
-#include "yprotocoll/UdevSerialPortManager.h"
+#include "yprotocoll/link/UdevSerialPortManager.h"
 
 #include <QTest>
 

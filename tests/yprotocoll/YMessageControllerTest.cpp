@@ -1,4 +1,4 @@
-#include "yprotocoll/YMessageController.h"
+#include "yprotocoll/link/YMessageController.h"
 
 #include "simulator/SimulatedSerialPortManager.h"
 #include "yprotocoll/YAnswers.h"

@@ -5,7 +5,7 @@
 #include "SampleProgram.h"
 #include "Table.h"
 #include "WholeProgram.h"
-#include "controls/AQCurvePoint.h"
+#include "controls/curve/AQCurvePoint.h"
 #include "ui_MainWindow.h"
 
 #include <benchmark/benchmark.h>

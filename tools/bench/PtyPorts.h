@@ -1,6 +1,6 @@
 #pragma once
 
-#include "yprotocoll/QtSerialPort.h"
+#include "yprotocoll/link/QtSerialPort.h"
 
 #include <memory>
 #include <string>

@@ -8,7 +8,7 @@
 #include "simulator/PtyPair.h"
 #include "simulator/SimulatedController.h"
 #include "yprotocoll/YCommands.h"
-#include "yprotocoll/YMessageController.h"
+#include "yprotocoll/link/YMessageController.h"
 
 #include <benchmark/benchmark.h>
 

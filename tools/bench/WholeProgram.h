@@ -5,8 +5,8 @@
 #include "PtyPorts.h"
 #include "data/AQDataSource.h"
 #include "workflows/Prompts.h"
-#include "yprotocoll/ModalPause.h"
-#include "yprotocoll/YMessageController.h"
+#include "yprotocoll/link/ModalPause.h"
+#include "yprotocoll/link/YMessageController.h"
 
 #include <functional>
 

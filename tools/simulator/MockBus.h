@@ -1,6 +1,6 @@
 #pragma once
 
-#include "yprotocoll/SerialPort.h"
+#include "yprotocoll/link/SerialPort.h"
 
 #include <map>
 #include <memory>

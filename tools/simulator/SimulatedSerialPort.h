@@ -1,7 +1,7 @@
 #pragma once
 
 #include "simulator/ControllerLine.h"
-#include "yprotocoll/SerialPort.h"
+#include "yprotocoll/link/SerialPort.h"
 
 #include <QObject>
 

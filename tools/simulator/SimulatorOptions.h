@@ -2,7 +2,7 @@
 
 #include "simulator/ControllerConfig.h"
 #include "simulator/Fault.h"
-#include "yprotocoll/SerialPort.h"
+#include "yprotocoll/link/SerialPort.h"
 
 #include <QStringList>
 

@@ -1,7 +1,0 @@
-#include "controls/AQTimeEdit.h"
-
-#include "controls/ClockFormat.h"
-
-AQTimeEdit::AQTimeEdit(QWidget* parent) : AQTimeValueView(std::make_unique<ClockFormat>(), parent) {
-    setRefusalText(tr("Another point already has the time %1."));
-}

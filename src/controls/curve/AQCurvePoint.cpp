@@ -1,0 +1,102 @@
+#include "controls/curve/AQCurvePoint.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+
+#include <cmath>
+
+namespace {
+
+constexpr double outlineWidth = 2.0;
+constexpr int side = static_cast<int>(2.0 * AQCurvePoint::sel_radius) + 4;
+constexpr int outOfSight = -100;
+
+} // namespace
+
+AQCurvePoint::AQCurvePoint(int index, QWidget* parent) : QWidget(parent), m_index(index) {
+    setGeometry(outOfSight, outOfSight, side, side);
+    setCursor(Qt::SizeVerCursor);
+    setFocusPolicy(Qt::NoFocus);
+}
+
+void AQCurvePoint::setCentre(QPointF centre) {
+    const QPointF corner = centre - QPointF(side, side) / 2.0;
+    const QPoint whole = corner.toPoint();
+    if (const QPointF offset = corner - whole; offset != m_offset) {
+        m_offset = offset;
+        update();
+    }
+    move(whole);
+}
+
+void AQCurvePoint::setColor(const QColor& color) {
+    if (color == m_color)
+        return;
+    m_color = color;
+    update();
+}
+
+void AQCurvePoint::setIsSelected(bool isSelected) {
+    if (isSelected == m_isSelected)
+        return;
+    m_isSelected = isSelected;
+    update();
+}
+
+bool AQCurvePoint::event(QEvent* event) {
+    // The button will be released in the modal window, and nobody will tell this point.
+    if (event->type() == QEvent::WindowBlocked && m_isMouseDown) {
+        m_isMouseDown = false;
+        m_isDragging = false;
+        Q_EMIT hoverEnded(this);
+    }
+    return QWidget::event(event);
+}
+
+void AQCurvePoint::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(DisplayColors::line, outlineWidth));
+    painter.setBrush(m_color);
+    const double r = m_isSelected ? sel_radius : radius;
+    painter.drawEllipse(QRectF(rect()).center() + m_offset, r, r);
+}
+
+void AQCurvePoint::mousePressEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton) {
+        event->ignore();
+        return;
+    }
+    m_isMouseDown = true;
+    m_isDragging = false;
+    m_pressY = mapToParent(event->position()).y();
+    Q_EMIT pressed(this);
+}
+
+void AQCurvePoint::mouseMoveEvent(QMouseEvent* event) {
+    if (!m_isMouseDown)
+        return;
+    const double y = mapToParent(event->position()).y();
+    // Only the height counts: moving sideways changes nothing and so begins nothing.
+    m_isDragging = m_isDragging || std::abs(y - m_pressY) >= dragThreshold;
+    if (m_isDragging)
+        Q_EMIT dragged(this, y);
+}
+
+void AQCurvePoint::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton || !m_isMouseDown)
+        return;
+    m_isMouseDown = false;
+    m_isDragging = false;
+    if (!QRectF(rect()).contains(event->position()))
+        Q_EMIT hoverEnded(this);
+}
+
+void AQCurvePoint::enterEvent(QEnterEvent*) {
+    Q_EMIT hovered(this);
+}
+
+void AQCurvePoint::leaveEvent(QEvent*) {
+    if (!m_isMouseDown)
+        Q_EMIT hoverEnded(this);
+}

@@ -1,0 +1,248 @@
+#include "controls/curve/CurvePainter.h"
+
+#include "controls/DisplayColors.h"
+#include "controls/Strokes.h"
+#include "controls/curve/CurveGradient.h"
+#include "controls/time/TimeText.h"
+#include "data/ProgramInterpolation.h"
+
+#include <QLineF>
+#include <QPainter>
+#include <QPolygonF>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr double dashLength = 2.0;
+constexpr double tickLength = 10.0;
+constexpr double labelHeight = 14.0;
+/// The area under the curve is filled in upright slabs of this many pixels, and in pieces of this
+/// many rows: colours are copied from the curve's highest place in the slab downwards, then the
+/// ground is put back above the curve. Filled as a polygon with a brush of colours it takes three
+/// times as long, most of it spent on waking and awaiting Qt's pool of threads. Slabs meet at whole
+/// pixels and leave no seams.
+constexpr int slabWidth = 64;
+constexpr int rowsAtOnce = 64;
+constexpr double markerWidth = 2.0;
+constexpr double markerHeadRadius = 4.0;
+constexpr double playheadRadius = 10.0;
+constexpr double focusRingWidth = 2.0;
+/// What the sums of a place may be off a whole device pixel.
+constexpr double rounding = 1e-6;
+
+QFont fontOfSize(QFont font, int pixelSize) {
+    font.setPixelSize(pixelSize);
+    return font;
+}
+
+QPolygonF curveLine(std::span<const AQTimePoint> points, const CurveGeometry& geometry) {
+    const double midnight = geometry.y(lightAt(points, AQTime{}).brightness);
+    QPolygonF line;
+    line.reserve(static_cast<qsizetype>(points.size()) + 4);
+    line.append({geometry.left(), midnight});
+    for (const AQTimePoint& point : points)
+        line.append(geometry.position(point));
+    line.append({geometry.right(), midnight});
+    return line;
+}
+
+/// The upper half of the outline along `segment`, in device pixels.
+QPolygonF upperEdge(const QLineF& segment, double lineWidth) {
+    QLineF across = segment.normalVector();
+    across.setLength(lineWidth / 2.0);
+    const QPointF up(across.dx(), across.dy());
+    return QPolygonF{segment.p1(), segment.p2(), segment.p2() + up, segment.p1() + up};
+}
+
+} // namespace
+
+CurvePainter::CurvePainter(QPainter& painter, const CurveGeometry& geometry, const QFont& font)
+    : m_painter(painter), m_geometry(geometry), m_labelFont(fontOfSize(font, 11)),
+      m_tagFont(fontOfSize(font, 13)), m_scale(painter.deviceTransform().m11()) {
+    painter.setRenderHint(QPainter::Antialiasing);
+}
+
+void CurvePainter::drawBackground(bool isEnabled) {
+    m_painter.fillRect(QRectF(0.0, 0.0, m_geometry.width(), m_geometry.height()),
+                       DisplayColors::neutral);
+    m_painter.setFont(m_labelFont);
+    m_painter.setPen(isEnabled ? DisplayColors::line : DisplayColors::disabled);
+    drawAxes();
+    drawIntensityTicks();
+    drawHourTicks();
+}
+
+void CurvePainter::drawAxes() {
+    // Dashes as boxes: a dashed pen cannot be kept on whole device pixels.
+    const double left = m_geometry.left();
+    const double bottom = m_geometry.bottom();
+    for (double x = left; x < m_geometry.right(); x += 2.0 * dashLength)
+        drawHorizontal(x, std::min(x + dashLength, m_geometry.right()), bottom);
+    for (double y = bottom; y > m_geometry.top(); y -= 2.0 * dashLength) {
+        drawVertical(left, std::max(y - dashLength, m_geometry.top()), y, 1.0,
+                     DisplayColors::disabled);
+    }
+    drawLabel(m_geometry.rectFromBottom(m_geometry.width() - 45.0, 33.0, 50.0, labelHeight),
+              Qt::AlignHCenter, QStringLiteral("Time"));
+    drawLabel(m_geometry.rectFromBottom(10.0, m_geometry.height() - 25.0, 50.0, labelHeight),
+              Qt::AlignHCenter, QStringLiteral("Intensity"));
+}
+
+void CurvePainter::drawIntensityTicks() {
+    const double axis = m_geometry.left();
+    for (int i = 0; i <= 10; ++i) {
+        const double y = m_geometry.y(i / 10.0);
+        drawHorizontal(axis - tickLength, axis, y);
+        if (i == 0)
+            continue;
+        drawLabel(QRectF(0.0, y - labelHeight / 2.0, 45.0, labelHeight), Qt::AlignRight,
+                  QStringLiteral("%1%").arg(i * 10));
+    }
+}
+
+void CurvePainter::drawHourTicks() {
+    const double axis = m_geometry.bottom();
+    for (int hour = 0; hour <= 24; ++hour) {
+        const double x = m_geometry.x(hour * AQTime::minutesPerHour);
+        drawVertical(x, axis, axis + tickLength, 1.0, DisplayColors::disabled);
+        if (hour % 2 != 0)
+            continue;
+        drawLabel(m_geometry.rectFromBottom(x - 20.0, 11.0, 40.0, labelHeight), Qt::AlignHCenter,
+                  timeText(hour, 0));
+    }
+}
+
+void CurvePainter::drawLabel(const QRectF& box, int alignment, const QString& text) {
+    m_painter.drawText(box, alignment | Qt::AlignVCenter | Qt::TextDontClip, text);
+}
+
+void CurvePainter::drawOutline(std::span<const AQTimePoint> points) {
+    // Line by line: as one polyline this takes fifty times as long at a scale of 2. Square caps
+    // close the corners.
+    const QPolygonF line = curveLine(points, m_geometry);
+    QList<QLineF> segments;
+    segments.reserve(line.size());
+    for (qsizetype i = 1; i < line.size(); ++i)
+        segments.append({line[i - 1], line[i]});
+    m_painter.setPen(QPen(DisplayColors::disabled, 1.0, Qt::SolidLine, Qt::SquareCap));
+    m_painter.drawLines(segments);
+}
+
+void CurvePainter::drawFill(std::span<const AQTimePoint> points) {
+    // In device pixels, where a picture is copied instead of scaled; the plot's edges on whole
+    // ones, the lower one in the middle of the axis as it is drawn: nothing of the area shows where
+    // the light is off.
+    QPolygonF line = QTransform::fromScale(m_scale, m_scale).map(curveLine(points, m_geometry));
+    const double left = std::round(line.first().x());
+    const double right = std::round(line.last().x());
+    for (QPointF& place : line)
+        place.setX(std::clamp(place.x(), left, right));
+    line.first().setX(left);
+    line.last().setX(right);
+    const double bottom = topOfHorizontal(m_geometry.bottom()) + std::floor(linePixels(1.0) / 2.0);
+    line.translate(0.0, bottom - m_geometry.bottom() * m_scale);
+    const QRect plot(static_cast<int>(left), 0, static_cast<int>(right - left),
+                     static_cast<int>(bottom));
+    if (plot.isEmpty())
+        return;
+    const auto colors = CurveGradient::colorStops(CurveGradient::temperatureStops(points));
+    const QImage colorRows =
+        CurveGradient::rows(colors, m_geometry.left() * m_scale - plot.left(),
+                            m_geometry.right() * m_scale - plot.left(), {plot.width(), rowsAtOnce});
+
+    m_painter.save();
+    m_painter.scale(1.0 / m_scale, 1.0 / m_scale);
+    m_painter.setPen(Qt::NoPen);
+    fillUnder(line, plot, colorRows);
+    m_painter.setBrush(DisplayColors::disabled);
+    for (qsizetype i = 1; i < line.size(); ++i)
+        m_painter.drawPolygon(upperEdge({line[i - 1], line[i]}, m_scale));
+    m_painter.restore();
+}
+
+void CurvePainter::fillUnder(const QPolygonF& line, const QRect& plot, const QImage& colorRows) {
+    m_painter.setBrush(DisplayColors::neutral);
+    qsizetype next = 1;
+    QPointF from = line.first();
+    while (next < line.size()) {
+        const int start = static_cast<int>(from.x());
+        const int end = std::min(start + slabWidth, plot.right() + 1);
+        QPolygonF above{from};
+        while (next < line.size() && line[next].x() <= end)
+            above.append(line[next++]);
+        if (next < line.size()) {
+            const QLineF segment(line[next - 1], line[next]);
+            from = segment.pointAt((end - segment.x1()) / segment.dx());
+            from.setX(end);
+            above.append(from);
+        }
+        const double highest = std::floor(std::ranges::min(above, {}, &QPointF::y).y());
+        for (int y = static_cast<int>(highest); y <= plot.bottom(); y += colorRows.height()) {
+            const QRect part(start - plot.left(), 0, end - start,
+                             std::min(colorRows.height(), plot.bottom() + 1 - y));
+            m_painter.drawImage(QPoint(start, y), colorRows, part);
+        }
+        above.append({static_cast<double>(end), highest});
+        above.append({static_cast<double>(start), highest});
+        m_painter.drawPolygon(above);
+    }
+}
+
+void CurvePainter::drawTimeMarker(AQTime time) {
+    const double x = m_geometry.x(time.minuteOfDay());
+    drawVertical(x, m_geometry.top(), m_geometry.bottom(), markerWidth, DisplayColors::line);
+    m_painter.setPen(Qt::NoPen);
+    m_painter.setBrush(DisplayColors::line);
+    m_painter.drawEllipse(QPointF(x, m_geometry.top()), markerHeadRadius, markerHeadRadius);
+
+    const QRectF tag = m_geometry.rectFromBottom(x - 24.0, 8.0, 48.0, 20.0);
+    fillBox(tag, DisplayColors::line);
+    m_painter.setFont(m_tagFont);
+    m_painter.setPen(DisplayColors::neutral);
+    m_painter.drawText(tag, Qt::AlignCenter | Qt::TextDontClip, timeText(time.hour, time.minute));
+}
+
+void CurvePainter::drawPlayhead(const AQTimePoint& light) {
+    m_painter.setPen(QPen(DisplayColors::line, 2.0));
+    m_painter.setBrush(DisplayColors::displayColor(light.colorTemp));
+    m_painter.drawEllipse(m_geometry.position(light), playheadRadius, playheadRadius);
+}
+
+void CurvePainter::drawFocusRing() {
+    const QRectF view(0.0, 0.0, m_geometry.width(), m_geometry.height());
+    Strokes::frame(m_painter, view, focusRingWidth, DisplayColors::cold);
+}
+
+double CurvePainter::linePixels(double width) const {
+    return std::max(1.0, std::round(width * m_scale));
+}
+
+double CurvePainter::topOfHorizontal(double y) const {
+    return std::ceil(y * m_scale - linePixels(1.0) / 2.0 - rounding);
+}
+
+void CurvePainter::fillBox(const QRectF& box, const QColor& color) {
+    const auto snapped = [this](double place) { return std::round(place * m_scale) / m_scale; };
+    // On whole pixels there are no edges to smooth, and without it a box takes a tenth of the time.
+    m_painter.setRenderHint(QPainter::Antialiasing, false);
+    m_painter.fillRect(QRectF(QPointF(snapped(box.left()), snapped(box.top())),
+                              QPointF(snapped(box.right()), snapped(box.bottom()))),
+                       color);
+    m_painter.setRenderHint(QPainter::Antialiasing, true);
+}
+
+// A line of an odd number of device pixels cannot be centred on its place. It gives way to the left
+// and downwards, so that the axes stay outside the area that is filled afterwards.
+void CurvePainter::drawHorizontal(double fromX, double toX, double y) {
+    fillBox(QRectF(fromX, topOfHorizontal(y) / m_scale, toX - fromX, linePixels(1.0) / m_scale),
+            DisplayColors::disabled);
+}
+
+void CurvePainter::drawVertical(double x, double fromY, double toY, double width,
+                                const QColor& color) {
+    const double whole = linePixels(width) / m_scale;
+    const double left = std::floor((x - whole / 2.0) * m_scale + rounding) / m_scale;
+    fillBox(QRectF(left, fromY, whole, toY - fromY), color);
+}

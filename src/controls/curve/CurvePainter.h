@@ -1,0 +1,62 @@
+#pragma once
+
+#include "controls/curve/CurveGeometry.h"
+#include "data/AQTimePoint.h"
+
+#include <QFont>
+#include <QPointF>
+#include <QRectF>
+
+#include <span>
+
+class QColor;
+class QImage;
+class QPainter;
+class QPolygonF;
+
+/// Paints the parts of the curve view; the view says which and in what order.
+///
+/// Straight lines and boxes are set on whole device pixels, so that they are sharp at every scale.
+/// The painter's origin must lie on one, and it must not be rotated.
+class CurvePainter {
+public:
+    /// `painter` must outlive this. Texts are set in the family of `font`.
+    CurvePainter(QPainter& painter, const CurveGeometry& geometry, const QFont& font);
+
+    /// The ground, the axes and their labels; the labels are grey unless enabled.
+    void drawBackground(bool isEnabled);
+    /// The curve's outline in grey. `points` must not be empty.
+    void drawOutline(std::span<const AQTimePoint> points);
+    /// The area under the curve in the colours of the light, and the outer half of the outline,
+    /// as if the area covered the inner one. `points` must not be empty.
+    void drawFill(std::span<const AQTimePoint> points);
+    /// The line over a time of day, its head, and the tag that hides the axis labels under it.
+    void drawTimeMarker(AQTime time);
+    /// The disc of the playhead at its time and intensity.
+    void drawPlayhead(const AQTimePoint& light);
+    /// The frame that shows the keyboard's focus.
+    void drawFocusRing();
+
+private:
+    /// Fills the part of `plot` under `line`, whose x never falls, with `colorRows`, which are as
+    /// wide as `plot` and repeated downwards. In device pixels.
+    void fillUnder(const QPolygonF& line, const QRect& plot, const QImage& colorRows);
+    void drawAxes();
+    void drawIntensityTicks();
+    void drawHourTicks();
+    void drawLabel(const QRectF& box, int alignment, const QString& text);
+
+    /// A width in device pixels: whole ones, at least one.
+    double linePixels(double width) const;
+    /// Where a line at `y`, one unit thick, begins: its first row of device pixels.
+    double topOfHorizontal(double y) const;
+    void fillBox(const QRectF& box, const QColor& color);
+    void drawHorizontal(double fromX, double toX, double y);
+    void drawVertical(double x, double fromY, double toY, double width, const QColor& color);
+
+    QPainter& m_painter;
+    CurveGeometry m_geometry;
+    QFont m_labelFont;
+    QFont m_tagFont;
+    double m_scale; ///< device pixels a unit
+};

@@ -1,0 +1,230 @@
+#include "controls/sliders/AQSlider.h"
+
+#include "controls/AccentColor.h"
+#include "controls/DisplayColors.h"
+#include "controls/Strokes.h"
+#include "controls/sliders/AQSliderAccessible.h"
+#include "data/AQDataSource.h"
+
+#include <QAccessible>
+#include <QFontInfo>
+#include <QFontMetrics>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QWheelEvent>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr int pageIncrements = 10;
+constexpr int gridUnit = 8;
+constexpr double focusedFrameWidth = 2.0;
+constexpr double frameWidth = 1.0;
+
+} // namespace
+
+AQSlider::AQSlider(QWidget* parent) : AQSlider(parent, std::nullopt) {}
+
+AQSlider::AQSlider(QWidget* parent, std::optional<QLinearGradient> gradient)
+    : AQValueView(parent), m_gradient(std::move(gradient)), m_selectColor(DisplayColors::line),
+      m_knobColor(QColor::fromRgbF(1.0F, 1.0F, 1.0F, 0.5F)) {
+    AQSliderAccessible::install();
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+}
+
+void AQSlider::setValue(double value) {
+    if (std::isnan(value)) {
+        return;
+    }
+    const double limited = std::clamp(value, 0.0, 1.0);
+    if (limited == m_value) {
+        return;
+    }
+    m_value = limited;
+    update();
+    if (QAccessible::isActive()) {
+        QAccessibleValueChangeEvent event(this, m_value);
+        QAccessible::updateAccessibility(&event);
+    }
+    reportChange(m_value);
+}
+
+QVariant AQSlider::objectValue() const {
+    return m_value;
+}
+
+void AQSlider::setObjectValue(const QVariant& object) {
+    if (const auto number = numberFrom(object)) {
+        setValue(*number);
+    }
+}
+
+QString AQSlider::valueText() const {
+    return QString::number(std::lround(m_value * 100.0)) + QLatin1Char('%');
+}
+
+void AQSlider::setDocument(AQDataSource* document) {
+    m_document = document;
+}
+
+void AQSlider::userSetValue(double value) {
+    const QPointer<AQDataSource> document = m_document;
+    setValue(value);
+    if (document) {
+        document->setIsDirty(true);
+    }
+}
+
+QSize AQSlider::sizeHint() const {
+    const int rows = (minimumSizeHint().height() + gridUnit - 1) / gridUnit;
+    return {200, rows * gridUnit};
+}
+
+QSize AQSlider::minimumSizeHint() const {
+    return {96, 24};
+}
+
+QRectF AQSlider::knobRect(const QRectF& rect) const {
+    const double x =
+        (rect.width() - 2.0 * (m_knobWidthDiv2 + m_knobMargin)) * m_value + m_knobMargin;
+    return {rect.left() + x, rect.top() + m_knobMargin, 2.0 * m_knobWidthDiv2,
+            rect.height() - 2.0 * m_knobMargin};
+}
+
+QFont AQSlider::labelFont(int pixelSize) const {
+    QFont label = font();
+    label.setPixelSize(std::max(pixelSize, QFontInfo(label).pixelSize()));
+    return label;
+}
+
+QColor AQSlider::labelColor() const {
+    return isEnabled() ? DisplayColors::line : DisplayColors::disabled;
+}
+
+QColor AQSlider::labelColorOnKnob() const {
+    // On a dark window a disabled knob is as grey as the label.
+    const bool drowns = !isEnabled() && AccentColor::isDark(palette());
+    return drowns ? palette().color(QPalette::Window) : labelColor();
+}
+
+void AQSlider::drawBar(QPainter& painter, const QRectF& rect) {
+    if (isEnabled() && m_gradient) {
+        painter.fillRect(rect, *m_gradient);
+    }
+}
+
+void AQSlider::drawKnob(QPainter& painter, const QRectF& rect) {
+    const QRectF knob = Strokes::snapped(painter, knobRect(rect));
+    painter.setCompositionMode(QPainter::CompositionMode_Lighten);
+    painter.fillRect(knob, m_knobColor);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    Strokes::frame(painter, knob, frameWidth,
+                   showsFocus() ? m_selectColor : DisplayColors::disabled);
+}
+
+void AQSlider::drawLabels(QPainter& /*painter*/, const QRectF& /*rect*/,
+                          const QColor& /*color*/) const {}
+
+void AQSlider::drawFrame(QPainter& painter, const QRectF& rect) const {
+    if (!showsFocus()) {
+        Strokes::frame(painter, rect, frameWidth, DisplayColors::disabled);
+        return;
+    }
+    Strokes::frame(painter, rect, focusedFrameWidth, m_selectColor);
+    if (AccentColor::isDark(palette())) {
+        // Black does not stand out of a dark window and the dark end of a bar; a light line does.
+        const double in = focusedFrameWidth;
+        Strokes::frame(painter, rect.adjusted(in, in, -in, -in), frameWidth,
+                       DisplayColors::neutral);
+    }
+}
+
+void AQSlider::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    const QRectF bounds = rect();
+    drawBar(painter, bounds);
+    if (labelColorOnKnob() == labelColor()) {
+        drawKnob(painter, bounds);
+        drawLabels(painter, bounds, labelColor());
+    } else {
+        drawLabels(painter, bounds, labelColor());
+        drawKnob(painter, bounds);
+        painter.save();
+        painter.setClipRect(knobRect(bounds));
+        drawLabels(painter, bounds, labelColorOnKnob());
+        painter.restore();
+    }
+    drawFrame(painter, bounds);
+}
+
+void AQSlider::setFromPointer(double x) {
+    const double inset = m_knobWidthDiv2 + m_knobMargin;
+    const double travel = width() - 2.0 * inset;
+    if (travel > 0.0) {
+        userSetValue((x - inset) / travel);
+    }
+}
+
+void AQSlider::mousePressEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton) {
+        setFromPointer(event->position().x());
+    } else {
+        event->ignore();
+    }
+}
+
+void AQSlider::mouseMoveEvent(QMouseEvent* event) {
+    if (event->buttons().testFlag(Qt::LeftButton)) {
+        setFromPointer(event->position().x());
+    } else {
+        event->ignore();
+    }
+}
+
+void AQSlider::keyPressEvent(QKeyEvent* event) {
+    const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    const double step = valueIncrement();
+    switch (plain ? event->key() : 0) {
+    case Qt::Key_Up:
+    case Qt::Key_Right:
+        return userSetValue(m_value + step);
+    case Qt::Key_Down:
+    case Qt::Key_Left:
+        return userSetValue(m_value - step);
+    case Qt::Key_PageUp:
+        return userSetValue(m_value + pageIncrements * step);
+    case Qt::Key_PageDown:
+        return userSetValue(m_value - pageIncrements * step);
+    case Qt::Key_Home:
+        return userSetValue(0.0);
+    case Qt::Key_End:
+        return userSetValue(1.0);
+    default:
+        AQValueView::keyPressEvent(event);
+    }
+}
+
+void AQSlider::wheelEvent(QWheelEvent* event) {
+    if (!hasFocus()) {
+        m_wheelRemainder = 0;
+        event->ignore();
+        return;
+    }
+    event->accept();
+    m_wheelRemainder += event->angleDelta().y();
+    const int steps = m_wheelRemainder / QWheelEvent::DefaultDeltasPerStep;
+    m_wheelRemainder %= QWheelEvent::DefaultDeltasPerStep;
+    if (steps != 0) {
+        userSetValue(m_value + steps * valueIncrement());
+    }
+}
+
+void AQSlider::changeEvent(QEvent* event) {
+    AQValueView::changeEvent(event);
+    if (event->type() == QEvent::FontChange) {
+        updateGeometry();
+    }
+}

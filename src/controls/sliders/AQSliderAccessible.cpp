@@ -1,0 +1,57 @@
+#include "controls/sliders/AQSliderAccessible.h"
+
+#include "controls/sliders/AQSlider.h"
+
+namespace {
+
+QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* object) {
+    auto* slider = qobject_cast<AQSlider*>(object);
+    return slider == nullptr ? nullptr : new AQSliderAccessible(slider);
+}
+
+} // namespace
+
+AQSliderAccessible::AQSliderAccessible(AQSlider* slider)
+    : QAccessibleWidget(slider, QAccessible::Slider) {}
+
+void AQSliderAccessible::install() {
+    static const bool installed = (QAccessible::installFactory(makeInterface), true);
+    Q_UNUSED(installed)
+}
+
+AQSlider* AQSliderAccessible::slider() const {
+    return static_cast<AQSlider*>(widget());
+}
+
+void* AQSliderAccessible::interface_cast(QAccessible::InterfaceType type) {
+    if (type == QAccessible::ValueInterface) {
+        return static_cast<QAccessibleValueInterface*>(this);
+    }
+    return QAccessibleWidget::interface_cast(type);
+}
+
+QString AQSliderAccessible::text(QAccessible::Text kind) const {
+    return kind == QAccessible::Value ? slider()->valueText() : QAccessibleWidget::text(kind);
+}
+
+QVariant AQSliderAccessible::currentValue() const {
+    return slider()->value();
+}
+
+void AQSliderAccessible::setCurrentValue(const QVariant& value) {
+    if (slider()->isEnabled()) {
+        slider()->userSetValue(value.toDouble());
+    }
+}
+
+QVariant AQSliderAccessible::maximumValue() const {
+    return 1.0;
+}
+
+QVariant AQSliderAccessible::minimumValue() const {
+    return 0.0;
+}
+
+QVariant AQSliderAccessible::minimumStepSize() const {
+    return slider()->valueIncrement();
+}

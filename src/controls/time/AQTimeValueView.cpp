@@ -1,0 +1,87 @@
+#include "controls/time/AQTimeValueView.h"
+
+#include "controls/time/TimeField.h"
+
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QPointer>
+
+AQTimeValueView::AQTimeValueView(std::unique_ptr<const TimeFormat> format, QWidget* parent)
+    : AQValueView(parent),
+      m_field(new TimeField(
+          std::move(format), [this](const AQTime& time) { return takeFromPerson(time); }, this)) {
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addWidget(m_field);
+    setFocusProxy(m_field);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    connect(m_field, &TimeField::focusArrived, this, [this] {
+        passNamesOn();
+        focusArrived();
+    });
+    connect(m_field, &TimeField::focusLeft, this,
+            [this](Qt::FocusReason reason) { focusLeft(reason); });
+    connect(m_field, &TimeField::refused, this, &AQTimeValueView::refused);
+}
+
+AQTimeValueView::~AQTimeValueView() {
+    // Left to QWidget's destructor, the field would lose its focus and commit its draft to what is
+    // no value view any more.
+    delete m_field;
+}
+
+const AQTime& AQTimeValueView::time() const {
+    return m_field->time();
+}
+
+void AQTimeValueView::setTime(const AQTime& time) {
+    m_field->setTime(m_field->format().limited(time));
+}
+
+QVariant AQTimeValueView::objectValue() const {
+    return QVariant::fromValue(time());
+}
+
+void AQTimeValueView::setObjectValue(const QVariant& object) {
+    if (object.metaType() == QMetaType::fromType<AQTime>()) {
+        setTime(object.value<AQTime>());
+    }
+}
+
+void AQTimeValueView::setRefusalText(const QString& text) {
+    m_field->setRefusalText(text);
+}
+
+bool AQTimeValueView::showsRefusal() const {
+    return m_field->showsRefusal();
+}
+
+void AQTimeValueView::takeFocusFrom(const AQTimeValueView& other) {
+    m_field->takeFocusFrom(*other.m_field);
+}
+
+bool AQTimeValueView::takeFromPerson(const AQTime& time) {
+    const QVariant object = QVariant::fromValue(time);
+    if (!askDelegate(object)) {
+        return false;
+    }
+    const QPointer<AQTimeValueView> alive(this);
+    m_field->setTime(time);
+    reportChange(object);
+    if (alive) {
+        Q_EMIT timeChanged(time);
+    }
+    return true;
+}
+
+bool AQTimeValueView::event(QEvent* event) {
+    if (event->type() == QEvent::Show || event->type() == QEvent::Polish) {
+        passNamesOn();
+    }
+    return AQValueView::event(event);
+}
+
+void AQTimeValueView::passNamesOn() {
+    m_field->setAccessibleName(accessibleName());
+    m_field->setAccessibleDescription(accessibleDescription());
+}
