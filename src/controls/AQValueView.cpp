@@ -29,26 +29,22 @@ void AQValueView::focusOutEvent(QFocusEvent* event) {
 
 void AQValueView::focusArrived() {
     update();
-    if (m_focusReported) {
+    if (m_focusReported)
         return;
-    }
     m_focusReported = true;
-    if (m_delegate != nullptr) {
+    if (m_delegate)
         m_delegate->aqGotFocus(*this);
-    }
 }
 
 void AQValueView::focusLeft(Qt::FocusReason reason) {
     update();
-    if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason) {
+    if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
         m_focusReported = false;
-    }
 }
 
 void AQValueView::reportChange(const QVariant& value) {
-    if (m_delegate != nullptr) {
+    if (m_delegate)
         m_delegate->aqValueDidChange(*this, value);
-    }
 }
 
 bool AQValueView::askDelegate(const QVariant& value) {

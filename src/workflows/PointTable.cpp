@@ -122,8 +122,10 @@ PointTable::CellControls PointTable::makeRow(int row) {
     auto* time = new AQTimeEdit(table.viewport());
     auto* colorTemp = new AQSliderColorTemp(table.viewport());
     auto* brightness = new AQSliderBrightness(table.viewport());
-    colorTemp->setDocument(&m_data);
-    brightness->setDocument(&m_data);
+    // Also where a limit keeps the value and nobody else hears of it.
+    const auto markDirty = [this] { m_data.setIsDirty(true); };
+    connect(colorTemp, &AQSlider::edited, this, markDirty);
+    connect(brightness, &AQSlider::edited, this, markDirty);
     const CellControls controls{time, colorTemp, brightness};
     for (int column = 0; column < static_cast<int>(controls.size()); ++column) {
         AQValueView* view = controls[static_cast<std::size_t>(column)];

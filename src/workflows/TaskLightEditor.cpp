@@ -12,8 +12,10 @@ TaskLightEditor::TaskLightEditor(AQDataSource& data, Outlets outlets, QObject* p
     m_outlets.pickerTaskTime.setDelegate(this);
     m_outlets.sliderTaskTemp.setDelegate(this);
     m_outlets.sliderTaskBrightness.setDelegate(this);
-    m_outlets.sliderTaskTemp.setDocument(&data);
-    m_outlets.sliderTaskBrightness.setDocument(&data);
+    // Also where a limit keeps the value and nobody else hears of it.
+    const auto markDirty = [&data] { data.setIsDirty(true); };
+    connect(&outlets.sliderTaskTemp, &AQSlider::edited, this, markDirty);
+    connect(&outlets.sliderTaskBrightness, &AQSlider::edited, this, markDirty);
     connect(&data.notifications(), &NotificationCenter::dataLoaded, this,
             &TaskLightEditor::refresh);
     refresh();

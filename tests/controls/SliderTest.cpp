@@ -2,7 +2,6 @@
 #include "controls/Strokes.h"
 #include "controls/sliders/AQSliderBrightness.h"
 #include "controls/sliders/AQSliderColorTemp.h"
-#include "data/AQDataSource.h"
 
 #include <QAccessible>
 #include <QPainter>
@@ -15,17 +14,16 @@
 namespace {
 
 struct SliderTest : ::testing::Test {
-    NotificationCenter center;
-    AQDataSource document{center};
     QWidget window;
     AQSliderBrightness slider{&window};
     AQSliderColorTemp color{&window};
+    int edits = 0;
 
     SliderTest() {
         slider.setGeometry(0, 0, 220, 30);
         color.setGeometry(0, 40, 400, 100);
-        slider.setDocument(&document);
-        color.setDocument(&document);
+        for (AQSlider* each : {static_cast<AQSlider*>(&slider), static_cast<AQSlider*>(&color)})
+            QObject::connect(each, &AQSlider::edited, &window, [this] { ++edits; });
         window.show();
         window.activateWindow();
         EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
@@ -39,22 +37,34 @@ struct SliderTest : ::testing::Test {
     }
 };
 
-TEST_F(SliderTest, onlyTheHandMarksTheDocumentDirtyEvenAtTheLimit) {
+TEST_F(SliderTest, onlyTheHandEditsEvenAtTheLimit) {
     slider.setValue(1.7);
     slider.setObjectValue(QStringLiteral("0.7"));
     slider.setValue(std::numeric_limits<double>::quiet_NaN());
     slider.setEnabled(false);
     QTest::mouseClick(&slider, Qt::LeftButton, {}, {110, 15});
     EXPECT_EQ(slider.value(), 1.0);
-    EXPECT_FALSE(document.isDirty());
-
     slider.setEnabled(true);
+    // The drag of something that has gone:
+    QMouseEvent move(QEvent::MouseMove, QPointF(110, 15), slider.mapToGlobal(QPointF(110, 15)),
+                     Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&slider, &move);
+    EXPECT_EQ(edits, 0);
+
     QTest::keyClick(&slider, Qt::Key_Right);
-    EXPECT_TRUE(document.isDirty());
-    document.setIsDirty(false);
-    QAccessible::queryAccessibleInterface(&color)->valueInterface()->setCurrentValue(0.5);
-    EXPECT_DOUBLE_EQ(color.value(), 0.5);
-    EXPECT_TRUE(document.isDirty());
+    EXPECT_EQ(edits, 1);
+    QTest::mousePress(&slider, Qt::LeftButton, {}, {110, 15});
+    QCoreApplication::sendEvent(&slider, &move);
+    QTest::mouseRelease(&slider, Qt::LeftButton, {}, {110, 15});
+    EXPECT_DOUBLE_EQ(slider.value(), 0.5);
+    QCoreApplication::sendEvent(&slider, &move);
+    EXPECT_EQ(edits, 3);
+
+    auto* accessible = QAccessible::queryAccessibleInterface(&color)->valueInterface();
+    accessible->setCurrentValue(25.0);
+    QTest::keyClick(&color, Qt::Key_Up, Qt::ShiftModifier);
+    EXPECT_DOUBLE_EQ(accessible->currentValue().toDouble(), 35.0);
+    EXPECT_EQ(edits, 5);
 }
 
 TEST_F(SliderTest, theWheelTurnsOnlyTheFocusedSlider) {

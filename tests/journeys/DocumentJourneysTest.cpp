@@ -29,7 +29,7 @@ bool becomes(const Journey& journey, const std::string& title) {
 
 /// Changes the task light, whose value stands near the beginning of a file.
 bool edit(const Journey& journey, double intensity, const std::string& name) {
-    journey.find("slider", "Task light intensity").setValue(intensity);
+    journey.find("slider", "Task light intensity").setValue(100.0 * intensity);
     return becomes(journey, "Aquelon - " + name + " *");
 }
 

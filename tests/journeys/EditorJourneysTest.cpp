@@ -52,7 +52,7 @@ struct Editor {
                    "Point 3 of 7, 15:00, intensity 0 %, colour temperature 50 %, selected");
         expectSoon([&] { return intensity.value(); }, 0.0);
         Journey::drag(third, {plot.center(), above});
-        expectSoon([&] { return intensity.value(); }, 1.0);
+        expectSoon([&] { return intensity.value(); }, 100.0);
         expectSoon([this] { return remove.isEnabled(); }, true);
         EXPECT_EQ(journey.title(), "Aquelon - Untitled *");
 
@@ -211,7 +211,7 @@ TEST(EditorJourneys, analogModeLeavesTheTaskLight) {
     const UiElement intensity = journey.find("slider", "Task light intensity");
     Journey::click(Editor::place(intensity, 0.0));
     Journey::keys("Right Right");
-    expectSoon([&] { return qRound(intensity.value() * 100); }, 2);
+    expectSoon([&] { return qRound(intensity.value()); }, 2);
 
     ASSERT_TRUE(journey.press("Programmed mode"));
     expectSoon([&] { return editor.curve.isEnabled() && cell.isEnabled(); }, true);

@@ -2,9 +2,9 @@
 
 #include "controls/AccentColor.h"
 #include "controls/DisplayColors.h"
+#include "controls/Percent.h"
 #include "controls/Strokes.h"
 #include "controls/sliders/AQSliderAccessible.h"
-#include "data/AQDataSource.h"
 
 #include <QAccessible>
 #include <QFontInfo>
@@ -36,17 +36,15 @@ AQSlider::AQSlider(QWidget* parent, std::optional<QLinearGradient> gradient)
 }
 
 void AQSlider::setValue(double value) {
-    if (std::isnan(value)) {
+    if (std::isnan(value))
         return;
-    }
     const double limited = std::clamp(value, 0.0, 1.0);
-    if (limited == m_value) {
+    if (limited == m_value)
         return;
-    }
     m_value = limited;
     update();
     if (QAccessible::isActive()) {
-        QAccessibleValueChangeEvent event(this, m_value);
+        QAccessibleValueChangeEvent event(this, m_value * 100.0);
         QAccessible::updateAccessibility(&event);
     }
     reportChange(m_value);
@@ -57,25 +55,17 @@ QVariant AQSlider::objectValue() const {
 }
 
 void AQSlider::setObjectValue(const QVariant& object) {
-    if (const auto number = numberFrom(object)) {
+    if (const auto number = numberFrom(object))
         setValue(*number);
-    }
 }
 
 QString AQSlider::valueText() const {
-    return QString::number(std::lround(m_value * 100.0)) + QLatin1Char('%');
-}
-
-void AQSlider::setDocument(AQDataSource* document) {
-    m_document = document;
+    return percentText(m_value);
 }
 
 void AQSlider::userSetValue(double value) {
-    const QPointer<AQDataSource> document = m_document;
     setValue(value);
-    if (document) {
-        document->setIsDirty(true);
-    }
+    Q_EMIT edited();
 }
 
 QSize AQSlider::sizeHint() const {
@@ -111,9 +101,8 @@ QColor AQSlider::labelColorOnKnob() const {
 }
 
 void AQSlider::drawBar(QPainter& painter, const QRectF& rect) {
-    if (isEnabled() && m_gradient) {
+    if (isEnabled() && m_gradient)
         painter.fillRect(rect, *m_gradient);
-    }
 }
 
 void AQSlider::drawKnob(QPainter& painter, const QRectF& rect) {
@@ -163,31 +152,38 @@ void AQSlider::paintEvent(QPaintEvent* /*event*/) {
 void AQSlider::setFromPointer(double x) {
     const double inset = m_knobWidthDiv2 + m_knobMargin;
     const double travel = width() - 2.0 * inset;
-    if (travel > 0.0) {
+    if (travel > 0.0)
         userSetValue((x - inset) / travel);
-    }
 }
 
 void AQSlider::mousePressEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton) {
-        setFromPointer(event->position().x());
-    } else {
-        event->ignore();
-    }
+    if (event->button() != Qt::LeftButton)
+        return event->ignore();
+    m_isDragged = true;
+    setFromPointer(event->position().x());
 }
 
 void AQSlider::mouseMoveEvent(QMouseEvent* event) {
-    if (event->buttons().testFlag(Qt::LeftButton)) {
+    // What was pressed may have gone in the middle of a drag, which then comes to what lies under
+    // the pointer.
+    if (m_isDragged)
         setFromPointer(event->position().x());
-    } else {
+    else
         event->ignore();
-    }
+}
+
+void AQSlider::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton)
+        m_isDragged = false;
+    else
+        event->ignore();
 }
 
 void AQSlider::keyPressEvent(QKeyEvent* event) {
-    const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
-    const double step = valueIncrement();
-    switch (plain ? event->key() : 0) {
+    const auto modifiers = event->modifiers() & ~Qt::KeypadModifier;
+    const bool isLarge = modifiers == Qt::ShiftModifier;
+    const double step = isLarge ? largeStep : valueIncrement();
+    switch (isLarge || !modifiers ? event->key() : 0) {
     case Qt::Key_Up:
     case Qt::Key_Right:
         return userSetValue(m_value + step);
@@ -195,9 +191,9 @@ void AQSlider::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Left:
         return userSetValue(m_value - step);
     case Qt::Key_PageUp:
-        return userSetValue(m_value + pageIncrements * step);
+        return userSetValue(m_value + pageIncrements * valueIncrement());
     case Qt::Key_PageDown:
-        return userSetValue(m_value - pageIncrements * step);
+        return userSetValue(m_value - pageIncrements * valueIncrement());
     case Qt::Key_Home:
         return userSetValue(0.0);
     case Qt::Key_End:
@@ -217,14 +213,14 @@ void AQSlider::wheelEvent(QWheelEvent* event) {
     m_wheelRemainder += event->angleDelta().y();
     const int steps = m_wheelRemainder / QWheelEvent::DefaultDeltasPerStep;
     m_wheelRemainder %= QWheelEvent::DefaultDeltasPerStep;
-    if (steps != 0) {
+    if (steps != 0)
         userSetValue(m_value + steps * valueIncrement());
-    }
 }
 
-void AQSlider::changeEvent(QEvent* event) {
-    AQValueView::changeEvent(event);
-    if (event->type() == QEvent::FontChange) {
+bool AQSlider::event(QEvent* event) {
+    if (event->type() == QEvent::Hide || event->type() == QEvent::EnabledChange)
+        m_isDragged = false; // without a release
+    else if (event->type() == QEvent::FontChange)
         updateGeometry();
-    }
+    return AQValueView::event(event);
 }

@@ -3,19 +3,18 @@
 #include "controls/AQValueView.h"
 
 #include <QLinearGradient>
-#include <QPointer>
-
-class AQDataSource;
 
 /// A horizontal slider for a fraction 0.0..1.0: a bar with a translucent knob.
 ///
 /// The mouse sets the value under the pointer; arrow keys and the wheel (only while focused) step
-/// by `valueIncrement()`, Page Up and Page Down by ten of them, Home and End go to the ends. Every
-/// such edit marks the document dirty, even one that a limit keeps from changing the value.
+/// by `valueIncrement()`, Page Up and Page Down by ten of them, with Shift the arrow keys by
+/// `largeStep`; Home and End go to the ends.
 class AQSlider : public AQValueView {
     Q_OBJECT
 
 public:
+    static constexpr double largeStep = 0.1;
+
     explicit AQSlider(QWidget* parent = nullptr);
 
     double value() const { return m_value; }
@@ -33,14 +32,16 @@ public:
     /// The value in words, for screen readers.
     virtual QString valueText() const;
 
-    /// The document that edits mark dirty; null for none. Not owned.
-    void setDocument(AQDataSource* document);
-
-    /// An edit by the person: `setValue`, then the document is dirty.
+    /// An edit by the person: `setValue`, then `edited`.
     void userSetValue(double value);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
+
+Q_SIGNALS:
+    /// The person set a value, after the delegate heard of it; also where it stays the same, as at
+    /// a limit, which the delegate does not hear of.
+    void edited();
 
 protected:
     explicit AQSlider(QWidget* parent, std::optional<QLinearGradient> gradient);
@@ -60,9 +61,10 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
-    void changeEvent(QEvent* event) override;
+    bool event(QEvent* event) override;
 
 private:
     QColor labelColor() const;
@@ -78,5 +80,5 @@ private:
     double m_knobMargin = 2.0;
     double m_value = 0.0;
     int m_wheelRemainder = 0;
-    QPointer<AQDataSource> m_document;
+    bool m_isDragged = false; ///< the left button went down here and is held
 };

@@ -24,9 +24,8 @@ AQSlider* AQSliderAccessible::slider() const {
 }
 
 void* AQSliderAccessible::interface_cast(QAccessible::InterfaceType type) {
-    if (type == QAccessible::ValueInterface) {
+    if (type == QAccessible::ValueInterface)
         return static_cast<QAccessibleValueInterface*>(this);
-    }
     return QAccessibleWidget::interface_cast(type);
 }
 
@@ -35,17 +34,16 @@ QString AQSliderAccessible::text(QAccessible::Text kind) const {
 }
 
 QVariant AQSliderAccessible::currentValue() const {
-    return slider()->value();
+    return slider()->value() * 100.0;
 }
 
 void AQSliderAccessible::setCurrentValue(const QVariant& value) {
-    if (slider()->isEnabled()) {
-        slider()->userSetValue(value.toDouble());
-    }
+    if (slider()->isEnabled())
+        slider()->userSetValue(value.toDouble() / 100.0);
 }
 
 QVariant AQSliderAccessible::maximumValue() const {
-    return 1.0;
+    return 100.0;
 }
 
 QVariant AQSliderAccessible::minimumValue() const {
@@ -53,5 +51,5 @@ QVariant AQSliderAccessible::minimumValue() const {
 }
 
 QVariant AQSliderAccessible::minimumStepSize() const {
-    return slider()->valueIncrement();
+    return slider()->valueIncrement() * 100.0;
 }

@@ -4,7 +4,7 @@
 
 class AQSlider;
 
-/// An AQSlider as screen readers see it: a slider from 0 to 1 whose value is read in words.
+/// An AQSlider as screen readers see it: a slider from 0 to 100 percent.
 class AQSliderAccessible : public QAccessibleWidget, public QAccessibleValueInterface {
 public:
     explicit AQSliderAccessible(AQSlider* slider);

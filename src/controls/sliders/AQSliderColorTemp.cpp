@@ -34,7 +34,7 @@ QLinearGradient warmToCold() {
     return gradient;
 }
 
-int percent(double share, double maximum) {
+int channelPercent(double share, double maximum) {
     return static_cast<int>(std::lround(maximum * 100.0 * std::min(1.0, 2.0 * share)));
 }
 
@@ -47,9 +47,8 @@ QSizeF wordSize(const QFontMetricsF& metrics, const QString& word) {
 AQSliderColorTemp::AQSliderColorTemp(QWidget* parent) : AQSlider(parent, warmToCold()) {}
 
 void AQSliderColorTemp::setMaxValue(double maxValue) {
-    if (std::isnan(maxValue)) {
+    if (std::isnan(maxValue))
         return;
-    }
     m_maxValue = std::min(maxValue, 1.0);
     update();
 }
@@ -60,11 +59,11 @@ void AQSliderColorTemp::setShowCurve(bool showCurve) {
 }
 
 int AQSliderColorTemp::coldValue() const {
-    return percent(value(), m_maxValue);
+    return channelPercent(value(), m_maxValue);
 }
 
 int AQSliderColorTemp::warmValue() const {
-    return percent(1.0 - value(), m_maxValue);
+    return channelPercent(1.0 - value(), m_maxValue);
 }
 
 void AQSliderColorTemp::setObjectValue(const QVariant& object) {
@@ -73,9 +72,8 @@ void AQSliderColorTemp::setObjectValue(const QVariant& object) {
         return;
     }
     const QVariantList pair = object.toList();
-    if (pair.size() != 2) {
+    if (pair.size() != 2)
         return;
-    }
     const auto newValue = numberFrom(pair.at(0));
     const auto newMaximum = numberFrom(pair.at(1));
     if (newValue && newMaximum) {
@@ -106,9 +104,8 @@ void AQSliderColorTemp::drawCurve(QPainter& painter, const QRectF& rect) const {
         QPen dashes(Strokes::plusDarkerPen(0.7), hairline, Qt::CustomDashLine, Qt::FlatCap);
         dashes.setDashPattern({2.0 / hairline, 2.0 / hairline});
         strokes.setPen(dashes);
-        for (const double fraction : {0.25, 0.5, 0.75}) {
+        for (const double fraction : {0.25, 0.5, 0.75})
             strokes.drawLine(QPointF(fraction * w, h - 1.0), QPointF(fraction * w, 1.0));
-        }
         QPainterPath curve(QPointF(0.0, low));
         curve.cubicTo(0.35 * w, low, 0.35 * w, high, 0.5 * w, high);
         curve.cubicTo(0.65 * w, high, 0.65 * w, low, w, low);
@@ -140,9 +137,8 @@ void AQSliderColorTemp::drawLabels(QPainter& painter, const QRectF& rect,
 
 void AQSliderColorTemp::drawBackground(QPainter& painter, const QRectF& rect) {
     AQSlider::drawBar(painter, rect);
-    if (m_showCurve) {
+    if (m_showCurve)
         drawCurve(painter, rect);
-    }
 }
 
 QPixmap AQSliderColorTemp::background(const QRectF& rect, double scale) {
