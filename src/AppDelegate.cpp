@@ -1,6 +1,8 @@
 #include "AppDelegate.h"
 
 #include "MainWindow.h"
+#include "controls/curve/AQCurveView.h"
+#include "controls/points/AQPointList.h"
 #include "controls/popovers/AQHelpPopover.h"
 #include "controls/window/AQAboutPanel.h"
 #include "data/AQDataSource.h"
@@ -29,13 +31,13 @@ struct AppDelegate::Workflows {
         : ui(window.outlets()), documents(services.data, services.prompts), selectDevice(&window),
           connection(services.controller, services.prompts, selectDevice),
           transfer(services.data, services.controller, documents, services.prompts),
-          table(services.data, {*ui.tableView, *ui.bttnTableItemAdd, *ui.bttnTableItemDelete,
+          table(services.data, {window.tableView(), *ui.bttnTableItemAdd, *ui.bttnTableItemDelete,
                                 *ui.menuitemAddPoint, *ui.menuitemDeletePoint}),
           taskLight(services.data,
                     {*ui.pickerTaskTime, *ui.sliderTaskTemp, *ui.sliderTaskBrightness}),
           programMode(services.data, services.controller, *ui.bttnSwitchProgMode),
           lamp(services.controller), liveMode(services.data, lamp, *ui.bttnLiveModeSwitch),
-          demoMode(services.data, lamp, *ui.curveView, *ui.bttnRunDemo) {}
+          demoMode(services.data, lamp, window.curveView(), *ui.bttnRunDemo) {}
 
     Ui::MainWindow& ui;
     DocumentCommands documents;
@@ -52,9 +54,7 @@ struct AppDelegate::Workflows {
 };
 
 AppDelegate::AppDelegate(const Services& services)
-    : m_services(services), m_window(std::make_unique<MainWindow>()) {
-    // The curve follows the document before the workflows, so that it draws what they announce.
-    m_window->outlets().curveView->setDocument(services.data);
+    : m_services(services), m_window(std::make_unique<MainWindow>(services.data)) {
     m_workflows = std::make_unique<Workflows>(services, *m_window);
     connectDocument();
     connectDevice();
@@ -99,8 +99,9 @@ void AppDelegate::connectDocument() {
     connect(m_window.get(), &MainWindow::fileDropped, &w.documents, &DocumentCommands::openPath);
     connect(&w.documents, &DocumentCommands::titleChanged, this, &AppDelegate::showTitle);
 
-    connect(w.ui.curveView, &AQCurveView::addRequested, &w.table, &PointTable::onTableItemAdd);
-    connect(w.ui.curveView, &AQCurveView::deleteRequested, &w.table,
+    connect(&m_window->curveView(), &AQCurveView::addRequested, &w.table,
+            &PointTable::onTableItemAdd);
+    connect(&m_window->curveView(), &AQCurveView::deleteRequested, &w.table,
             &PointTable::onTableItemDelete);
     connect(&w.programMode, &ProgramMode::changed, this, &AppDelegate::updateControls);
 }
@@ -192,7 +193,7 @@ void AppDelegate::updateControls() {
     ControlStates::live(state).applyTo(*w.ui.lblLiveMode);
     ControlStates::demo(state).applyTo(*w.ui.bttnRunDemo);
     ControlStates::deviceTime(state).applyTo(*w.ui.menuitemSetDeviceTime);
-    ControlStates::editing(state).applyTo(*w.ui.curveView);
+    ControlStates::editing(state).applyTo(m_window->curveView());
     w.table.setEditingEnabled(ControlStates::editing(state).isEnabled);
 }
 

@@ -1,7 +1,11 @@
 #include "MainWindow.h"
 
 #include "controls/AccentColor.h"
+#include "controls/curve/AQCurveView.h"
+#include "controls/points/AQPointList.h"
 #include "controls/time/TimeField.h"
+#include "data/AQDataSource.h"
+#include "data/PointColumn.h"
 #include "ui_MainWindow.h"
 
 #include <QApplication>
@@ -34,22 +38,39 @@ void setTextColor(QWidget& widget, const QColor& color) {
 
 } // namespace
 
-MainWindow::MainWindow() : m_ui(std::make_unique<Ui::MainWindow>()) {
+MainWindow::MainWindow(AQDataSource& document)
+    : m_ui(std::make_unique<Ui::MainWindow>()),
+      m_curveView(new AQCurveView(document.sequence(), document.selection(), this)),
+      m_tableView(new AQPointList(document.sequence(), document.selection(), this)) {
     m_ui->setupUi(this);
+    placeEditors();
     setCentralWidget(m_ui->content);
     // Not larger than the screen, which may be a small one.
     resize(size().boundedTo(screen()->availableSize()));
     setShortcuts();
     for (const QAction* command :
          {m_ui->menuitemNew, m_ui->menuitemOpen, m_ui->menuitemSave, m_ui->menuitemSaveAs,
-          m_ui->menuitemQuit, m_ui->menuitemLoad, m_ui->menuitemSend})
+          m_ui->menuitemQuit, m_ui->menuitemAddPoint, m_ui->menuitemLoad, m_ui->menuitemSend})
         connect(command, &QAction::triggered, this, &MainWindow::finishTyping);
     showConnected(false);
     showPortProblem({});
-    m_ui->curveView->setFocus();
+    m_curveView->setFocus();
 }
 
 MainWindow::~MainWindow() = default;
+
+// Not in the .ui file, from which they would come without the program they show.
+void MainWindow::placeEditors() {
+    constexpr QSize smallestCurve(900, 296);
+    m_curveView->setObjectName(QStringLiteral("curveView"));
+    m_curveView->setMinimumSize(smallestCurve);
+    m_ui->curvePlace->addWidget(m_curveView);
+    m_tableView->setObjectName(QStringLiteral("tableView"));
+    m_ui->tablePlace->addWidget(m_tableView);
+    // They are read where they stand.
+    setTabOrder(m_ui->bttnStatusHelp, m_curveView);
+    m_tableView->setTabAnchor(*m_curveView);
+}
 
 void MainWindow::setShortcuts() {
     m_ui->menuitemNew->setShortcut(QKeySequence::New);
@@ -101,9 +122,13 @@ void MainWindow::changeEvent(QEvent* event) {
 bool MainWindow::focusNextPrevChild(bool next) {
     // A control that can no longer be used would hand the focus on to whatever comes next.
     const QWidget* focused = focusWidget();
-    if (focused && !(focused->isEnabled() && focused->isVisible()) &&
-        m_ui->curveView->isEnabled()) {
-        m_ui->curveView->setFocus();
+    if (focused && !(focused->isEnabled() && focused->isVisible()) && m_curveView->isEnabled()) {
+        m_curveView->setFocus();
+        return true;
+    }
+    // From the curve to the point that was worked on there, not to the first.
+    if (next && focused == m_curveView && m_tableView->selectedRow() >= 0) {
+        m_tableView->focusEditor(m_tableView->selectedRow(), PointColumn::time, Qt::TabFocusReason);
         return true;
     }
     return QMainWindow::focusNextPrevChild(next);

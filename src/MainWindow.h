@@ -4,20 +4,28 @@
 
 #include <memory>
 
+class AQCurveView;
+class AQDataSource;
+class AQPointList;
+
 namespace Ui {
 class MainWindow;
 }
 
-/// The one window: outlets from MainWindow.ui, and the events that only a window gets.
+/// The one window: outlets from MainWindow.ui, the curve and the list of points of the document,
+/// and the events that only a window gets.
 class MainWindow : public QMainWindow {
     Q_OBJECT
 
 public:
-    MainWindow();
+    /// Shows `document`, which must outlive the window.
+    explicit MainWindow(AQDataSource& document);
     ~MainWindow() override;
 
     /// The controls, by their outlet names.
     Ui::MainWindow& outlets() { return *m_ui; }
+    AQCurveView& curveView() { return *m_curveView; }
+    AQPointList& tableView() { return *m_tableView; }
 
     void showConnected(bool isConnected);
     /// Why a controller that is plugged in cannot be opened; an empty text hides it.
@@ -44,11 +52,14 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    void placeEditors();
     void setShortcuts();
     /// What is being typed counts for a command that is given before the focus leaves its field.
     void finishTyping();
 
     std::unique_ptr<Ui::MainWindow> m_ui;
+    AQCurveView* m_curveView;
+    AQPointList* m_tableView;
     bool m_isConnected = false;
     bool m_wasPainted = false;
 };

@@ -13,7 +13,8 @@ constexpr AQTimePoint defaultTaskLight{{0, 1, 0}, 0.5, 1.0};
 } // namespace
 
 AQDataSource::AQDataSource(NotificationCenter& notifications, DeviceInfoSource device)
-    : m_notifications(notifications), m_device(std::move(device)), m_sequence(*this) {
+    : m_notifications(notifications), m_device(std::move(device)), m_sequence(*this),
+      m_selection(*this) {
     installDefaults();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/AQSelection.h"
 #include "data/AQSequence.h"
 #include "data/AQTimePoint.h"
 #include "data/NotificationCenter.h"
@@ -11,7 +12,8 @@
 #include <optional>
 #include <vector>
 
-/// The document: the light program, the task light, the mode and the dirty flag.
+/// The document: the light program with its selection, the task light, the mode and the dirty
+/// flag.
 ///
 /// Its contents are replaced in place, so observers register once. Nothing here can fail.
 class AQDataSource : public QObject {
@@ -43,6 +45,7 @@ public:
 
     AQSequence& sequence() { return m_sequence; }
     const AQSequence& sequence() const { return m_sequence; }
+    AQSelection& selection() { return m_selection; }
 
     /// `time` is the duration: hour x 60 + minute minutes and `second` seconds.
     const AQTimePoint& taskLight() const { return m_taskLight; }
@@ -72,6 +75,7 @@ private:
     NotificationCenter& m_notifications;
     DeviceInfoSource m_device;
     AQSequence m_sequence;
+    AQSelection m_selection;
     AQTimePoint m_taskLight;
     bool m_isProgramMode = true;
     bool m_isDirty = false;

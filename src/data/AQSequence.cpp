@@ -1,7 +1,7 @@
 #include "data/AQSequence.h"
 
 #include "data/AQDataSource.h"
-#include "data/NotificationCenter.h"
+#include "data/PointColumn.h"
 
 #include <algorithm>
 
@@ -10,6 +10,17 @@ AQSequence::AQSequence(AQDataSource& document) : m_document(document) {}
 const AQTimePoint& AQSequence::at(int row) const {
     Q_ASSERT(isRow(row));
     return m_data[static_cast<std::size_t>(row)];
+}
+
+int AQSequence::rowOf(AQPointId id) const {
+    const auto found = std::ranges::find(m_data, id, &AQTimePoint::id);
+    return id == AQPointId::none || found == m_data.end()
+               ? -1
+               : static_cast<int>(found - m_data.begin());
+}
+
+NotificationCenter& AQSequence::notifications() const {
+    return m_document.notifications();
 }
 
 int AQSequence::pointLimit() const {
@@ -21,15 +32,15 @@ void AQSequence::updateWithRow(int row, ColorTemp value, const QObject* sender) 
     if (!isRow(row))
         return;
     m_data[static_cast<std::size_t>(row)].colorTemp = value.fraction;
-    notifyCellChange(row, NotificationCenter::columnColorTemp, sender);
+    notifyCellChange(row, PointColumn::colorTemp, sender);
 }
 
 void AQSequence::updateWithRow(int row, Brightness value, const QObject* sender) {
     if (!isRow(row))
         return;
     m_data[static_cast<std::size_t>(row)].brightness = value.fraction;
-    notifyCellChange(row, NotificationCenter::columnColorTemp, sender);
-    notifyCellChange(row, NotificationCenter::columnBrightness, sender);
+    notifyCellChange(row, PointColumn::colorTemp, sender);
+    notifyCellChange(row, PointColumn::brightness, sender);
 }
 
 int AQSequence::setTime(int row, AQTime time, const QObject* sender) {
@@ -41,7 +52,7 @@ int AQSequence::setTime(int row, AQTime time, const QObject* sender) {
     const int previous = row > 0 ? minuteAt(row - 1) : -1;
     const int next = row + 1 < count() ? minuteAt(row + 1) : AQTime::minutesPerDay;
     if (previous < minute && minute < next) {
-        notifyCellChange(row, NotificationCenter::columnTime, sender);
+        notifyCellChange(row, PointColumn::time, sender);
         return -1;
     }
     // Stable, so that points of the same minute (a file may hold some) do not swap at random.
@@ -79,7 +90,9 @@ int AQSequence::addNewAfter(int row, const QObject* sender) {
 void AQSequence::insert(int row, int minuteOfDay) {
     // With every minute of the day taken the search ends at -1, which stands for 23:59.
     const int minute = (minuteOfDay + AQTime::minutesPerDay) % AQTime::minutesPerDay;
-    m_data.insert(m_data.begin() + row, {.time = AQTime::fromMinuteOfDay(minute)});
+    const auto point =
+        m_data.insert(m_data.begin() + row, {.time = AQTime::fromMinuteOfDay(minute)});
+    giveId(*point);
 }
 
 void AQSequence::deleteWithRow(int row, const QObject* sender) {
@@ -99,22 +112,34 @@ bool AQSequence::hasPointAt(AQTime time, int exceptRow) const {
 void AQSequence::notifyDataChange(const QObject* sender, bool dirty) {
     if (dirty)
         m_document.setIsDirty(true);
-    Q_EMIT m_document.notifications().dataChanged(sender);
+    // Who hears of the change finds the selection as it is afterwards.
+    m_document.selection().follow();
+    Q_EMIT notifications().dataChanged(sender);
+    m_document.selection().announceChange(sender);
 }
 
 void AQSequence::notifySelectionChange(int row, const QObject* sender) {
-    Q_EMIT m_document.notifications().sectionChanged(row, sender);
+    if (row < count())
+        m_document.selection().select(idAt(row), sender);
 }
 
 void AQSequence::notifyCellChange(int row, int column, const QObject* sender) {
     m_document.setIsDirty(true);
-    Q_EMIT m_document.notifications().cellChanged(row, column, sender);
+    Q_EMIT notifications().cellChanged(row, column, sender);
 }
 
 void AQSequence::replacePoints(std::vector<AQTimePoint> points) {
     m_data = std::move(points);
+    for (AQTimePoint& point : m_data)
+        giveId(point);
 }
 
 void AQSequence::appendPoint(const AQTimePoint& point) {
     m_data.push_back(point);
+    giveId(m_data.back());
+}
+
+void AQSequence::giveId(AQTimePoint& point) {
+    if (point.id == AQPointId::none)
+        point.id = AQPointId{++m_lastId};
 }

@@ -7,8 +7,16 @@
 #include <vector>
 
 class AQDataSource;
+class NotificationCenter;
 
 /// The daily light program: time points in ascending order of their minute of the day.
+///
+/// A point has a row, its place in that order, and an id, which stays when the row does not. Who
+/// keeps a point for longer than a call keeps its id:
+///
+///     const AQPointId id = sequence.idAt(row);
+///     sequence.setTime(row, {12, 0}, this);            // may reorder
+///     sequence.updateWithRow(sequence.rowOf(id), AQSequence::Brightness{0.8}, this);
 ///
 /// Every change by a person goes through these operations, which keep the order, mark the document
 /// dirty and post the notifications; dataDirty comes first, and only when the document was clean.
@@ -33,6 +41,12 @@ public:
     const std::vector<AQTimePoint>& points() const { return m_data; }
     /// `row` must be valid.
     const AQTimePoint& at(int row) const;
+    /// `none` outside the program.
+    AQPointId idAt(int row) const { return isRow(row) ? at(row).id : AQPointId::none; }
+    /// -1 for a point that is not, or no longer, in the program.
+    int rowOf(AQPointId id) const;
+    /// Where its changes are announced.
+    NotificationCenter& notifications() const;
     /// The point limit of the connected controller, 20 without one or while it has not told.
     int pointLimit() const;
     /// True while `count()` is below `pointLimit()`. Insertion itself never refuses.
@@ -54,13 +68,16 @@ public:
     /// True when another point than `exceptRow` has this hour and minute.
     bool hasPointAt(AQTime time, int exceptRow) const;
 
-    /// Posts dataChanged, after marking the document dirty when `dirty`.
+    /// Posts dataChanged, after marking the document dirty when `dirty`; then sectionChanged if the
+    /// selection was moved by it.
     void notifyDataChange(const QObject* sender, bool dirty);
-    /// Posts sectionChanged; changes no data.
+    /// Selects the point in this row, none for -1, and posts sectionChanged; changes no data. A row
+    /// behind the last is ignored.
     void notifySelectionChange(int row, const QObject* sender);
 
     /// For readers of whole programs: takes the points as they come, posts nothing, marks nothing.
-    /// Their times must be valid.
+    /// Their times must be valid. Points that bear an id keep it, as those that come back to the
+    /// program do; the others get one.
     void replacePoints(std::vector<AQTimePoint> points);
     void appendPoint(const AQTimePoint& point);
 
@@ -68,8 +85,10 @@ private:
     bool isRow(int row) const { return row >= 0 && row < count(); }
     int minuteAt(int row) const { return at(row).time.minuteOfDay(); }
     void insert(int row, int minuteOfDay);
+    void giveId(AQTimePoint& point);
     void notifyCellChange(int row, int column, const QObject* sender);
 
     AQDataSource& m_document;
     std::vector<AQTimePoint> m_data;
+    std::uint32_t m_lastId = 0; ///< ids are never used again
 };

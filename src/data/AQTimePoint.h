@@ -23,12 +23,20 @@ struct AQTime {
     bool operator==(const AQTime&) const = default;
 };
 
+/// Which point of the light program it is, while its values and its place in the day change.
+enum class AQPointId : std::uint32_t { none = 0 };
+
 /// One point of the light program.
 struct AQTimePoint {
     AQTime time;
     double colorTemp = 0.5;  ///< fraction, 0.0 warmest .. 1.0 coldest
     double brightness = 0.5; ///< fraction, 0.0 dark .. 1.0 full
-    bool operator==(const AQTimePoint&) const = default;
+    /// Given by the sequence when the point comes to it; no file and no controller knows it.
+    AQPointId id = AQPointId::none;
+    /// The id takes no part: equal points give the same light at the same time.
+    bool operator==(const AQTimePoint& other) const {
+        return time == other.time && colorTemp == other.colorTemp && brightness == other.brightness;
+    }
 };
 
 /// A fraction as files and the wire carry it: round(clamp(f, 0, 1) x 255), halves away from zero.

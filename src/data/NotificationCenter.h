@@ -12,10 +12,6 @@ class NotificationCenter : public QObject {
 public:
     using QObject::QObject;
 
-    static constexpr int columnTime = 0;
-    static constexpr int columnColorTemp = 1;
-    static constexpr int columnBrightness = 2;
-
 Q_SIGNALS:
     /// The document's dirty flag changed; `document` is the AQDataSource.
     void dataDirty(const QObject* document);
@@ -23,8 +19,9 @@ Q_SIGNALS:
     void dataChanged(const QObject* sender);
     /// The whole document was replaced.
     void dataLoaded(const QObject* sender);
-    /// One value of one point changed.
+    /// One value of one point changed; `column` is a PointColumn.
     void cellChanged(int row, int column, const QObject* sender);
-    /// The person selected a point; -1 clears the selection.
+    /// The person turned to the point in this row, or the selected point is another or in another
+    /// row than before; -1 for none. `AQSelection` tells which point it is.
     void sectionChanged(int row, const QObject* sender);
 };

@@ -5,8 +5,6 @@
 #include "data/ColorMapping.h"
 #include "lamp/LampPreview.h"
 
-#include <algorithm>
-
 namespace {
 
 const QString previewSign = QStringLiteral("LIVE PREVIEW");
@@ -27,10 +25,11 @@ LiveMode::LiveMode(AQDataSource& data, LampPreview& lamp, AQSwitchButton& bttnLi
     connect(&lamp, &LampPreview::regained, this, &LiveMode::takeLamp);
 
     const NotificationCenter& notifications = data.notifications();
-    connect(&notifications, &NotificationCenter::sectionChanged, this, &LiveMode::onPointTouched);
-    connect(&notifications, &NotificationCenter::cellChanged, this, &LiveMode::onPointTouched);
-    connect(&notifications, &NotificationCenter::dataChanged, this, &LiveMode::onDataChanged);
-    connect(&notifications, &NotificationCenter::dataLoaded, this, &LiveMode::onDataLoaded);
+    connect(&notifications, &NotificationCenter::sectionChanged, this, &LiveMode::onSectionChanged);
+    connect(&notifications, &NotificationCenter::cellChanged, this, &LiveMode::onPointsChanged);
+    connect(&notifications, &NotificationCenter::dataChanged, this, &LiveMode::onPointsChanged);
+    connect(&notifications, &NotificationCenter::dataLoaded, this,
+            [this] { m_isTaskLightEdited = false; });
 }
 
 void LiveMode::onBttnLiveMode(bool isOn) {
@@ -68,47 +67,27 @@ void LiveMode::onLiveModeTimer() {
 }
 
 void LiveMode::taskLightTouched() {
-    m_editedLight = EditedLight::TaskLight;
+    m_isTaskLightEdited = true;
     showEditedLight();
 }
 
-void LiveMode::onPointTouched(int row) {
-    if (row < 0 || row >= m_data.sequence().count())
-        return;
-    m_editedLight = EditedLight::Point;
-    m_editedRow = row;
-    m_editedPoint = m_data.sequence().at(row);
-    showEditedLight();
+void LiveMode::onSectionChanged(int row) {
+    // Who lets go of a point turns to no other light, and the lamp stays as it is.
+    if (row >= 0)
+        m_isTaskLightEdited = false;
+    onPointsChanged();
 }
 
-void LiveMode::onDataChanged() {
-    if (m_editedLight != EditedLight::Point)
-        return;
-    // Rows have moved. The point is known again by its values; if it is gone, or has changed as
-    // well, the lamp stays as it is until a light is touched, which the selection does on the next
-    // turn.
-    const auto& points = m_data.sequence().points();
-    const auto found = std::ranges::find(points, m_editedPoint);
-    if (found == points.end())
-        m_editedLight = EditedLight::None;
-    else
-        m_editedRow = static_cast<int>(found - points.begin());
-}
-
-void LiveMode::onDataLoaded() {
-    m_editedLight = EditedLight::None;
+void LiveMode::onPointsChanged() {
+    if (!m_isTaskLightEdited)
+        showEditedLight();
 }
 
 std::optional<AQTimePoint> LiveMode::editedLight() const {
-    switch (m_editedLight) {
-    case EditedLight::Point:
-        return m_data.sequence().at(m_editedRow);
-    case EditedLight::TaskLight:
+    if (m_isTaskLightEdited)
         return m_data.taskLight();
-    case EditedLight::None:
-        break;
-    }
-    return std::nullopt;
+    const int row = m_data.selection().row();
+    return row < 0 ? std::nullopt : std::optional(m_data.sequence().at(row));
 }
 
 void LiveMode::showEditedLight() {

@@ -36,14 +36,12 @@ public:
     void setSuspended(bool isSuspended);
 
 private:
-    enum class EditedLight { None, Point, TaskLight };
     using Levels = std::pair<int, int>;
 
     void onBttnLiveMode(bool isOn);
     void onLiveModeTimer();
-    void onPointTouched(int row);
-    void onDataChanged();
-    void onDataLoaded();
+    void onSectionChanged(int row);
+    void onPointsChanged();
     bool hasLamp() const { return m_isOn && !m_isSuspended; }
     void takeLamp();
     void showEditedLight();
@@ -55,8 +53,6 @@ private:
     QTimer* m_liveModeTimer;
     bool m_isOn = false; ///< the switch; a lost link leaves it on
     bool m_isSuspended = false;
-    EditedLight m_editedLight = EditedLight::None;
-    int m_editedRow = -1;
-    AQTimePoint m_editedPoint; ///< as last seen at that row, to find it again when rows move
+    bool m_isTaskLightEdited = false; ///< it was touched last; else the selected point is edited
     std::optional<Levels> m_shown;
 };

@@ -16,7 +16,6 @@
 class CurveFixture : public testing::Test {
 protected:
     void SetUp() override {
-        view.setDocument(document);
         window.setGeometry(50, 200, 1000, 480);
         view.resize(window.size());
         window.show();
@@ -35,5 +34,5 @@ protected:
     NotificationCenter notifications;
     AQDataSource document{notifications};
     QWidget window;
-    AQCurveView view{&window};
+    AQCurveView view{document.sequence(), document.selection(), &window};
 };

@@ -91,6 +91,59 @@ TEST(AQSequence, keepsTheOrderWhenATimeIsSet) {
     }
 }
 
+TEST(AQSelection, staysWithItsPoint) {
+    Document document({480, 600, 720});
+    AQSequence& sequence = document.sequence;
+    AQSelection& selection = document.source.selection();
+    document.source.setIsDirty(true);
+    const AQPointId eight = sequence.idAt(0);
+    selection.select(eight, nullptr);
+    document.log.take();
+    sequence.setTime(1, {7, 0}, &document.view);
+    EXPECT_EQ(selection.id(), eight);
+    EXPECT_EQ(document.log.take(),
+              (Lines{"dataChanged from QObject", "sectionChanged 1 from QObject"}));
+
+    // What was there comes back with its id, and what is new gets one that nothing had.
+    const auto before = sequence.points();
+    sequence.deleteWithRow(2, nullptr);
+    const AQPointId added = sequence.idAt(sequence.addNewAfter(1, nullptr));
+    for (const AQTimePoint& point : before)
+        EXPECT_NE(point.id, added);
+    sequence.replacePoints(before);
+    EXPECT_EQ(sequence.rowOf(eight), 1);
+    EXPECT_EQ(sequence.rowOf(added), -1);
+}
+
+TEST(AQSelection, deletingWhatWasAddedGoesBackTheWayItCame) {
+    const struct {
+        const char* name;
+        int first;
+        bool selectsByHand;        ///< the second one, between adding and deleting
+        std::vector<int> selected; ///< the row after each deletion
+    } cases[] = {{"from a point", 1, false, {2, 1, 1, 1}},
+                 {"from nothing", -1, false, {4, -1}},
+                 {"by hand to the same place", 0, true, {1, 1, 1, 1}}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        Document document({480, 600, 720, 840});
+        AQSelection& selection = document.source.selection();
+        const auto add = [&] {
+            const int row = document.sequence.addNewAfter(selection.row(), nullptr);
+            selection.selectAdded(document.sequence.idAt(row), nullptr);
+        };
+        document.sequence.notifySelectionChange(c.first, nullptr);
+        add();
+        add();
+        if (c.selectsByHand)
+            document.sequence.notifySelectionChange(1, nullptr);
+        for (const int row : c.selected) {
+            document.sequence.deleteWithRow(selection.row(), nullptr);
+            EXPECT_EQ(selection.row(), row);
+        }
+    }
+}
+
 TEST(AQSequence, announcesValues) {
     Document document({480, 600});
     document.sequence.updateWithRow(1, AQSequence::Brightness{0.75}, &document.view);

@@ -25,8 +25,11 @@ struct Editor {
     }
     /// "Time", "Colour temperature" or "Intensity".
     UiElement cell(int row, const std::string& column) const {
-        return journey.find(column == "Time" ? "spin button" : "slider",
-                            "Point " + std::to_string(row) + ", " + column);
+        const std::string start = "Point " + std::to_string(row) + ", ";
+        const auto found = journey.find("frame", {}).findAll([&](const UiElement& element) {
+            return element.name().starts_with(start) && element.name().ends_with(", " + column);
+        });
+        return found.empty() ? UiElement() : found.front();
     }
     /// The place on a slider that stands for a value from 0 to 1.
     static QPoint place(const UiElement& slider, double value) {

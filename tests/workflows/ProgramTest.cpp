@@ -1,5 +1,6 @@
 #include "AppDelegate.h"
 #include "MainWindow.h"
+#include "controls/points/AQPointList.h"
 #include "controls/sliders/AQSliderBrightness.h"
 #include "controls/sliders/AQSliderColorTemp.h"
 #include "data/AQDataSource.h"
@@ -141,7 +142,7 @@ TEST_F(ProgramTest, liveModeShowsTheNewPointAlsoWhenItsRowWasSelected) {
     m_data.sequence().replacePoints({{{23, 59}, 0.5, 1.0}});
     start();
     connect();
-    ui().tableView->selectRow(0);
+    m_delegate.window().tableView().setSelectedRow(0);
     ui().bttnLiveModeSwitch->click();
     const auto lampShows = [&](std::uint8_t level) {
         return QTest::qWaitFor(
@@ -159,7 +160,7 @@ TEST_F(ProgramTest, aLampInPreviewIsGivenBackBeforeAnotherIsChosen) {
     start();
     m_controller.openWithPath("/dev/ttyUSB0");
     connect();
-    ui().tableView->selectRow(0);
+    m_delegate.window().tableView().setSelectedRow(0);
     ui().bttnLiveModeSwitch->click();
     const auto waitForCommand = [](SimulatedController& device, const char* command) {
         return QTest::qWaitFor([&] { return device.commandCounts().contains(command); }, 3000);
@@ -220,9 +221,8 @@ TEST_F(ProgramTest, droppedFileIsOpened) {
 
 // Values that come from the document are no edits.
 TEST_F(ProgramTest, cellsFollowTheDocumentWithoutMarkingItDirty) {
-    const QTableView& table = *ui().tableView;
     const auto cell = [&](int column) {
-        return dynamic_cast<AQSlider*>(table.indexWidget(table.model()->index(2, column)));
+        return m_delegate.window().findChild<AQSlider*>(QStringLiteral("cell_2_%1").arg(column));
     };
     cell(2)->userSetValue(0.25);
     cell(1)->userSetValue(0.75);
@@ -238,7 +238,7 @@ TEST_F(ProgramTest, cellsFollowTheDocumentWithoutMarkingItDirty) {
 
 TEST_F(ProgramTest, deletingByKeyboardGoesOn) {
     start();
-    ui().tableView->selectRow(5);
+    m_delegate.window().tableView().setSelectedRow(5);
     ui().bttnTableItemDelete->setFocus();
     for (int count = 6; count > 0; --count) {
         QTest::keyClick(m_delegate.window().focusWidget(), Qt::Key_Space);

@@ -5,6 +5,7 @@
 #include "SampleProgram.h"
 #include "Table.h"
 #include "WholeProgram.h"
+#include "controls/curve/AQCurveView.h"
 #include "ui_MainWindow.h"
 
 #include <benchmark/benchmark.h>
@@ -24,7 +25,7 @@ void demo(benchmark::State& state) {
     if (!QTest::qWaitForWindowExposed(&window))
         qFatal("The window did not appear.");
 
-    const AQCurveView& curve = *window.outlets().curveView;
+    const AQCurveView& curve = window.curveView();
     QAbstractButton& button = *window.outlets().bttnRunDemo;
     for (auto _ : state) {
         button.setEnabled(true); // there is no lamp, which the demo goes on without

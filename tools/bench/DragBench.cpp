@@ -6,6 +6,7 @@
 #include "Table.h"
 #include "WholeProgram.h"
 #include "controls/curve/AQCurvePoint.h"
+#include "controls/curve/AQCurveView.h"
 #include "ui_MainWindow.h"
 
 #include <benchmark/benchmark.h>
@@ -98,7 +99,7 @@ void drag(benchmark::State& state) {
     program.data.sequence().notifyDataChange(nullptr, false);
     program.delegate.applicationDidFinishLaunching({});
     MainWindow& window = program.delegate.window();
-    AQCurveView& curve = *window.outlets().curveView;
+    AQCurveView& curve = window.curveView();
     QWidget plainWindow;
     PlainControl plain;
     plain.setParent(&plainWindow);

@@ -4,18 +4,17 @@
 #include "Measure.h"
 #include "SampleProgram.h"
 #include "Table.h"
+#include "WholeProgram.h"
 #include "controls/curve/AQCurveView.h"
-#include "controls/points/AQControlTable.h"
+#include "controls/points/AQPointList.h"
 #include "controls/sliders/AQSliderBrightness.h"
 #include "controls/sliders/AQSliderColorTemp.h"
 #include "data/AQDataSource.h"
-#include "workflows/PointTable.h"
+#include "data/AQDataSourceReader.h"
+#include "data/AQDataSourceWriter.h"
 
 #include <benchmark/benchmark.h>
 
-#include <QAction>
-#include <QHeaderView>
-#include <QPushButton>
 #include <QTest>
 
 namespace {
@@ -46,15 +45,14 @@ void measure(benchmark::State& state, const char* what, Promise promise, QSize a
 struct ShownCurve {
     ShownCurve() {
         document.sequence().replacePoints(SampleProgram::points());
-        view.setDocument(document);
-        document.sequence().notifySelectionChange(selected, nullptr);
+        document.sequence().notifyDataChange(nullptr, false);
+        document.sequence().notifySelectionChange(SampleProgram::pointCount / 2, nullptr);
         show(view, area);
     }
     static constexpr QSize area{1600, 600};
-    static constexpr int selected = SampleProgram::pointCount / 2;
     NotificationCenter notifications;
     AQDataSource document{notifications};
-    AQCurveView view;
+    AQCurveView view{document.sequence(), document.selection(), nullptr};
 };
 
 void curve(benchmark::State& state) {
@@ -68,7 +66,7 @@ void curveStep(benchmark::State& state) {
     double intensity = 0.0;
     measure(state, "curve: an edit and its repaint", Promise::atMost(1.5), ShownCurve::area, [&] {
         intensity = intensity < 0.99 ? intensity + 0.01 : 0.0;
-        curve.view.editIntensity(ShownCurve::selected, intensity);
+        curve.view.editIntensity(curve.document.selection().id(), intensity);
         curve.view.repaint();
     });
 }
@@ -101,15 +99,10 @@ void table(benchmark::State& state) {
     NotificationCenter notifications;
     AQDataSource document{notifications};
     document.sequence().replacePoints(SampleProgram::points());
-    AQControlTable view;
-    QPushButton add;
-    QPushButton remove;
-    QAction addItem;
-    QAction removeItem;
-    PointTable table(document, {view, add, remove, addItem, removeItem});
+    AQPointList view(document.sequence(), document.selection(), nullptr);
     // All rows are in sight.
-    const QSize area(900, view.verticalHeader()->length());
-    show(view, area + QSize(0, view.horizontalHeader()->sizeHint().height() + 4));
+    const QSize area(900, 48 * SampleProgram::pointCount);
+    show(view, area + QSize(0, 40));
     int step = 0;
     measure(state, "table, 20 rows: an edit and a repaint of all", Promise::atMost(frameTime), area,
             [&] {
@@ -117,6 +110,27 @@ void table(benchmark::State& state) {
                     10, AQSequence::Brightness{static_cast<double>(++step % 100) / 100.0}, nullptr);
                 view.viewport()->repaint();
             });
+}
+
+/// From the file's bytes to the window that shows them.
+void opening(benchmark::State& state, int points) {
+    WholeProgram program({});
+    program.delegate.applicationDidFinishLaunching({});
+    if (!QTest::qWaitForWindowExposed(&program.delegate.window()))
+        qFatal("The window did not appear.");
+    program.data.sequence().replacePoints(SampleProgram::points(points));
+    const QByteArray file = AQDataSourceWriter(program.data).text();
+    Samples ours;
+    for (auto _ : state) {
+        program.data.loadDefaults();
+        QCoreApplication::processEvents();
+        ours.add(milliseconds([&] {
+            AQDataSourceReader(program.data).read(file);
+            QCoreApplication::processEvents();
+        }));
+    }
+    Table::add({"opening a file of " + std::to_string(points) + " points", "ms", ours.median(), 0.0,
+                "", Promise::atMost(500.0)});
 }
 
 } // namespace
@@ -133,4 +147,6 @@ void registerPaintBenches() {
                                  "colour slider, 240 x 40: an edit and its repaint")
         ->Iterations(repaints);
     benchmark::RegisterBenchmark("table", table)->Iterations(repaints);
+    for (const int points : {7, 84, 1440})
+        benchmark::RegisterBenchmark("opening", opening, points)->Iterations(10);
 }

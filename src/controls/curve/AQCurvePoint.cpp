@@ -13,7 +13,7 @@ constexpr int outOfSight = -100;
 
 } // namespace
 
-AQCurvePoint::AQCurvePoint(int index, QWidget* parent) : QWidget(parent), m_index(index) {
+AQCurvePoint::AQCurvePoint(AQPointId id, QWidget* parent) : QWidget(parent), m_id(id) {
     setGeometry(outOfSight, outOfSight, side, side);
     setCursor(Qt::SizeVerCursor);
     setFocusPolicy(Qt::NoFocus);

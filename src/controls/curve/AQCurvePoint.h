@@ -2,14 +2,17 @@
 
 #include "controls/DisplayColors.h"
 
+#include "data/AQTimePoint.h"
+
 #include <QColor>
 #include <QPointF>
 #include <QWidget>
 
 /// One point of the light program on the curve: a disc that grows when selected.
 ///
-/// It knows no program: it reports what the mouse does to it, and its curve view acts on that.
-/// Only the left button counts.
+/// It belongs to its point wherever that moves, with a press or a drag that it may be in. It knows
+/// no program: it reports what the mouse does to it, and its curve view acts on that. Only the left
+/// button counts.
 class AQCurvePoint : public QWidget {
     Q_OBJECT
 
@@ -21,10 +24,9 @@ public:
     static constexpr double dragThreshold = 3.0;
 
     /// A square of 2 x `sel_radius` + 4 units, out of sight until it is placed.
-    AQCurvePoint(int index, QWidget* parent);
+    AQCurvePoint(AQPointId id, QWidget* parent);
 
-    /// The row of the point in the program.
-    int index() const { return m_index; }
+    AQPointId id() const { return m_id; }
     /// Moves the centre to a place in the parent, between whole pixels too.
     void setCentre(QPointF centre);
 
@@ -58,7 +60,7 @@ protected:
     void leaveEvent(QEvent* event) override;
 
 private:
-    int m_index;
+    const AQPointId m_id;
     QColor m_color = DisplayColors::neutral;
     QPointF m_offset; ///< of the disc from the middle of the widget, below one pixel
     bool m_isSelected = false;

@@ -1,9 +1,8 @@
 #include "controls/curve/AQCurvePointAccessible.h"
 
+#include "controls/Percent.h"
 #include "controls/curve/AQCurvePoint.h"
 #include "controls/curve/AQCurveView.h"
-
-#include <cmath>
 
 AQCurvePointAccessible::AQCurvePointAccessible(AQCurvePoint& point)
     : QAccessibleWidget(&point, QAccessible::ListItem) {}
@@ -41,10 +40,10 @@ void AQCurvePointAccessible::doAction(const QString& actionName) {
 }
 
 QVariant AQCurvePointAccessible::currentValue() const {
-    return view() ? static_cast<int>(std::lround(view()->intensity(point().index()) * 100.0)) : 0;
+    return view() ? percent(view()->intensity(point().id())) : 0;
 }
 
 void AQCurvePointAccessible::setCurrentValue(const QVariant& value) {
     if (view())
-        view()->editIntensity(point().index(), value.toDouble() / 100.0);
+        view()->editIntensity(point().id(), value.toDouble() / 100.0);
 }

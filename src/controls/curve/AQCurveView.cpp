@@ -1,12 +1,15 @@
 #include "controls/curve/AQCurveView.h"
 
 #include "controls/DisplayColors.h"
+#include "controls/Percent.h"
 #include "controls/curve/AQCurvePoint.h"
 #include "controls/curve/AQCurveViewAccessible.h"
 #include "controls/curve/CurvePainter.h"
 #include "controls/popovers/AQCurvePointPopover.h"
 #include "controls/time/TimeText.h"
-#include "data/AQDataSource.h"
+#include "data/AQSelection.h"
+#include "data/AQSequence.h"
+#include "data/NotificationCenter.h"
 #include "data/ProgramInterpolation.h"
 
 #include <QAccessible>
@@ -16,12 +19,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <unordered_map>
 
 namespace {
-
-int percent(double fraction) {
-    return static_cast<int>(std::lround(fraction * 100.0));
-}
 
 /// Puts the origin on a whole device pixel: at a scale of 1.5 a view may begin between two.
 void alignOrigin(QPainter& painter) {
@@ -40,8 +40,9 @@ void announce(QWidget* widget, QAccessible::Event type) {
 
 } // namespace
 
-AQCurveView::AQCurveView(QWidget* parent)
-    : QWidget(parent), m_pointPopover(new AQCurvePointPopover(this)) {
+AQCurveView::AQCurveView(AQSequence& sequence, AQSelection& selection, QWidget* parent)
+    : QWidget(parent), m_sequence(sequence), m_selection(selection),
+      m_pointPopover(new AQCurvePointPopover(this)) {
     AQCurveViewAccessible::install();
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusPolicy(Qt::StrongFocus);
@@ -50,22 +51,16 @@ AQCurveView::AQCurveView(QWidget* parent)
     setAccessibleDescription(QStringLiteral(
         "Left and Right select a time point, Up and Down change its intensity, Insert adds a "
         "point, Delete removes it."));
-}
 
-AQCurveView::~AQCurveView() = default;
-
-void AQCurveView::setDocument(AQDataSource& document) {
-    if (m_document)
-        m_document->notifications().disconnect(this);
-    m_document = &document;
-    m_selectedRow = -1;
-    const NotificationCenter& center = document.notifications();
+    const NotificationCenter& center = sequence.notifications();
     connect(&center, &NotificationCenter::dataChanged, this, &AQCurveView::onDataChanged);
     connect(&center, &NotificationCenter::cellChanged, this,
             [this](int, int, const QObject* sender) { onDataChanged(sender); });
     connect(&center, &NotificationCenter::sectionChanged, this, &AQCurveView::onSelectionChanged);
     refresh();
 }
+
+AQCurveView::~AQCurveView() = default;
 
 QSize AQCurveView::sizeHint() const {
     return {1040, 360};
@@ -76,8 +71,12 @@ QSize AQCurveView::minimumSizeHint() const {
 }
 
 std::span<const AQTimePoint> AQCurveView::points() const {
-    return m_document ? std::span<const AQTimePoint>(m_document->sequence().points())
-                      : std::span<const AQTimePoint>();
+    return m_sequence.points();
+}
+
+AQCurvePoint* AQCurveView::pointView(AQPointId id) const {
+    const auto found = std::ranges::find(m_pointViews, id, &AQCurvePoint::id);
+    return found == m_pointViews.end() ? nullptr : *found;
 }
 
 void AQCurveView::onDataChanged(const QObject* sender) {
@@ -85,10 +84,13 @@ void AQCurveView::onDataChanged(const QObject* sender) {
         refresh();
 }
 
-void AQCurveView::onSelectionChanged(int row, const QObject* sender) {
-    if (sender == this || row >= static_cast<int>(points().size()))
-        return;
-    select(std::max(row, -1));
+void AQCurveView::onSelectionChanged() {
+    refresh();
+    if (AQCurvePoint* selected = selectedPoint()) {
+        announce(selected, QAccessible::Selection);
+        if (hasFocus())
+            announce(selected, QAccessible::Focus);
+    }
 }
 
 void AQCurveView::setPlayheadTime(std::optional<AQTime> time) {
@@ -105,7 +107,7 @@ void AQCurveView::setPlayheadTime(std::optional<AQTime> time) {
         return;
     m_playhead = lightAt(points(), *time);
     m_playheadTime = time;
-    m_popoverRow = -1;
+    m_popoverId = AQPointId::none;
     refresh();
 }
 
@@ -117,43 +119,50 @@ void AQCurveView::refresh() {
 }
 
 void AQCurveView::layoutPoints() {
-    const auto points = this->points();
-    const std::size_t count = showsPoints() ? points.size() : 0;
-    while (m_pointViews.size() > count)
-        removeLastPointView();
-    while (m_pointViews.size() < count)
-        addPointView();
-    if (m_selectedRow >= static_cast<int>(points.size()))
-        m_selectedRow = -1;
-
+    const auto points = showsPoints() ? this->points() : std::span<const AQTimePoint>();
+    if (!std::ranges::equal(points, m_pointViews, {}, &AQTimePoint::id, &AQCurvePoint::id))
+        matchPointViews(points);
     const CurveGeometry geometry = curveGeometry();
-    for (AQCurvePoint* view : m_pointViews) {
-        const AQTimePoint& point = points[static_cast<std::size_t>(view->index())];
-        view->setCentre(geometry.position(point));
-        view->setColor(DisplayColors::displayColor(point.colorTemp));
-        view->setIsSelected(view->index() == m_selectedRow);
-        describePoint(view->index());
+    for (std::size_t row = 0; row < points.size(); ++row) {
+        AQCurvePoint* view = m_pointViews[row];
+        view->setCentre(geometry.position(points[row]));
+        view->setColor(DisplayColors::displayColor(points[row].colorTemp));
+        view->setIsSelected(view->id() == m_selection.id());
+        describePoint(static_cast<int>(row));
     }
 }
 
-void AQCurveView::addPointView() {
-    auto* view = new AQCurvePoint(static_cast<int>(m_pointViews.size()), this);
+void AQCurveView::matchPointViews(std::span<const AQTimePoint> points) {
+    std::unordered_map<AQPointId, AQCurvePoint*> former;
+    for (AQCurvePoint* view : m_pointViews)
+        former.emplace(view->id(), view);
+    m_pointViews.clear();
+    for (const AQTimePoint& point : points) {
+        const auto known = former.extract(point.id);
+        m_pointViews.push_back(known ? known.mapped() : makePointView(point.id));
+        // The children stand in the order of the day, the later points on top.
+        m_pointViews.back()->raise();
+    }
+    for (const auto& [id, view] : former)
+        letGo(*view);
+}
+
+AQCurvePoint* AQCurveView::makePointView(AQPointId id) {
+    auto* view = new AQCurvePoint(id, this);
     connect(view, &AQCurvePoint::pressed, this, &AQCurveView::onPointClicked);
     connect(view, &AQCurvePoint::dragged, this, &AQCurveView::onPointDragRequested);
     connect(view, &AQCurvePoint::hovered, this, &AQCurveView::onPointHover);
     connect(view, &AQCurvePoint::hoverEnded, this, &AQCurveView::onPointHoverOut);
-    m_pointViews.push_back(view);
     view->show();
+    return view;
 }
 
-void AQCurveView::removeLastPointView() {
-    AQCurvePoint* view = m_pointViews.back();
-    m_pointViews.pop_back();
+void AQCurveView::letGo(AQCurvePoint& view) {
     // It may be in the middle of a mouse event that led here.
-    view->disconnect(this);
-    view->hide();
-    view->setParent(nullptr);
-    view->deleteLater();
+    view.disconnect(this);
+    view.hide();
+    view.setParent(nullptr);
+    view.deleteLater();
 }
 
 void AQCurveView::describePoint(int row) {
@@ -175,71 +184,57 @@ void AQCurveView::describePoint(int row) {
     }
 }
 
-void AQCurveView::select(int row) {
-    if (row == m_selectedRow)
-        return;
-    m_selectedRow = row;
-    refresh();
-    if (row < 0 || !showsPoints())
-        return;
-    AQCurvePoint* view = m_pointViews[static_cast<std::size_t>(row)];
-    announce(view, QAccessible::Selection);
-    if (hasFocus())
-        announce(view, QAccessible::Focus);
+void AQCurveView::select(AQPointId id) {
+    m_selection.select(id, this);
 }
 
-void AQCurveView::selectAndAnnounce(int row) {
-    select(row);
-    if (m_document)
-        m_document->sequence().notifySelectionChange(row, this);
-}
-
-void AQCurveView::letGo() {
+void AQCurveView::deselect() {
     closePointPopover();
-    if (m_selectedRow >= 0)
-        selectAndAnnounce(-1);
+    if (m_selection.id() != AQPointId::none)
+        select(AQPointId::none);
 }
 
 void AQCurveView::onPointClicked(AQCurvePoint* point) {
-    selectAndAnnounce(point->index());
+    select(point->id());
 }
 
 void AQCurveView::onPointDragRequested(AQCurvePoint* point, double y) {
-    editIntensity(point->index(), curveGeometry().intensityAt(y));
-    showPointPopover(point->index());
+    editIntensity(point->id(), curveGeometry().intensityAt(y));
+    showPointPopover(point->id());
 }
 
 void AQCurveView::onPointHover(AQCurvePoint* point) {
-    showPointPopover(point->index());
+    showPointPopover(point->id());
 }
 
 void AQCurveView::onPointHoverOut() {
     closePointPopover();
 }
 
-void AQCurveView::editIntensity(int row, double intensity) {
-    if (!showsPoints() || !isRow(row))
+void AQCurveView::editIntensity(AQPointId id, double intensity) {
+    if (!pointView(id))
         return;
-    m_document->sequence().updateWithRow(
-        row, AQSequence::Brightness{std::clamp(intensity, 0.0, 1.0)}, this);
+    m_sequence.updateWithRow(m_sequence.rowOf(id),
+                             AQSequence::Brightness{std::clamp(intensity, 0.0, 1.0)}, this);
     refresh();
 }
 
-double AQCurveView::intensity(int row) const {
-    return isRow(row) ? points()[static_cast<std::size_t>(row)].brightness : 0.0;
+double AQCurveView::intensity(AQPointId id) const {
+    const int row = m_sequence.rowOf(id);
+    return row >= 0 ? m_sequence.at(row).brightness : 0.0;
 }
 
-void AQCurveView::showPointPopover(int row) {
-    if (!showsPoints() || !isRow(row))
+void AQCurveView::showPointPopover(AQPointId id) {
+    if (!pointView(id))
         return;
-    m_popoverRow = row;
+    m_popoverId = id;
     refreshPopover();
 }
 
 void AQCurveView::closePointPopover() {
     if (m_playheadTime)
         return;
-    m_popoverRow = -1;
+    m_popoverId = AQPointId::none;
     refreshPopover();
 }
 
@@ -250,19 +245,18 @@ void AQCurveView::refreshPopover() {
         m_pointPopover->showFor(m_playhead, QPointF(x, geometry.top()));
         return;
     }
-    if (m_popoverRow >= static_cast<int>(m_pointViews.size()))
-        m_popoverRow = -1;
-    if (m_popoverRow < 0) {
+    if (!pointView(m_popoverId)) {
+        m_popoverId = AQPointId::none;
         m_pointPopover->dismiss();
         return;
     }
-    const AQTimePoint& point = points()[static_cast<std::size_t>(m_popoverRow)];
+    const AQTimePoint& point = m_sequence.at(m_sequence.rowOf(m_popoverId));
     m_pointPopover->showFor(point, geometry.position(point));
 }
 
 void AQCurveView::mousePressEvent(QMouseEvent* event) {
     if (event->button() == Qt::LeftButton && !m_playheadTime)
-        letGo();
+        deselect();
     else
         event->ignore();
 }
@@ -276,11 +270,12 @@ void AQCurveView::keyPressEvent(QKeyEvent* event) {
 bool AQCurveView::handleKey(const QKeyEvent& event) {
     const double step = event.modifiers() & Qt::ShiftModifier ? largeKeyStep : keyStep;
     const int last = static_cast<int>(m_pointViews.size()) - 1;
+    const int selected = m_selection.row();
     switch (event.key()) {
     case Qt::Key_Left:
-        return stepSelection(m_selectedRow < 0 ? last : std::max(m_selectedRow - 1, 0));
+        return stepSelection(selected < 0 ? last : std::max(selected - 1, 0));
     case Qt::Key_Right:
-        return stepSelection(std::min(m_selectedRow + 1, last));
+        return stepSelection(std::min(selected + 1, last));
     case Qt::Key_Home:
         return stepSelection(0);
     case Qt::Key_End:
@@ -293,14 +288,14 @@ bool AQCurveView::handleKey(const QKeyEvent& event) {
         Q_EMIT addRequested();
         return true;
     case Qt::Key_Delete:
-        if (m_selectedRow < 0)
+        if (selected < 0)
             return false;
         Q_EMIT deleteRequested();
         return true;
     case Qt::Key_Escape:
-        if (m_selectedRow < 0 && m_popoverRow < 0)
+        if (selected < 0 && m_popoverId == AQPointId::none)
             return false;
-        letGo();
+        deselect();
         return true;
     default:
         return false;
@@ -310,32 +305,33 @@ bool AQCurveView::handleKey(const QKeyEvent& event) {
 bool AQCurveView::stepSelection(int row) {
     if (m_pointViews.empty())
         return false;
-    selectAndAnnounce(row);
-    showPointPopover(row);
+    select(m_sequence.idAt(row));
+    showPointPopover(m_selection.id());
     return true;
 }
 
 bool AQCurveView::stepIntensity(double step) {
-    if (m_selectedRow < 0)
+    const AQPointId id = m_selection.id();
+    if (id == AQPointId::none)
         return false;
-    editIntensity(m_selectedRow, intensity(m_selectedRow) + step);
-    showPointPopover(m_selectedRow);
+    editIntensity(id, intensity(id) + step);
+    showPointPopover(id);
     return true;
 }
 
 void AQCurveView::focusInEvent(QFocusEvent*) {
     update();
-    if (m_selectedRow >= 0 && showsPoints())
-        announce(m_pointViews[static_cast<std::size_t>(m_selectedRow)], QAccessible::Focus);
+    if (AQCurvePoint* selected = selectedPoint())
+        announce(selected, QAccessible::Focus);
 }
 
 void AQCurveView::focusOutEvent(QFocusEvent* event) {
     update();
     // What the keyboard showed goes; what the pointer shows stays. With the window, the focus comes
     // back.
-    if (m_popoverRow >= 0 && event->reason() != Qt::ActiveWindowFocusReason &&
-        event->reason() != Qt::PopupFocusReason &&
-        !m_pointViews[static_cast<std::size_t>(m_popoverRow)]->underMouse())
+    const AQCurvePoint* shown = pointView(m_popoverId);
+    if (shown && event->reason() != Qt::ActiveWindowFocusReason &&
+        event->reason() != Qt::PopupFocusReason && !shown->underMouse())
         closePointPopover();
 }
 
@@ -407,8 +403,8 @@ void AQCurveView::paintEvent(QPaintEvent*) {
             if (m_playheadTime) {
                 curve.drawTimeMarker(*m_playheadTime);
                 curve.drawPlayhead(m_playhead);
-            } else if (m_selectedRow >= 0) {
-                curve.drawTimeMarker(points[static_cast<std::size_t>(m_selectedRow)].time);
+            } else if (const int selected = m_selection.row(); selected >= 0) {
+                curve.drawTimeMarker(m_sequence.at(selected).time);
             }
         }
     }

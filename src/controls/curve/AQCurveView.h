@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/curve/CurveGeometry.h"
+#include "data/AQSelection.h"
 #include "data/AQTimePoint.h"
 
 #include <QPixmap>
@@ -12,7 +13,7 @@
 
 class AQCurvePoint;
 class AQCurvePointPopover;
-class AQDataSource;
+class AQSequence;
 
 /// The curve editor: the light program as intensity over the time of day, coloured by colour
 /// temperature, with a point to select and drag for each time point.
@@ -24,9 +25,8 @@ class AQDataSource;
 /// From the keyboard, Left, Right, Home and End select a point, Up and Down change its intensity by
 /// 1 % (with Shift 10 %), Delete and Insert ask for a point to be removed or added, Escape lets go.
 ///
-/// Which point is selected is kept here, not for the whole class: there is one curve in the
-/// program, and a second one, in a test or beside it, must not take its selection away. The row is
-/// kept while the points are out of sight, so that curve and table still agree afterwards.
+/// Which point is selected is the selection's to know. A point view belongs to its point, so that a
+/// drag goes on with the point that was pressed when points change places.
 class AQCurveView : public QWidget {
     Q_OBJECT
 
@@ -34,22 +34,19 @@ public:
     static constexpr double keyStep = 0.01;
     static constexpr double largeKeyStep = 0.1;
 
-    /// Shows an empty program until a document is set.
-    explicit AQCurveView(QWidget* parent = nullptr);
+    /// Draws and edits the program of `sequence`, follows its notifications and selects in
+    /// `selection`; both must outlive this view. Changes that name this view as the sender are
+    /// ignored: it has shown its own edit already.
+    AQCurveView(AQSequence& sequence, AQSelection& selection, QWidget* parent);
     ~AQCurveView() override;
-
-    /// Draws and edits the program of `document` from now on, which must outlive this view, and
-    /// follows its notifications. Those that name this view as the sender are ignored: it has shown
-    /// its own edit already.
-    void setDocument(AQDataSource& document);
 
     /// Where minutes and intensities lie in the view at its present size.
     CurveGeometry curveGeometry() const { return CurveGeometry(size()); }
 
     /// One per time point, in its order; none while disabled or while a playhead is shown.
     const std::vector<AQCurvePoint*>& pointViews() const { return m_pointViews; }
-    /// The row of the selected point, -1 for none.
-    int selectedRow() const { return m_selectedRow; }
+    /// Null when the selected point, if any, is not on screen.
+    AQCurvePoint* selectedPoint() const { return pointView(m_selection.id()); }
     AQCurvePointPopover& pointPopover() const { return *m_pointPopover; }
 
     /// Absent, as at the start, while no demo runs.
@@ -73,9 +70,9 @@ public:
     void onPointHoverOut();
     /// The person sets the intensity of a point, limited to 0.0..1.0. Nothing happens without
     /// points on screen.
-    void editIntensity(int row, double intensity);
-    /// The intensity of a point, 0.0 outside the program.
-    double intensity(int row) const;
+    void editIntensity(AQPointId id, double intensity);
+    /// The intensity of a point, 0.0 for one that is not in the program.
+    double intensity(AQPointId id) const;
 
 Q_SIGNALS:
     /// The person wants the selected point removed.
@@ -94,37 +91,37 @@ protected:
 
 private:
     std::span<const AQTimePoint> points() const;
-    bool isRow(int row) const { return row >= 0 && row < static_cast<int>(points().size()); }
+    /// Null for a point that is not on screen.
+    AQCurvePoint* pointView(AQPointId id) const;
     bool showsPoints() const { return isEnabled() && !m_playheadTime; }
 
     void onDataChanged(const QObject* sender);
-    void onSelectionChanged(int row, const QObject* sender);
+    void onSelectionChanged();
 
     void refresh();
     void layoutPoints();
-    void addPointView();
-    void removeLastPointView();
+    void matchPointViews(std::span<const AQTimePoint> points);
+    AQCurvePoint* makePointView(AQPointId id);
+    void letGo(AQCurvePoint& view);
     void describePoint(int row);
     void makeBackground();
     void drawBackground(QPainter& painter, double scale);
 
-    void select(int row);
-    /// Selects and tells the others, as a person's choice.
-    void selectAndAnnounce(int row);
-    void letGo();
+    void select(AQPointId id);
+    void deselect();
     bool handleKey(const QKeyEvent& event);
     bool stepSelection(int row);
     bool stepIntensity(double step);
 
-    void showPointPopover(int row);
+    void showPointPopover(AQPointId id);
     void closePointPopover();
     void refreshPopover();
 
-    AQDataSource* m_document = nullptr;
-    std::vector<AQCurvePoint*> m_pointViews;
+    AQSequence& m_sequence;
+    AQSelection& m_selection;
+    std::vector<AQCurvePoint*> m_pointViews; ///< in the order of the day
     AQCurvePointPopover* m_pointPopover;
-    int m_selectedRow = -1;
-    int m_popoverRow = -1; ///< the point that the popover shows, -1 for none or the playhead
+    AQPointId m_popoverId = AQPointId::none; ///< what the popover shows, none for the playhead too
     std::optional<AQTime> m_playheadTime;
     AQTimePoint m_playhead{AQTime{}, 0.0, 0.0};
     QPixmap m_background; ///< ground, axes and labels in device pixels; null until needed again

@@ -49,5 +49,7 @@ int AQCurveViewAccessible::indexOfChild(const QAccessibleInterface* child) const
 }
 
 QAccessibleInterface* AQCurveViewAccessible::focusChild() const {
-    return view() && view()->hasFocus() ? child(view()->selectedRow()) : nullptr;
+    return view() && view()->hasFocus()
+               ? QAccessible::queryAccessibleInterface(view()->selectedPoint())
+               : nullptr;
 }

@@ -56,10 +56,6 @@ bool AQTimeValueView::showsRefusal() const {
     return m_field->showsRefusal();
 }
 
-void AQTimeValueView::takeFocusFrom(const AQTimeValueView& other) {
-    m_field->takeFocusFrom(*other.m_field);
-}
-
 bool AQTimeValueView::takeFromPerson(const AQTime& time) {
     const QVariant object = QVariant::fromValue(time);
     if (!askDelegate(object)) {

@@ -30,9 +30,6 @@ public:
     /// True for the moment in which a refusal is shown.
     bool showsRefusal() const;
 
-    /// The focus goes on here where it was in `other`: typing and stepping continue.
-    void takeFocusFrom(const AQTimeValueView& other);
-
 Q_SIGNALS:
     /// The person entered `time`; after the delegate has been told.
     void timeChanged(const AQTime& time);

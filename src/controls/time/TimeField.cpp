@@ -46,13 +46,6 @@ void TimeField::setTime(const AQTime& time) {
     }
 }
 
-void TimeField::takeFocusFrom(const TimeField& other) {
-    const int index = other.currentSection();
-    const bool isPartSelected = other.lineEdit()->selectedText() != other.lineEdit()->text();
-    setFocus();
-    isPartSelected ? selectSection(index) : selectAll();
-}
-
 void TimeField::showTime() {
     lineEdit()->setText(m_format->text(m_time));
     m_lastLength = lineEdit()->text().size();

@@ -35,9 +35,6 @@ public:
     /// True while the red frame is shown.
     bool showsRefusal() const { return m_refusalTimer.isActive(); }
 
-    /// Takes the focus, and the section or selection of a field that shows the same kind of time.
-    void takeFocusFrom(const TimeField& other);
-
     /// Ends the typing as Enter does; false when the draft was refused, true without one.
     bool commitDraft();
 

@@ -1,0 +1,37 @@
+#include "controls/points/AQPointListHeader.h"
+
+#include "controls/AccentColor.h"
+#include "data/PointColumn.h"
+
+#include <QPainter>
+
+namespace {
+
+constexpr int textMargin = 4;
+constexpr int verticalMargin = 4;
+
+} // namespace
+
+void AQPointListHeader::setColumns(int timeWidth, int rest) {
+    m_timeWidth = timeWidth;
+    m_rest = rest;
+    update();
+}
+
+QSize AQPointListHeader::sizeHint() const {
+    return {0, fontMetrics().height() + 2 * verticalMargin};
+}
+
+void AQPointListHeader::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    painter.fillRect(rect(), palette().base());
+    painter.fillRect(0, height() - 1, width(), 1, AccentColor::tone(palette(), 0.15));
+    painter.setPen(palette().color(QPalette::Text));
+    const int left[] = {0, m_timeWidth, m_timeWidth + m_rest / 2, m_timeWidth + m_rest};
+    for (int column = 0; column < PointColumn::count; ++column) {
+        const int width = left[column + 1] - left[column];
+        painter.drawText(QRect(left[column], 0, width, height()), Qt::AlignCenter,
+                         fontMetrics().elidedText(QLatin1String(PointColumn::title(column)),
+                                                  Qt::ElideRight, width - 2 * textMargin));
+    }
+}
