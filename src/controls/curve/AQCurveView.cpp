@@ -1,6 +1,7 @@
 #include "controls/curve/AQCurveView.h"
 
 #include "controls/DisplayColors.h"
+#include "controls/Strokes.h"
 #include "controls/curve/AQCurvePoint.h"
 #include "controls/curve/AQCurveViewAccessible.h"
 #include "controls/curve/CurvePainter.h"
@@ -21,14 +22,6 @@ namespace {
 
 int percent(double fraction) {
     return static_cast<int>(std::lround(fraction * 100.0));
-}
-
-/// Puts the origin on a whole device pixel: at a scale of 1.5 a view may begin between two.
-void alignOrigin(QPainter& painter) {
-    const QTransform device = painter.deviceTransform();
-    const QPointF origin(device.dx(), device.dy());
-    const QPointF whole(std::round(origin.x()), std::round(origin.y()));
-    painter.translate((whole - origin) / device.m11());
 }
 
 void announce(QWidget* widget, QAccessible::Event type) {
@@ -378,7 +371,7 @@ void AQCurveView::drawBackground(QPainter& painter, double scale) {
     if (m_background.isNull())
         makeBackground();
     const CurveGeometry geometry = curveGeometry();
-    // Within the axes it is blank, and filling is faster than copying.
+    // Within the axes there is the grid alone, and drawing that is faster than copying.
     const QRectF plot(QPointF(geometry.left(), geometry.top()),
                       QPointF(geometry.right(), geometry.bottom()));
     const QRectF inside = plot.adjusted(1.0, 1.0, -1.0, -1.0);
@@ -388,12 +381,16 @@ void AQCurveView::drawBackground(QPainter& painter, double scale) {
     painter.fillRect(blank, DisplayColors::neutral);
     for (const QRect& part : QRegion(m_background.rect()) - blank)
         painter.drawPixmap(part.topLeft(), m_background, part);
+    painter.setClipRect(blank);
+    painter.scale(scale, scale);
+    CurvePainter(painter, geometry, font()).drawGrid({});
     painter.restore();
 }
 
 void AQCurveView::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    alignOrigin(painter);
+    // The origin on a whole device pixel: at a scale of 1.5 a view may begin between two.
+    painter.translate(Strokes::snapped(painter, QRectF(0.0, 0.0, 1.0, 1.0)).topLeft());
     const double scale = painter.deviceTransform().m11();
     drawBackground(painter, scale);
 
