@@ -80,6 +80,17 @@ TEST_F(CurvePaint, FillPassesThroughWhiteAndPointsGrowWhenSelected) {
                   {302, 471, black}});
 }
 
+TEST_F(CurvePaint, TheKeyboardAloneShowsItsFrame) {
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    view.setFocus(Qt::MouseFocusReason);
+    expectPixels({{0, 0, white}});
+    QTest::keyClick(&view, Qt::Key_Home);
+    expectPixels({{0, 0, cold}});
+    QTest::mouseClick(point(1), Qt::LeftButton);
+    expectPixels({{0, 0, white}});
+}
+
 TEST_F(CurvePaint, DisabledIsAnOutlineAndThePlayheadReplacesThePoints) {
     select(0);
     view.setEnabled(false);

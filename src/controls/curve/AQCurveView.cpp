@@ -194,6 +194,7 @@ void AQCurveView::letGo() {
 }
 
 void AQCurveView::onPointClicked(AQCurvePoint* point) {
+    showFocus(false);
     selectAndAnnounce(point->index());
 }
 
@@ -254,6 +255,7 @@ void AQCurveView::refreshPopover() {
 }
 
 void AQCurveView::mousePressEvent(QMouseEvent* event) {
+    showFocus(false);
     if (event->button() == Qt::LeftButton && !m_playheadTime)
         letGo();
     else
@@ -264,6 +266,8 @@ void AQCurveView::keyPressEvent(QKeyEvent* event) {
     constexpr auto others = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
     if (!showsPoints() || (event->modifiers() & others) || !handleKey(*event))
         QWidget::keyPressEvent(event);
+    else
+        showFocus(true);
 }
 
 bool AQCurveView::handleKey(const QKeyEvent& event) {
@@ -316,10 +320,19 @@ bool AQCurveView::stepIntensity(double step) {
     return true;
 }
 
-void AQCurveView::focusInEvent(QFocusEvent*) {
-    update();
+void AQCurveView::focusInEvent(QFocusEvent* event) {
+    const Qt::FocusReason reason = event->reason();
+    const bool isSame = reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason;
+    showFocus(isSame ? m_showsFocus
+                     : reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
+                           reason == Qt::ShortcutFocusReason);
     if (m_selectedRow >= 0 && showsPoints())
         announce(m_pointViews[static_cast<std::size_t>(m_selectedRow)], QAccessible::Focus);
+}
+
+void AQCurveView::showFocus(bool isShown) {
+    m_showsFocus = isShown;
+    update();
 }
 
 void AQCurveView::focusOutEvent(QFocusEvent* event) {
@@ -409,6 +422,6 @@ void AQCurveView::paintEvent(QPaintEvent*) {
             }
         }
     }
-    if (hasFocus())
+    if (hasFocus() && m_showsFocus)
         curve.drawFocusRing();
 }

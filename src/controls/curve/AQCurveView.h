@@ -112,6 +112,7 @@ private:
     /// Selects and tells the others, as a person's choice.
     void selectAndAnnounce(int row);
     void letGo();
+    void showFocus(bool isShown);
     bool handleKey(const QKeyEvent& event);
     bool stepSelection(int row);
     bool stepIntensity(double step);
@@ -124,7 +125,8 @@ private:
     std::vector<AQCurvePoint*> m_pointViews;
     AQCurvePointPopover* m_pointPopover;
     int m_selectedRow = -1;
-    int m_popoverRow = -1; ///< the point that the popover shows, -1 for none or the playhead
+    int m_popoverRow = -1;     ///< the point that the popover shows, -1 for none or the playhead
+    bool m_showsFocus = false; ///< the keyboard was used here last, not the pointer
     std::optional<AQTime> m_playheadTime;
     AQTimePoint m_playhead{AQTime{}, 0.0, 0.0};
     QPixmap m_background; ///< ground, axes and labels in device pixels; null until needed again
