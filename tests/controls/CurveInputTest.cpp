@@ -66,7 +66,7 @@ TEST_F(CurveInput, PopoverFollowsHoverPressAndPoint) {
     QEvent leave(QEvent::Leave);
     QCoreApplication::sendEvent(point(3), &enter);
     EXPECT_EQ(popover.value(), document.sequence().at(3));
-    EXPECT_FALSE(popover.placement().frame.contains(point(3)->mapToGlobal(middle)));
+    EXPECT_FALSE(popover.placement().frame.contains(point(3)->mapTo(&window, middle)));
     press(3);
     QCoreApplication::sendEvent(point(3), &leave);
     EXPECT_TRUE(popover.isVisible());

@@ -13,6 +13,7 @@ const QColor black = DisplayColors::line;
 const QColor grey = DisplayColors::disabled;
 const QColor warm = DisplayColors::warm;
 const QColor cold = DisplayColors::cold;
+const QColor grid(236, 236, 236);
 
 /// The program is level at 50 % (y 240), warm at x 280, cold at x 720 and white half way at x 500.
 class CurvePaint : public CurveFixture {
@@ -44,8 +45,11 @@ protected:
 
 TEST_F(CurvePaint, AxesAndOnePointThatHoldsAllDay) {
     show({});
-    // The background, dashes of both axes, and ticks of 50 % and of noon.
-    expectPixels({{500, 200, white},
+    // The background, its grid at 60 % and noon, dashes of both axes, and ticks of 50 % and of
+    // noon.
+    expectPixels({{490, 220, white},
+                  {490, 200, grid},
+                  {499, 220, grid},
                   {60, 440, grey},
                   {62, 440, white},
                   {59, 438, grey},
@@ -53,8 +57,8 @@ TEST_F(CurvePaint, AxesAndOnePointThatHoldsAllDay) {
                   {499, 448, grey},
                   {941, 440, white}});
     show({{AQTime{9, 30, 0}, 0.0, 0.5}});
-    for (const int x : {60, 500, 939})
-        expectPixels({{x, 300, warm}, {x, 439, warm}, {x, 236, white}});
+    for (const int x : {60, 499, 938})
+        expectPixels({{x, 280, warm}, {x, 439, warm}, {x, 200, grid}, {x - 1, 236, white}});
 }
 
 TEST_F(CurvePaint, FillPassesThroughWhiteAndPointsGrowWhenSelected) {
@@ -74,6 +78,17 @@ TEST_F(CurvePaint, FillPassesThroughWhiteAndPointsGrowWhenSelected) {
                   {277, 40, black},
                   {257, 453, black},
                   {302, 471, black}});
+}
+
+TEST_F(CurvePaint, TheKeyboardAloneShowsItsFrame) {
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    view.setFocus(Qt::MouseFocusReason);
+    expectPixels({{0, 0, white}});
+    QTest::keyClick(&view, Qt::Key_Home);
+    expectPixels({{0, 0, cold}});
+    QTest::mouseClick(point(1), Qt::LeftButton);
+    expectPixels({{0, 0, white}});
 }
 
 TEST_F(CurvePaint, DisabledIsAnOutlineAndThePlayheadReplacesThePoints) {

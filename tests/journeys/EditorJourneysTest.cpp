@@ -54,6 +54,12 @@ struct Editor {
         expectSoon([&] { return pointName(3); },
                    "Point 3 of 7, 15:00, intensity 0 %, colour temperature 50 %, selected");
         expectSoon([&] { return intensity.value(); }, 0.0);
+        // The popover's grey band comes along.
+        Journey::drag(third, {{above.x(), plot.center().y()}});
+        const QPoint fromPoint(-80, -89);
+        expectSoon([&] { return Journey::colorAt(third.screenRect().center() + fromPoint); },
+                   "808080");
+        EXPECT_NE(Journey::colorAt(QPoint(above.x(), plot.bottom() - 40) + fromPoint), "808080");
         Journey::drag(third, {plot.center(), above});
         expectSoon([&] { return intensity.value(); }, 100.0);
         expectSoon([this] { return remove.isEnabled(); }, true);

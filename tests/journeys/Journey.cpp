@@ -217,6 +217,16 @@ void Journey::drag(const UiElement& element, const std::vector<QPoint>& places) 
     xdotool(steps + QStringList{QStringLiteral("mouseup"), QStringLiteral("1")});
 }
 
+std::string Journey::colorAt(QPoint place) {
+    QProcess import;
+    import.start(QStringLiteral("import"),
+                 {QStringLiteral("-window"), QStringLiteral("root"), QStringLiteral("-crop"),
+                  QStringLiteral("1x1+%1+%2").arg(place.x()).arg(place.y()),
+                  QStringLiteral("-depth"), QStringLiteral("8"), QStringLiteral("rgb:-")});
+    import.waitForFinished();
+    return import.readAllStandardOutput().toHex().toStdString();
+}
+
 QString Journey::port(int index) {
     return QStringLiteral("ttyUSB%1").arg(1000 + 10 * (getpid() % 10'000) + index);
 }

@@ -69,6 +69,8 @@ public:
     static void click(const UiElement& element) { click(element.screenRect().center()); }
     /// Presses there, moves through the places and lets go at the last one.
     static void drag(const UiElement& element, const std::vector<QPoint>& places);
+    /// What is seen at a place on the screen: red, green, blue as "808080".
+    static std::string colorAt(QPoint place);
 
     // The controllers.
 

@@ -2,6 +2,7 @@
 
 #include "controls/DisplayColors.h"
 #include "controls/Percent.h"
+#include "controls/Strokes.h"
 #include "controls/curve/AQCurvePoint.h"
 #include "controls/curve/AQCurveViewAccessible.h"
 #include "controls/curve/CurvePainter.h"
@@ -22,14 +23,6 @@
 #include <unordered_map>
 
 namespace {
-
-/// Puts the origin on a whole device pixel: at a scale of 1.5 a view may begin between two.
-void alignOrigin(QPainter& painter) {
-    const QTransform device = painter.deviceTransform();
-    const QPointF origin(device.dx(), device.dy());
-    const QPointF whole(std::round(origin.x()), std::round(origin.y()));
-    painter.translate((whole - origin) / device.m11());
-}
 
 void announce(QWidget* widget, QAccessible::Event type) {
     if (!QAccessible::isActive())
@@ -195,6 +188,7 @@ void AQCurveView::deselect() {
 }
 
 void AQCurveView::onPointClicked(AQCurvePoint* point) {
+    showFocus(false);
     select(point->id());
 }
 
@@ -255,6 +249,7 @@ void AQCurveView::refreshPopover() {
 }
 
 void AQCurveView::mousePressEvent(QMouseEvent* event) {
+    showFocus(false);
     if (event->button() == Qt::LeftButton && !m_playheadTime)
         deselect();
     else
@@ -265,6 +260,8 @@ void AQCurveView::keyPressEvent(QKeyEvent* event) {
     constexpr auto others = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
     if (!showsPoints() || (event->modifiers() & others) || !handleKey(*event))
         QWidget::keyPressEvent(event);
+    else
+        showFocus(true);
 }
 
 bool AQCurveView::handleKey(const QKeyEvent& event) {
@@ -319,10 +316,19 @@ bool AQCurveView::stepIntensity(double step) {
     return true;
 }
 
-void AQCurveView::focusInEvent(QFocusEvent*) {
-    update();
+void AQCurveView::focusInEvent(QFocusEvent* event) {
+    const Qt::FocusReason reason = event->reason();
+    const bool isSame = reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason;
+    showFocus(isSame ? m_showsFocus
+                     : reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
+                           reason == Qt::ShortcutFocusReason);
     if (AQCurvePoint* selected = selectedPoint())
         announce(selected, QAccessible::Focus);
+}
+
+void AQCurveView::showFocus(bool isShown) {
+    m_showsFocus = isShown;
+    update();
 }
 
 void AQCurveView::focusOutEvent(QFocusEvent* event) {
@@ -374,7 +380,7 @@ void AQCurveView::drawBackground(QPainter& painter, double scale) {
     if (m_background.isNull())
         makeBackground();
     const CurveGeometry geometry = curveGeometry();
-    // Within the axes it is blank, and filling is faster than copying.
+    // Within the axes there is the grid alone, and drawing that is faster than copying.
     const QRectF plot(QPointF(geometry.left(), geometry.top()),
                       QPointF(geometry.right(), geometry.bottom()));
     const QRectF inside = plot.adjusted(1.0, 1.0, -1.0, -1.0);
@@ -384,12 +390,16 @@ void AQCurveView::drawBackground(QPainter& painter, double scale) {
     painter.fillRect(blank, DisplayColors::neutral);
     for (const QRect& part : QRegion(m_background.rect()) - blank)
         painter.drawPixmap(part.topLeft(), m_background, part);
+    painter.setClipRect(blank);
+    painter.scale(scale, scale);
+    CurvePainter(painter, geometry, font()).drawGrid({});
     painter.restore();
 }
 
 void AQCurveView::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    alignOrigin(painter);
+    // The origin on a whole device pixel: at a scale of 1.5 a view may begin between two.
+    painter.translate(Strokes::snapped(painter, QRectF(0.0, 0.0, 1.0, 1.0)).topLeft());
     const double scale = painter.deviceTransform().m11();
     drawBackground(painter, scale);
 
@@ -408,6 +418,6 @@ void AQCurveView::paintEvent(QPaintEvent*) {
             }
         }
     }
-    if (hasFocus())
+    if (hasFocus() && m_showsFocus)
         curve.drawFocusRing();
 }

@@ -109,6 +109,7 @@ private:
 
     void select(AQPointId id);
     void deselect();
+    void showFocus(bool isShown);
     bool handleKey(const QKeyEvent& event);
     bool stepSelection(int row);
     bool stepIntensity(double step);
@@ -122,6 +123,7 @@ private:
     std::vector<AQCurvePoint*> m_pointViews; ///< in the order of the day
     AQCurvePointPopover* m_pointPopover;
     AQPointId m_popoverId = AQPointId::none; ///< what the popover shows, none for the playhead too
+    bool m_showsFocus = false;               ///< the keyboard was used here last, not the pointer
     std::optional<AQTime> m_playheadTime;
     AQTimePoint m_playhead{AQTime{}, 0.0, 0.0};
     QPixmap m_background; ///< ground, axes and labels in device pixels; null until needed again

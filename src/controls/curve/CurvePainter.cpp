@@ -1,6 +1,8 @@
 #include "controls/curve/CurvePainter.h"
 
 #include "controls/DisplayColors.h"
+#include "controls/FittingFont.h"
+#include "controls/Percent.h"
 #include "controls/Strokes.h"
 #include "controls/curve/CurveGradient.h"
 #include "controls/time/TimeText.h"
@@ -17,12 +19,18 @@ namespace {
 
 constexpr double dashLength = 2.0;
 constexpr double tickLength = 10.0;
-constexpr double labelHeight = 14.0;
+constexpr int labelHeight = 14;
+constexpr int smallestLabel = 11; ///< the size of its font in pixels, beside a desktop's of 13
+constexpr int largestLabel = 14;
+constexpr QSize titleSize{50, labelHeight};
+constexpr QSize percentSize{45, 20};
+constexpr QSize tagSize{48, 20};
+constexpr QColor gridColor{236, 236, 236};
 /// The area under the curve is filled in upright slabs of this many pixels, and in pieces of this
 /// many rows: colours are copied from the curve's highest place in the slab downwards, then the
-/// ground is put back above the curve. Filled as a polygon with a brush of colours it takes three
-/// times as long, most of it spent on waking and awaiting Qt's pool of threads. Slabs meet at whole
-/// pixels and leave no seams.
+/// blank ground is put back above the curve, and at the end its grid. Filled as a polygon with a
+/// brush of colours it takes three times as long, most of it spent on waking and awaiting Qt's pool
+/// of threads. Slabs meet at whole pixels and leave no seams.
 constexpr int slabWidth = 64;
 constexpr int rowsAtOnce = 64;
 constexpr double markerWidth = 2.0;
@@ -32,9 +40,8 @@ constexpr double focusRingWidth = 2.0;
 /// What the sums of a place may be off a whole device pixel.
 constexpr double rounding = 1e-6;
 
-QFont fontOfSize(QFont font, int pixelSize) {
-    font.setPixelSize(pixelSize);
-    return font;
+QString intensityTitle() {
+    return QStringLiteral("Intensity");
 }
 
 QPolygonF curveLine(std::span<const AQTimePoint> points, const CurveGeometry& geometry) {
@@ -59,19 +66,53 @@ QPolygonF upperEdge(const QLineF& segment, double lineWidth) {
 } // namespace
 
 CurvePainter::CurvePainter(QPainter& painter, const CurveGeometry& geometry, const QFont& font)
-    : m_painter(painter), m_geometry(geometry), m_labelFont(fontOfSize(font, 11)),
-      m_tagFont(fontOfSize(font, 13)), m_scale(painter.deviceTransform().m11()) {
+    : m_painter(painter), m_geometry(geometry), m_font(font),
+      m_scale(painter.deviceTransform().m11()) {
     painter.setRenderHint(QPainter::Antialiasing);
 }
 
 void CurvePainter::drawBackground(bool isEnabled) {
     m_painter.fillRect(QRectF(0.0, 0.0, m_geometry.width(), m_geometry.height()),
                        DisplayColors::neutral);
-    m_painter.setFont(m_labelFont);
+    drawGrid({});
     m_painter.setPen(isEnabled ? DisplayColors::line : DisplayColors::disabled);
+    m_painter.setFont(fittingFont(m_font, labelPixelSize(), titleSize, intensityTitle()));
     drawAxes();
+    m_painter.setFont(fittingFont(m_font, labelPixelSize(), percentSize, percentText(1.0)));
     drawIntensityTicks();
     drawHourTicks();
+}
+
+int CurvePainter::labelPixelSize() const {
+    const int grown = QFontInfo(m_font).pixelSize() * smallestLabel / 13;
+    const int spacing = static_cast<int>((m_geometry.bottom() - m_geometry.top()) / 10.0);
+    return std::max(smallestLabel, std::min({grown, spacing, largestLabel}));
+}
+
+void CurvePainter::drawGrid(std::span<const AQTimePoint> points) {
+    const QPolygonF line = curveLine(points, m_geometry);
+    for (int i = 1; i <= 10; ++i) {
+        const double y = m_geometry.y(i / 10.0);
+        double from = line.first().x();
+        for (qsizetype k = 1; k < line.size(); ++k) {
+            const QPointF a = line[k - 1];
+            const QPointF b = line[k];
+            const bool isAbove = a.y() > y;
+            if (isAbove == (b.y() > y))
+                continue;
+            const double crossing = a.x() + (b.x() - a.x()) * (y - a.y()) / (b.y() - a.y());
+            if (isAbove)
+                drawHorizontal(from, crossing, y, gridColor);
+            from = crossing;
+        }
+        if (line.last().y() > y)
+            drawHorizontal(from, line.last().x(), y, gridColor);
+    }
+    for (int hour = 2; hour <= 24; hour += 2) {
+        const double end = m_geometry.y(lightAt(points, AQTime{hour % 24, 0, 0}).brightness);
+        drawVertical(m_geometry.x(hour * AQTime::minutesPerHour), m_geometry.top(), end, 1.0,
+                     gridColor);
+    }
 }
 
 void CurvePainter::drawAxes() {
@@ -79,26 +120,29 @@ void CurvePainter::drawAxes() {
     const double left = m_geometry.left();
     const double bottom = m_geometry.bottom();
     for (double x = left; x < m_geometry.right(); x += 2.0 * dashLength)
-        drawHorizontal(x, std::min(x + dashLength, m_geometry.right()), bottom);
+        drawHorizontal(x, std::min(x + dashLength, m_geometry.right()), bottom,
+                       DisplayColors::disabled);
     for (double y = bottom; y > m_geometry.top(); y -= 2.0 * dashLength) {
         drawVertical(left, std::max(y - dashLength, m_geometry.top()), y, 1.0,
                      DisplayColors::disabled);
     }
-    drawLabel(m_geometry.rectFromBottom(m_geometry.width() - 45.0, 33.0, 50.0, labelHeight),
-              Qt::AlignHCenter, QStringLiteral("Time"));
-    drawLabel(m_geometry.rectFromBottom(10.0, m_geometry.height() - 25.0, 50.0, labelHeight),
-              Qt::AlignHCenter, QStringLiteral("Intensity"));
+    drawLabel(
+        m_geometry.rectFromBottom(m_geometry.width() - 45.0, 33.0, titleSize.width(), labelHeight),
+        Qt::AlignHCenter, QStringLiteral("Time"));
+    drawLabel(
+        m_geometry.rectFromBottom(10.0, m_geometry.height() - 25.0, titleSize.width(), labelHeight),
+        Qt::AlignHCenter, intensityTitle());
 }
 
 void CurvePainter::drawIntensityTicks() {
     const double axis = m_geometry.left();
     for (int i = 0; i <= 10; ++i) {
         const double y = m_geometry.y(i / 10.0);
-        drawHorizontal(axis - tickLength, axis, y);
+        drawHorizontal(axis - tickLength, axis, y, DisplayColors::disabled);
         if (i == 0)
             continue;
-        drawLabel(QRectF(0.0, y - labelHeight / 2.0, 45.0, labelHeight), Qt::AlignRight,
-                  QStringLiteral("%1%").arg(i * 10));
+        drawLabel(QRectF(0.0, y - labelHeight / 2.0, percentSize.width(), labelHeight),
+                  Qt::AlignRight, percentText(i / 10.0));
     }
 }
 
@@ -156,6 +200,12 @@ void CurvePainter::drawFill(std::span<const AQTimePoint> points) {
     m_painter.scale(1.0 / m_scale, 1.0 / m_scale);
     m_painter.setPen(Qt::NoPen);
     fillUnder(line, plot, colorRows);
+    m_painter.restore();
+
+    drawGrid(points);
+    m_painter.save();
+    m_painter.scale(1.0 / m_scale, 1.0 / m_scale);
+    m_painter.setPen(Qt::NoPen);
     m_painter.setBrush(DisplayColors::disabled);
     for (qsizetype i = 1; i < line.size(); ++i)
         m_painter.drawPolygon(upperEdge({line[i - 1], line[i]}, m_scale));
@@ -197,11 +247,13 @@ void CurvePainter::drawTimeMarker(AQTime time) {
     m_painter.setBrush(DisplayColors::line);
     m_painter.drawEllipse(QPointF(x, m_geometry.top()), markerHeadRadius, markerHeadRadius);
 
-    const QRectF tag = m_geometry.rectFromBottom(x - 24.0, 8.0, 48.0, 20.0);
+    const QRectF tag = m_geometry.rectFromBottom(x - tagSize.width() / 2.0, 8.0, tagSize.width(),
+                                                 tagSize.height());
     fillBox(tag, DisplayColors::line);
-    m_painter.setFont(m_tagFont);
+    const QString text = timeText(time.hour, time.minute);
+    m_painter.setFont(fittingFont(m_font, 13, tagSize, text));
     m_painter.setPen(DisplayColors::neutral);
-    m_painter.drawText(tag, Qt::AlignCenter | Qt::TextDontClip, timeText(time.hour, time.minute));
+    m_painter.drawText(tag, Qt::AlignCenter | Qt::TextDontClip, text);
 }
 
 void CurvePainter::drawPlayhead(const AQTimePoint& light) {
@@ -224,20 +276,17 @@ double CurvePainter::topOfHorizontal(double y) const {
 }
 
 void CurvePainter::fillBox(const QRectF& box, const QColor& color) {
-    const auto snapped = [this](double place) { return std::round(place * m_scale) / m_scale; };
     // On whole pixels there are no edges to smooth, and without it a box takes a tenth of the time.
     m_painter.setRenderHint(QPainter::Antialiasing, false);
-    m_painter.fillRect(QRectF(QPointF(snapped(box.left()), snapped(box.top())),
-                              QPointF(snapped(box.right()), snapped(box.bottom()))),
-                       color);
+    m_painter.fillRect(Strokes::snapped(m_painter, box), color);
     m_painter.setRenderHint(QPainter::Antialiasing, true);
 }
 
 // A line of an odd number of device pixels cannot be centred on its place. It gives way to the left
 // and downwards, so that the axes stay outside the area that is filled afterwards.
-void CurvePainter::drawHorizontal(double fromX, double toX, double y) {
+void CurvePainter::drawHorizontal(double fromX, double toX, double y, const QColor& color) {
     fillBox(QRectF(fromX, topOfHorizontal(y) / m_scale, toX - fromX, linePixels(1.0) / m_scale),
-            DisplayColors::disabled);
+            color);
 }
 
 void CurvePainter::drawVertical(double x, double fromY, double toY, double width,

@@ -20,11 +20,15 @@ class QPolygonF;
 /// The painter's origin must lie on one, and it must not be rotated.
 class CurvePainter {
 public:
-    /// `painter` must outlive this. Texts are set in the family of `font`.
+    /// `painter` must outlive this. Texts are set in the family of `font`, axis labels
+    /// larger where it is large, to at most 14 pixels.
     CurvePainter(QPainter& painter, const CurveGeometry& geometry, const QFont& font);
 
-    /// The ground, the axes and their labels; the labels are grey unless enabled.
+    /// The ground with its grid, the axes and their labels; the labels are grey unless enabled.
     void drawBackground(bool isEnabled);
+    /// The pale lines of each 10 % and each 2 h, as far as they lie above the curve; all of them
+    /// without points.
+    void drawGrid(std::span<const AQTimePoint> points);
     /// The curve's outline in grey. `points` must not be empty.
     void drawOutline(std::span<const AQTimePoint> points);
     /// The area under the curve in the colours of the light, and the outer half of the outline,
@@ -41,6 +45,8 @@ private:
     /// Fills the part of `plot` under `line`, whose x never falls, with `colorRows`, which are as
     /// wide as `plot` and repeated downwards. In device pixels.
     void fillUnder(const QPolygonF& line, const QRect& plot, const QImage& colorRows);
+    /// Grows with the desktop's font as far as the ticks leave room.
+    int labelPixelSize() const;
     void drawAxes();
     void drawIntensityTicks();
     void drawHourTicks();
@@ -51,12 +57,11 @@ private:
     /// Where a line at `y`, one unit thick, begins: its first row of device pixels.
     double topOfHorizontal(double y) const;
     void fillBox(const QRectF& box, const QColor& color);
-    void drawHorizontal(double fromX, double toX, double y);
+    void drawHorizontal(double fromX, double toX, double y, const QColor& color);
     void drawVertical(double x, double fromY, double toY, double width, const QColor& color);
 
     QPainter& m_painter;
     CurveGeometry m_geometry;
-    QFont m_labelFont;
-    QFont m_tagFont;
+    QFont m_font;
     double m_scale; ///< device pixels a unit
 };

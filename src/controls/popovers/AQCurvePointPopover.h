@@ -3,7 +3,6 @@
 #include "controls/popovers/PopoverPlacement.h"
 
 #include <QPointF>
-#include <QPointer>
 #include <QWidget>
 
 class AQCurvePointPopoverView;
@@ -11,24 +10,24 @@ struct AQTimePoint;
 
 /// The popover that shows the values of a point or of the playhead, with an arrow to its place.
 ///
-/// It comes and goes only when told, takes neither focus nor mouse, and stands above the place or,
-/// where the screen ends, below it. It moves with its owner's window and is out of sight while that
-/// window is hidden or no longer the active one.
+/// It comes and goes only when told, takes neither focus nor mouse, lies above everything in its
+/// owner's window, and stands above the place or, where that window ends, below it.
 class AQCurvePointPopover : public QWidget {
     Q_OBJECT
 
 public:
-    /// `owner` is the view that anchors are places in; it must outlive this.
+    /// `owner` is the view that anchors are places in. This belongs to the window that the owner is
+    /// in, and goes with either.
     explicit AQCurvePointPopover(QWidget* owner);
 
     /// Shows `value` beside the square of 30 units around `anchor`, a place in the owner.
     void showFor(const AQTimePoint& value, QPointF anchor);
     void dismiss();
 
-    /// Between showFor() and dismiss(); the owner's window may keep it out of sight meanwhile.
+    /// Between showFor() and dismiss(); it is out of sight meanwhile as long as the owner is.
     bool isPresented() const { return m_isPresented; }
     const AQTimePoint& value() const;
-    /// Where it stands, in screen coordinates; valid while presented.
+    /// Where it stands in the window; valid while presented.
     const PopoverPlacement& placement() const { return m_placement; }
 
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -37,15 +36,11 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    void watchWindow();
     void applyPlacement();
-    void applyVisibility();
 
     QWidget& m_owner;
     AQCurvePointPopoverView* m_popoverView;
-    QPointer<QWidget> m_window; ///< the owner's, as long as it is watched
     QPointF m_anchor;
     PopoverPlacement m_placement;
     bool m_isPresented = false;
-    bool m_isWindowInactive = false; ///< the window was active and is not any more
 };

@@ -1,6 +1,8 @@
 #include "controls/popovers/AQCurvePointPopoverView.h"
 
 #include "controls/DisplayColors.h"
+#include "controls/FittingFont.h"
+#include "controls/Percent.h"
 #include "controls/popovers/PopoverPlacement.h"
 #include "controls/time/TimeText.h"
 #include "data/ColorMapping.h"
@@ -8,11 +10,12 @@
 #include <QPainter>
 #include <QPainterPath>
 
-#include <cmath>
+#include <algorithm>
+#include <iterator>
 
 namespace {
 
-constexpr int columnWidth = AQCurvePointPopoverView::contentWidth / 3;
+constexpr int columnWidth = AQCurvePointPopoverView::contentWidth / 3; ///< the widest may have
 constexpr int titleTop = 29;
 constexpr int titleHeight = 17;
 constexpr int valueTop = 46;
@@ -20,17 +23,6 @@ constexpr int valueHeight = 25;
 
 /// The orange of this desktop's usual palette that can still be read on white.
 constexpr QColor orange{230, 97, 0};
-
-/// `font` in a size, or in the largest below it in which `text` keeps clear of its neighbours.
-QFont fittingFont(QFont font, int pixelSize, const QString& text, int width) {
-    constexpr int smallest = 8;
-    constexpr int clearance = 6;
-    do {
-        font.setPixelSize(pixelSize);
-    } while (QFontMetrics(font).horizontalAdvance(text) > width - clearance &&
-             --pixelSize >= smallest);
-    return font;
-}
 
 } // namespace
 
@@ -62,28 +54,48 @@ void AQCurvePointPopoverView::paintEvent(QPaintEvent*) {
     painter.fillPath(corners & upper, DisplayColors::disabled);
 
     const QString time = timeText(m_value.time.hour, m_value.time.minute);
-    painter.setFont(fittingFont(font(), 16, time, width()));
+    painter.setFont(fittingFont(font(), 16, timeBand.size(), time));
     painter.setPen(DisplayColors::neutral);
     painter.drawText(timeBand, Qt::AlignCenter, time);
 
-    const ChannelLevels levels = levelsFromLight(m_value.colorTemp, m_value.brightness);
-    drawColumn(painter, 0, QStringLiteral("Warm"), QString::number(levels.warm), orange);
-    drawColumn(painter, 1, QStringLiteral("Cold"), QString::number(levels.cold),
-               DisplayColors::cold);
-    drawColumn(painter, 2, QStringLiteral("Intensity"),
-               QStringLiteral("%1%").arg(std::lround(m_value.brightness * 100.0)),
-               DisplayColors::disabled);
+    drawColumns(painter);
 }
 
-void AQCurvePointPopoverView::drawColumn(QPainter& painter, int column, const QString& title,
-                                         const QString& text, const QColor& color) {
-    const int left = column * columnWidth;
-    painter.setFont(fittingFont(font(), 13, title, columnWidth));
-    painter.setPen(DisplayColors::line);
-    painter.drawText(QRect(left, titleTop, columnWidth, titleHeight),
-                     Qt::AlignCenter | Qt::TextDontClip, title);
-    painter.setFont(fittingFont(font(), 20, text, columnWidth));
-    painter.setPen(color);
-    painter.drawText(QRect(left, valueTop, columnWidth, valueHeight),
-                     Qt::AlignCenter | Qt::TextDontClip, text);
+void AQCurvePointPopoverView::drawColumns(QPainter& painter) const {
+    const ChannelLevels levels = levelsFromLight(m_value.colorTemp, m_value.brightness);
+    const struct {
+        QString title;
+        QString text;
+        QString widestText;
+        QColor color;
+    } columns[] = {
+        {QStringLiteral("Warm"), QString::number(levels.warm), QStringLiteral("254"), orange},
+        {QStringLiteral("Cold"), QString::number(levels.cold), QStringLiteral("254"),
+         DisplayColors::cold},
+        {QStringLiteral("Intensity"), percentText(m_value.brightness), percentText(1.0),
+         DisplayColors::disabled},
+    };
+    const QFont titles = fittingFont(font(), 13, {columnWidth, titleHeight}, columns[2].title);
+    const QFont values = fittingFont(font(), 20, {columnWidth, valueHeight}, percentText(1.0));
+    const auto widthOf = [&](const auto& column) {
+        return std::max(QFontMetrics(titles).horizontalAdvance(column.title),
+                        QFontMetrics(values).horizontalAdvance(column.widestText));
+    };
+    double margin = width();
+    for (const auto& column : columns)
+        margin -= widthOf(column);
+    margin /= static_cast<double>(std::size(columns) + 1);
+    double x = margin;
+    for (const auto& column : columns) {
+        const int width = widthOf(column);
+        painter.setFont(titles);
+        painter.setPen(DisplayColors::line);
+        painter.drawText(QRectF(x, titleTop, width, titleHeight),
+                         Qt::AlignCenter | Qt::TextDontClip, column.title);
+        painter.setFont(values);
+        painter.setPen(column.color);
+        painter.drawText(QRectF(x, valueTop, width, valueHeight),
+                         Qt::AlignCenter | Qt::TextDontClip, column.text);
+        x += width + margin;
+    }
 }

@@ -32,8 +32,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    void drawColumn(QPainter& painter, int column, const QString& title, const QString& text,
-                    const QColor& color);
+    /// The same margin beside and between them, whatever their values.
+    void drawColumns(QPainter& painter) const;
 
     AQTimePoint m_value;
 };

@@ -65,7 +65,9 @@ void AQHelpPopover::showAt(const QWidget& anchor) {
     const QRect button(anchor.mapToGlobal(QPoint(0, 0)), anchor.size());
     m_placement = PopoverPlacement::place(button, size, boundsFor(anchor, size));
     setGeometry(m_placement.frame);
-    setMask(PopoverShape::mask(m_placement));
+    // Where nothing composes windows, what is outside would be black. Half a unit more than is
+    // drawn, for the edge's soft pixels.
+    setMask(PopoverShape::outline(m_placement, -0.5).toFillPolygon().toPolygon());
     m_label->setGeometry(
         PopoverShape::body(m_placement).adjusted(margin, margin, -margin, -margin));
     show();

@@ -4,9 +4,6 @@
 
 #include <QPolygonF>
 
-#include <algorithm>
-#include <cmath>
-
 namespace PopoverShape {
 
 QRect body(const PopoverPlacement& placement) {
@@ -28,25 +25,6 @@ QPainterPath outline(const PopoverPlacement& placement, double inset) {
                    QPointF(x + PopoverPlacement::arrowHalfWidth, foot)}));
     arrow.closeSubpath();
     return path | arrow;
-}
-
-QRegion mask(const PopoverPlacement& placement) {
-    constexpr int radius = PopoverPlacement::cornerRadius;
-    const QRect inner = body(placement);
-    QRegion region;
-    for (int row = 0; row < inner.height(); ++row) {
-        const int inCorner = std::max(0, radius - std::min(row + 1, inner.height() - row));
-        const int cut =
-            radius - static_cast<int>(std::ceil(std::sqrt(radius * radius - inCorner * inCorner)));
-        region += QRect(inner.x() + cut, inner.y() + row, inner.width() - 2 * cut, 1);
-    }
-    for (int row = 0; row < PopoverPlacement::arrowLength; ++row) {
-        const int half =
-            (row + 1) * PopoverPlacement::arrowHalfWidth / PopoverPlacement::arrowLength + 1;
-        const int y = placement.isAbove ? placement.frame.height() - 1 - row : row;
-        region += QRect(placement.arrowX - half, y, 2 * half, 1);
-    }
-    return region;
 }
 
 } // namespace PopoverShape

@@ -1,12 +1,9 @@
 #include "controls/popovers/RefusalTip.h"
 
-#include "controls/popovers/ClickThrough.h"
+#include "controls/popovers/Overlay.h"
 
 #include <QEvent>
-#include <QGuiApplication>
-#include <QScreen>
 #include <QToolTip>
-#include <QWindow>
 
 #include <algorithm>
 #include <chrono>
@@ -19,34 +16,33 @@ constexpr int space = 4;
 
 } // namespace
 
-RefusalTip::RefusalTip(QWidget& owner)
-    : QLabel(&owner, Qt::ToolTip | Qt::WindowTransparentForInput | Qt::WindowDoesNotAcceptFocus),
-      m_owner(owner) {
-    setAttribute(Qt::WA_ShowWithoutActivating);
+RefusalTip::RefusalTip(QWidget& owner) : QLabel(&owner), m_owner(owner) {
+    setAttribute(Qt::WA_TransparentForMouseEvents);
     setTextFormat(Qt::PlainText);
     setFrameStyle(QFrame::StyledPanel | QFrame::Plain);
     setMargin(space);
+    setAutoFillBackground(true);
     setPalette(QToolTip::palette());
     setForegroundRole(QPalette::ToolTipText);
     setBackgroundRole(QPalette::ToolTipBase);
     m_timer.setSingleShot(true);
     connect(&m_timer, &QTimer::timeout, this, &QWidget::hide);
-    connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, &QWidget::hide);
-    owner.installEventFilter(this);
 }
 
 void RefusalTip::tell(const QString& reason) {
+    layOver(*this, m_owner);
+    const QSize room = parentWidget()->size();
     setText(reason);
-    adjustSize();
-    const QRect screen = m_owner.screen()->availableGeometry();
-    QPoint place = m_owner.mapToGlobal(QPoint(0, m_owner.height() + 1));
-    if (place.y() + height() > screen.bottom())
-        place.setY(m_owner.mapToGlobal(QPoint(0, -height() - 1)).y());
-    place.setX(
-        std::clamp(place.x(), screen.left(), std::max(screen.left(), screen.right() - width())));
+    setWordWrap(false);
+    setWordWrap(sizeHint().width() > room.width());
+    const int width = std::min(sizeHint().width(), room.width());
+    resize(width, wordWrap() ? heightForWidth(width) : sizeHint().height());
+    QPoint place = m_owner.mapTo(parentWidget(), QPoint(0, m_owner.height() + 1));
+    if (place.y() + height() > room.height())
+        place.ry() -= m_owner.height() + height() + 2;
+    place.setX(std::clamp(place.x(), 0, room.width() - width));
     move(place);
     show();
-    letClicksThrough(*this);
     m_timer.start(shownFor);
 }
 

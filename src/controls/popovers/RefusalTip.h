@@ -3,8 +3,9 @@
 #include <QLabel>
 #include <QTimer>
 
-/// Says for some seconds, below a control, why it refused what was entered. Looks like a tool tip,
-/// but lets the mouse through: Qt's own would take a click meant for the control that it covers.
+/// Says for some seconds, below a control and within its window, why it refused what was entered.
+/// Looks like a tool tip, but lets the mouse through: Qt's own would take a click meant for the
+/// control that it covers.
 class RefusalTip : public QLabel {
     Q_OBJECT
 

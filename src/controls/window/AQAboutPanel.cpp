@@ -21,7 +21,6 @@ constexpr Library libraries[] = {
     {"Qt", "LGPL v3"},
     {"spdlog", "MIT"},
     {"fmt", "MIT"},
-    {"libxcb", "MIT"},
     {"libudev", "LGPL v2.1 or later"},
 };
 
