@@ -2,7 +2,6 @@
 
 #include <QFile>
 
-#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <fcntl.h>

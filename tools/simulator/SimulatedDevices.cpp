@@ -4,9 +4,9 @@
 
 #include <stdexcept>
 
-SimulatedDevice& SimulatedDevices::addController(const ControllerConfig& config, UsbIdentity usb,
+SimulatedDevice& SimulatedDevices::addController(const ControllerConfig& config,
                                                  const std::string& name) {
-    SimulatedDevice& device = addForeign(usb, name);
+    SimulatedDevice& device = addForeign(aquelonUsbIdentity, name);
     device.controller = std::make_unique<SimulatedController>(config);
     return device;
 }
