@@ -71,17 +71,17 @@ QString AQDataSourceReader::parse(const GuardedXml& guarded) {
                 xml.raiseError(QStringLiteral("More points than minutes in a day."));
             break;
         case QXmlStreamReader::Characters:
-            // One text comes in several pieces around comments and references.
+            // Comments and references in a text break it into several pieces.
             m_text += xml.text();
             break;
         default:
             break;
         }
     }
-    // What was read before a fault counts.
+    // The text before a fault counts as if its element had ended there.
     applyText();
     m_contextStack.clear();
-    // The cut is the fault when the parser found no other before it.
+    // A text that was cut ends too early for the parser, but the reason of the cut says more.
     const bool reachedCut =
         !xml.hasError() || xml.error() == QXmlStreamReader::PrematureEndOfDocumentError;
     return reachedCut && !guarded.fault.isEmpty() ? guarded.fault : xml.errorString();

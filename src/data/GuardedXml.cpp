@@ -81,8 +81,8 @@ GuardedXml GuardedXml::fromBytes(const QByteArray& bytes) {
                            QStringDecoder::Flag::Stateless);
 
     GuardedXml xml{decoder(bytes), {}};
-    // The decoder marks what it could not decode. A mark that was meant so cuts too early, which
-    // does no harm: the text is broken in any case.
+    // The decoder puts this character in the place of what it cannot decode. The text may hold one
+    // of its own before that and is cut too early then, which does no harm: it is broken anyway.
     if (decoder.hasError())
         cut(xml, std::max<qsizetype>(xml.text.indexOf(QChar::ReplacementCharacter), 0),
             QStringLiteral("Encountered incorrectly encoded content."));

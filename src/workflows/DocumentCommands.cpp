@@ -124,8 +124,8 @@ void DocumentCommands::askWhereThenSave(const Continuation& saved) {
             write(*path, saved);
             return;
         }
-        // Neither panel would show "Reef 2.0" again. What is there under the whole name the panel
-        // has not asked about.
+        // The panels show files that end in .sq only, so a name without the ending gets it. The
+        // save panel asked about replacing a file of the typed name, not of this longer one.
         const QString file = *path + QStringLiteral(".sq");
         if (QFileInfo::exists(file))
             confirmThenWrite(file, QFileInfo(file).fileName() + QStringLiteral(" exists already."),

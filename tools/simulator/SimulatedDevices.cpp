@@ -57,7 +57,7 @@ void SimulatedDevices::plugAgain(SimulatedDevice& device) {
     }
 }
 
-// As with a real adapter the program's open tty is hung up and the system's event comes at once.
+// As with a real adapter, the program's open tty is hung up, and the system's event comes at once.
 void SimulatedDevices::unplug(SimulatedDevice& device) {
     if (!device.isPlugged())
         return;

@@ -25,8 +25,8 @@ AQTimeValueView::AQTimeValueView(std::unique_ptr<const TimeFormat> format, QWidg
 }
 
 AQTimeValueView::~AQTimeValueView() {
-    // Left to QWidget's destructor, the field would lose its focus and commit its draft to what is
-    // no value view any more.
+    // QWidget's destructor would delete it too late: the field, losing its focus, would commit its
+    // draft to an object that is no value view any more.
     delete m_field;
 }
 

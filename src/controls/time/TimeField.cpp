@@ -135,7 +135,7 @@ bool TimeField::offerTime(const AQTime& time) {
         showTime();
         return true;
     }
-    // The answer may come with this field rebound or gone.
+    // Whoever is asked may bind this field to another value, or delete it, before the answer.
     const QPointer<TimeField> alive(this);
     const bool accepted = m_offer(time);
     if (!alive) {
