@@ -217,10 +217,9 @@ bool SimulatedController::setSequenceData(Payload payload, YBufferWriter& answer
         return false;
     auto& entries = m_state.sequence[payload[0]];
     entries.clear();
-    for (auto rest = payload.subspan(1); rest.size() >= 3; rest = rest.subspan(3)) {
+    for (auto rest = payload.subspan(1); rest.size() >= 3; rest = rest.subspan(3))
         if (static_cast<int>(entries.size()) < m_config.maxPoints)
             entries.push_back({rest[0], rest[1], rest[2]});
-    }
     writeSequence(payload[0], answer);
     return true;
 }

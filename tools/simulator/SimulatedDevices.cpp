@@ -22,10 +22,9 @@ SimulatedDevice& SimulatedDevices::addForeign(std::optional<UsbIdentity> usb,
 
 SimulatedDevice* SimulatedDevices::find(const std::string& name) const {
     for (const bool plugged : {true, false}) {
-        for (const auto& device : m_devices) {
+        for (const auto& device : m_devices)
             if (device->isPlugged() == plugged && (name.empty() || device->name == name))
                 return device.get();
-        }
     }
     return nullptr;
 }

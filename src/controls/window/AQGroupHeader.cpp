@@ -58,9 +58,8 @@ void AQGroupHeader::styleTitle() {
 
 void AQGroupHeader::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::FontChange) {
+    if (event->type() == QEvent::FontChange)
         styleTitle();
-    }
 }
 
 void AQGroupHeader::paintEvent(QPaintEvent* /*event*/) {
