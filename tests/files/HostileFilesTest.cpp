@@ -139,7 +139,9 @@ TEST_F(HostileFiles, areReadAsFarAsTheyAreSound) {
         {"UTF-16 without a mark", utf16(wide, false)},
         {"UTF-16", "\xff\xfe" + utf16(wide, false), true, analog},
         {"UTF-16, the other", "\xfe\xff" + utf16(wide, true), true, analog},
-        {"UTF-8 with a mark", "\xef\xbb\xbf<mode1_10v>\r\n0\r\n</mode1_10v>\r\n", true, analog},
+        {"UTF-8 with a mark",
+         "\xef\xbb\xbf<?xml version='1.0' encoding='ISO-8859-1'?><mode1_10v>\r\n0\r\n</mode1_10v>",
+         true, analog},
         {"attributes", manyAttributes(maxSize) + "/>"},
         {"tags at the limit", full("<r>", manyAttributes(GuardedXml::maxTagLength) + "/>", "</r>"),
          true},
@@ -147,9 +149,8 @@ TEST_F(HostileFiles, areReadAsFarAsTheyAreSound) {
         {"nothing but tags", full("", "<a>")},
         {"references", full("<r>", "1&#50;", "</r>"), true},
         {"a huge number", full("<mode1_10v>", "1", "</mode1_10v>"), true},
-        {"points", "<timeline>" + next.repeated(AQDataSourceReader::maxPoints) + "</timeline>",
-         true,
-         QByteArray("6/2/1 ").repeated(AQDataSourceReader::maxPoints).toStdString() + defaultRest},
+        {"a point for each minute", "<timeline>" + next.repeated(1440) + "</timeline>", true,
+         QByteArray("6/2/1 ").repeated(1440).toStdString() + defaultRest},
         {"largest file", start + end + QByteArray(maxSize - (start + end).size(), ' '), true,
          first},
     };
@@ -171,7 +172,7 @@ TEST_F(HostileFiles, areRefusedWhenTheyAreNoSmallFile) {
     for (const QString& file :
          {path("missing"), path("fifo"), path("loop"), path("."),
           put(start + end + QByteArray(maxSize + 1 - (start + end).size(), ' ')),
-          put(start + next.repeated(AQDataSourceReader::maxPoints) + end, "points.sq"), QString(),
+          put(start + next.repeated(1440) + end, "points.sq"), QString(),
           QStringLiteral("/dev/zero"), QStringLiteral("/dev/tty")}) {
         SCOPED_TRACE(file.toStdString());
         ReaderFixture f;
