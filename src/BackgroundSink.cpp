@@ -21,7 +21,7 @@ void BackgroundSink::log(const spdlog::details::log_msg& message) {
         if (m_queue.size() == m_longestQueue)
             m_queue.pop_front();
         m_queue.emplace_back(message);
-        // Not earlier: with a second thread everything up to the first picture takes longer.
+        // The thread waits for the first line, because a second one slows the program's start.
         if (!m_thread.joinable())
             m_thread = std::thread([this] { write(); });
     }

@@ -13,7 +13,7 @@
 /// Hands log lines on to other sinks from a thread of its own, so that a slow one holds up nobody
 /// who logs. The oldest lines are dropped when it falls too far behind.
 ///
-/// In place of spdlog's own asynchronous logger, whose thread wakes every 10 s with nothing to do
+/// It replaces spdlog's own asynchronous logger, whose thread wakes every 10 s with nothing to do
 /// and whose queue fills 3 MB of memory before the first line.
 class BackgroundSink : public spdlog::sinks::sink {
 public:
@@ -26,9 +26,9 @@ public:
     BackgroundSink& operator=(const BackgroundSink&) = delete;
 
     void log(const spdlog::details::log_msg& message) override;
-    /// Nothing: lines are written as soon as may be.
+    /// Does nothing, since lines are written as soon as possible.
     void flush() override {}
-    /// Nothing: the sinks bring their formatters with them.
+    /// These do nothing, since the sinks bring their formatters with them.
     void set_pattern(const std::string& /*pattern*/) override {}
     void set_formatter(std::unique_ptr<spdlog::formatter> /*formatter*/) override {}
 

@@ -10,7 +10,7 @@
 #include <QApplication>
 
 int main(int argc, char* argv[]) {
-    // Before the log starts its thread, which would take the signals otherwise.
+    // This stands before the log, whose thread would receive the signals otherwise.
     TerminationSignals signals;
     const Logging logging;
 

@@ -14,7 +14,7 @@ AQValueView::~AQValueView() = default;
 
 bool AQValueView::isWindowFocus() const {
     const QWidget* focus = window()->focusWidget();
-    return focus != nullptr && (focus == this || focus == focusProxy());
+    return focus && (focus == this || focus == focusProxy());
 }
 
 void AQValueView::focusInEvent(QFocusEvent* event) {
@@ -48,7 +48,7 @@ void AQValueView::reportChange(const QVariant& value) {
 }
 
 bool AQValueView::askDelegate(const QVariant& value) {
-    return m_delegate == nullptr || m_delegate->aqValueShouldChange(*this, value);
+    return !m_delegate || m_delegate->aqValueShouldChange(*this, value);
 }
 
 std::optional<double> AQValueView::numberFrom(const QVariant& object) {

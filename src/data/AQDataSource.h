@@ -16,6 +16,17 @@
 /// flag.
 ///
 /// Its contents are replaced in place, so observers register once. Nothing here can fail.
+///
+///     NotificationCenter notifications;
+///     AQDataSource document(notifications); // the default program, clean
+///     QObject::connect(&notifications, &NotificationCenter::dataChanged, &view,
+///                      [&](const QObject* sender) {
+///                          if (sender != &view) // not the echo of the view's own change
+///                              view.show(document.sequence().points());
+///                      });
+///     AQDataSourceReader(document).loadFromFile(path);  // posts dataChanged, dataLoaded
+///     document.sequence().addNewAfter(-1, &view);       // marks dirty: dataDirty, dataChanged
+///     AQDataSourceWriter(document).saveToFile(path);    // clean again: dataDirty
 class AQDataSource : public QObject {
     Q_OBJECT
 

@@ -1,6 +1,5 @@
 #include "data/AQDataSourceReader.h"
 
-#include "data/AQDataSource.h"
 #include "data/GuardedXml.h"
 #include "data/RegularFile.h"
 
@@ -46,9 +45,12 @@ bool AQDataSourceReader::loadFromFile(const QString& path) {
 }
 
 bool AQDataSourceReader::read(const QByteArray& bytes) {
-    m_sequenceChanged = false;
+    m_foundTimeline = m_sequenceChanged = false;
+    m_contents = m_document.contents();
     m_errorString = parse(GuardedXml::fromBytes(bytes));
-    postChanges();
+    if (hasTooManyPoints())
+        return false;
+    applyContents();
     return m_errorString.isEmpty();
 }
 
@@ -57,10 +59,6 @@ QString AQDataSourceReader::parse(const GuardedXml& guarded) {
     xml.setNamespaceProcessing(false);
     while (!xml.atEnd()) {
         switch (xml.readNext()) {
-        case QXmlStreamReader::StartDocument:
-            if (!guarded.allowsEncoding(xml.documentEncoding()))
-                xml.raiseError(QStringLiteral("Unsupported encoding."));
-            break;
         case QXmlStreamReader::StartElement:
             if (m_contextStack.size() == maxDepth)
                 xml.raiseError(QStringLiteral("Elements are nested too deeply."));
@@ -69,19 +67,21 @@ QString AQDataSourceReader::parse(const GuardedXml& guarded) {
             break;
         case QXmlStreamReader::EndElement:
             endElement();
+            if (hasTooManyPoints())
+                xml.raiseError(QStringLiteral("More points than minutes in a day."));
             break;
         case QXmlStreamReader::Characters:
-            // One text comes in several pieces around comments and references.
+            // Comments and references in a text break it into several pieces.
             m_text += xml.text();
             break;
         default:
             break;
         }
     }
-    // What was read before a fault counts.
+    // The text before a fault counts as if its element had ended there.
     applyText();
     m_contextStack.clear();
-    // The cut is the fault when the parser found no other before it.
+    // A text that was cut ends too early for the parser, but the reason of the cut says more.
     const bool reachedCut =
         !xml.hasError() || xml.error() == QXmlStreamReader::PrematureEndOfDocumentError;
     return reachedCut && !guarded.fault.isEmpty() ? guarded.fault : xml.errorString();
@@ -91,8 +91,8 @@ void AQDataSourceReader::startElement(const QString& name) {
     applyText();
     m_contextStack.append(name);
     if (name == u"timeline") {
-        m_sequenceChanged = true;
-        m_document.sequence().replacePoints({});
+        m_foundTimeline = m_sequenceChanged = true;
+        m_contents.points.clear();
     } else if (name == u"point") {
         m_ptTime.reset();
         m_ptColorTemp.reset();
@@ -103,10 +103,12 @@ void AQDataSourceReader::startElement(const QString& name) {
 void AQDataSourceReader::endElement() {
     applyText();
     const QString name = m_contextStack.takeLast();
-    if (name == u"timeline")
-        SPDLOG_DEBUG("{} elements loaded from file", m_document.sequence().count());
-    else if (name == u"point" && m_ptTime && m_ptColorTemp && m_ptBrightness)
-        m_document.sequence().appendPoint({*m_ptTime, *m_ptColorTemp, *m_ptBrightness});
+    if (name == u"timeline") {
+        SPDLOG_DEBUG("{} elements loaded from file", m_contents.points.size());
+    } else if (name == u"point" && m_ptTime && m_ptColorTemp && m_ptBrightness) {
+        m_contents.points.push_back({*m_ptTime, *m_ptColorTemp, *m_ptBrightness});
+        m_sequenceChanged = true;
+    }
 }
 
 void AQDataSourceReader::applyText() {
@@ -123,7 +125,7 @@ void AQDataSourceReader::applyText() {
     else if (parent == u"task_light_mode")
         applyTaskLightValue(*value);
     if (m_contextStack.last() == u"mode1_10v")
-        m_document.setIsProgramMode(*value == 1);
+        m_contents.isProgramMode = *value == 1;
 }
 
 void AQDataSourceReader::applyPointValue(qint64 value) {
@@ -138,7 +140,7 @@ void AQDataSourceReader::applyPointValue(qint64 value) {
 
 void AQDataSourceReader::applyTaskLightValue(qint64 value) {
     const QString& element = m_contextStack.last();
-    AQTimePoint taskLight = m_document.taskLight();
+    AQTimePoint& taskLight = m_contents.taskLight;
     if (element == u"nMinutes" && value >= 0) {
         const int second = taskLight.time.second;
         taskLight.time = AQTime::fromMinuteOfDay(minuteOfDay(value));
@@ -150,11 +152,13 @@ void AQDataSourceReader::applyTaskLightValue(qint64 value) {
     } else if (element == u"intensity") {
         taskLight.brightness = fraction(value);
     }
-    m_document.setTaskLight(taskLight);
 }
 
-void AQDataSourceReader::postChanges() {
+void AQDataSourceReader::applyContents() {
+    m_document.setTaskLight(m_contents.taskLight);
+    m_document.setIsProgramMode(m_contents.isProgramMode);
     if (m_sequenceChanged) {
+        m_document.sequence().replacePoints(std::move(m_contents.points));
         m_document.sequence().notifySelectionChange(-1, this);
         m_document.sequence().notifyDataChange(this, false);
     }

@@ -27,8 +27,8 @@ struct Target {
     QString fault;
 };
 
-/// The file at the end of a chain of links, which need not exist. Only the system's own "no such
-/// file" counts as that: whatever else hinders a look might hide a device or a FIFO.
+/// The file at the end of a chain of links. It need not exist, but only the system's "no such file"
+/// is taken for that: any other reason why it cannot be looked at might hide a device or a FIFO.
 Target followLinks(const QString& path) {
     std::filesystem::path target = QFile::encodeName(path).toStdString();
     for (int links = 0; links <= maxLinks; ++links) {
@@ -92,7 +92,7 @@ QString AtomicFile::replace(const QString& path, const QByteArray& contents) {
     QSaveFile file(target);
     if (!file.open(QIODevice::WriteOnly))
         return file.errorString();
-    // Fails for people who may not give files away; then the file is theirs.
+    // Only root may give files away. When anybody else saves another's file, it becomes their own.
     if (old && ::fchown(file.handle(), old->st_uid, old->st_gid) == 0)
         ::fchmod(file.handle(), old->st_mode & 07777);
 

@@ -1,6 +1,7 @@
 #include "data/GuardedXml.h"
 
 #include <QStringDecoder>
+#include <QXmlStreamReader>
 
 #include <algorithm>
 
@@ -47,40 +48,51 @@ void cutMarkup(GuardedXml& xml) {
             start = behind(text, u"]]>", start);
         } else if (rest.startsWith(u"<?")) {
             start = behind(text, u"?>", start);
-        } else if (rest.startsWith(u"<!")) {
-            return cut(xml, start, QStringLiteral("Document types are not supported."));
         } else {
             const qsizetype end = behindTag(text, start);
             if (end - start > GuardedXml::maxTagLength)
                 return cut(xml, start, QStringLiteral("Tag too long."));
+            // Definitions stand in brackets within the tag; a mere name or address does no harm.
+            if (rest.startsWith(u"<!") && text.sliced(start, end - start).contains(u'['))
+                return cut(xml, start, QStringLiteral("Definitions are not supported."));
             start = end;
         }
     }
+}
+
+/// The encoding that the text names in its first line, in lower case; empty when it names none.
+QString declaredEncoding(const QString& text) {
+    QXmlStreamReader xml(text.left(text.indexOf(u"?>") + 2));
+    xml.readNext();
+    return xml.documentEncoding().toString().toLower();
 }
 
 } // namespace
 
 GuardedXml GuardedXml::fromBytes(const QByteArray& bytes) {
     const bool isUtf16 = bytes.startsWith("\xff\xfe") || bytes.startsWith("\xfe\xff");
-    QStringDecoder decoder(isUtf16 ? QStringDecoder::Utf16 : QStringDecoder::Utf8,
+    // A byte order mark hides the declaration here. That is right, because one that contradicts the
+    // mark was left behind when the file was converted.
+    const bool isLatin1 =
+        declaredEncoding(QString::fromLatin1(bytes)) == QLatin1String("iso-8859-1");
+    QStringDecoder decoder(isUtf16    ? QStringDecoder::Utf16
+                           : isLatin1 ? QStringDecoder::Latin1
+                                      : QStringDecoder::Utf8,
                            QStringDecoder::Flag::Stateless);
 
-    GuardedXml xml{decoder(bytes), {}, isUtf16};
-    // The decoder marks what it could not decode. A mark that was meant so cuts too early, which
-    // does no harm: the text is broken in any case.
+    GuardedXml xml{decoder(bytes), {}};
+    // The decoder puts this character in the place of what it cannot decode. The text may hold one
+    // of its own before that and is cut too early then, which does no harm: it is broken anyway.
     if (decoder.hasError())
         cut(xml, std::max<qsizetype>(xml.text.indexOf(QChar::ReplacementCharacter), 0),
             QStringLiteral("Encountered incorrectly encoded content."));
     if (const qsizetype nul = xml.text.indexOf(QChar::Null); nul >= 0)
         cut(xml, nul, QStringLiteral("Invalid XML character."));
+    const QStringList supported{
+        {}, QStringLiteral("utf-8"), QStringLiteral("us-ascii"), QStringLiteral("iso-8859-1")};
+    const QString declared = declaredEncoding(xml.text);
+    if (!supported.contains(declared) && !(isUtf16 && declared == QLatin1String("utf-16")))
+        cut(xml, 0, QStringLiteral("Unsupported encoding."));
     cutMarkup(xml);
     return xml;
-}
-
-bool GuardedXml::allowsEncoding(QStringView declared) const {
-    const auto is = [declared](QStringView name) {
-        return declared.compare(name, Qt::CaseInsensitive) == 0;
-    };
-    // A byte order mark overrules a declaration that was left behind when the file was converted.
-    return declared.isEmpty() || is(u"utf-8") || is(u"us-ascii") || (isUtf16 && is(u"utf-16"));
 }

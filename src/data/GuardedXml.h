@@ -2,7 +2,6 @@
 
 #include <QByteArray>
 #include <QString>
-#include <QStringView>
 
 /// The part of an XML text that may be handed to a parser.
 ///
@@ -18,13 +17,8 @@ struct GuardedXml {
     /// like.
     QString fault;
 
-    bool isUtf16 = false;
-
-    /// Decodes UTF-8, or UTF-16 with a byte order mark. Cuts before an undecodable byte, a NUL, a
-    /// document type definition, or a tag that is too long.
+    /// Decodes UTF-8, UTF-16 with a byte order mark, and ISO-8859-1 where the text declares it.
+    /// Cuts before an undecodable byte, a NUL, a document type with definitions of its own, or a
+    /// tag that is too long; of a text that declares any other encoding nothing is left.
     static GuardedXml fromBytes(const QByteArray& bytes);
-
-    /// True when the encoding that the text declares (none is an empty name) is one that was used
-    /// to decode it.
-    bool allowsEncoding(QStringView declared) const;
 };

@@ -2,7 +2,6 @@
 
 #include <QFile>
 
-#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <fcntl.h>
@@ -15,7 +14,7 @@ RegularFile::Contents systemFault() {
     return {{}, qt_error_string(errno)};
 }
 
-/// Also ends with a file that grows all the time.
+/// Reads no further than `maxSize`, so that a file which grows meanwhile comes to an end, too.
 RegularFile::Contents readAll(int descriptor, qint64 maxSize) {
     RegularFile::Contents contents;
     std::array<char, 16 * 1024> piece;
@@ -44,7 +43,7 @@ RegularFile::Contents RegularFile::read(const QString& path, qint64 maxSize) {
         return {{}, qt_error_string(EISDIR)};
     if (!S_ISREG(info.st_mode))
         return {{}, QStringLiteral("Not a regular file")};
-    // Not to wait for a FIFO that took the file's place just now.
+    // A FIFO may have taken the file's place since; O_NONBLOCK keeps its opening from waiting.
     const int descriptor = ::open(name.constData(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
     if (descriptor < 0)
         return systemFault();

@@ -76,7 +76,8 @@ void DocumentCommands::read(const QString& path) {
     if (m_reader.loadFromFile(path)) {
         m_openFilePath = path;
         m_openFileContents = m_reader.fileContents();
-        m_holdsPartsOfAnotherFile = false;
+        // Without a timeline the program in the window is still the one from before.
+        m_holdsPartsOfAnotherFile = !m_reader.foundTimeline();
         m_data.setIsDirty(false);
         Q_EMIT titleChanged();
         return;
@@ -106,19 +107,11 @@ void DocumentCommands::saveOrAskWhere(const Continuation& saved) {
 }
 
 void DocumentCommands::saveOverOwnFile(const Continuation& saved) {
-    const bool changedOnDisk = isChangedOnDisk();
-    if (!changedOnDisk && !m_holdsPartsOfAnotherFile) {
+    const QString reason = reasonNotToOverwrite();
+    if (reason.isEmpty())
         write(m_openFilePath, saved);
-        return;
-    }
-    const QString name = QFileInfo(m_openFilePath).fileName();
-    confirmThenWrite(
-        m_openFilePath,
-        changedOnDisk
-            ? name + QStringLiteral(" was changed by another program since it was opened.")
-            : QStringLiteral("The program in the window is not the one that was opened from ") +
-                  name + u'.',
-        saved);
+    else
+        confirmThenWrite(m_openFilePath, reason, saved);
 }
 
 void DocumentCommands::askWhereThenSave(const Continuation& saved) {
@@ -131,8 +124,8 @@ void DocumentCommands::askWhereThenSave(const Continuation& saved) {
             write(*path, saved);
             return;
         }
-        // Neither panel would show "Reef 2.0" again. What is there under the whole name the panel
-        // has not asked about.
+        // The panels show files that end in .sq only, so a name without the ending gets it. The
+        // save panel asked about replacing a file of the typed name, not of this longer one.
         const QString file = *path + QStringLiteral(".sq");
         if (QFileInfo::exists(file))
             confirmThenWrite(file, QFileInfo(file).fileName() + QStringLiteral(" exists already."),
@@ -168,9 +161,18 @@ void DocumentCommands::write(const QString& path, const Continuation& saved) {
         saved();
 }
 
-bool DocumentCommands::isChangedOnDisk() const {
-    if (!QFileInfo::exists(m_openFilePath))
-        return false;
-    const auto [bytes, fault] = RegularFile::read(m_openFilePath, AQDataSourceReader::maxFileSize);
-    return !fault.isEmpty() || bytes != m_openFileContents;
+QString DocumentCommands::reasonNotToOverwrite() const {
+    const QString name = QFileInfo(m_openFilePath).fileName();
+    if (QFileInfo::exists(m_openFilePath)) {
+        const auto [bytes, fault] =
+            RegularFile::read(m_openFilePath, AQDataSourceReader::maxFileSize);
+        if (!fault.isEmpty())
+            return QStringLiteral("%1 cannot be read any more (%2).").arg(name, fault);
+        if (bytes != m_openFileContents)
+            return name + QStringLiteral(" was changed by another program since it was opened.");
+    }
+    if (m_holdsPartsOfAnotherFile)
+        return QStringLiteral("The program in the window is not the one that was opened from ") +
+               name + u'.';
+    return {};
 }

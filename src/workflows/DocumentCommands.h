@@ -8,7 +8,6 @@
 #include <QString>
 
 #include <functional>
-#include <optional>
 
 class AQDataSource;
 class Prompts;
@@ -53,8 +52,8 @@ private:
     void saveOverOwnFile(const Continuation& saved);
     void confirmThenWrite(const QString& path, const QString& reason, const Continuation& saved);
     void write(const QString& path, const Continuation& saved);
-    /// True when the current file is there, and not as this program last read or wrote it.
-    bool isChangedOnDisk() const;
+    /// What the person should know before the current file is overwritten; empty for nothing.
+    QString reasonNotToOverwrite() const;
 
     AQDataSource& m_data;
     Prompts& m_prompts;
@@ -64,6 +63,7 @@ private:
     /// What this program last read from it or wrote to it. Times and sizes tell less: a clock is
     /// coarse, and copying programs set it back.
     QByteArray m_openFileContents;
-    /// A failed open left parts of another file in the document, which are not this file's program.
+    /// The document holds what is not this file's program, such as the parts of another file that a
+    /// failed open left.
     bool m_holdsPartsOfAnotherFile = false;
 };

@@ -15,7 +15,7 @@ constexpr std::uint8_t analogModeByte = 0;
 ProgramMode::ProgramMode(AQDataSource& data, YMessageController& controller,
                          AQSwitchButton& bttnSwitchProgMode, QObject* parent)
     : QObject(parent), m_data(data), m_controller(controller), m_switch(bttnSwitchProgMode) {
-    // Not by clicks: screen readers toggle a switch without one.
+    // The signal is not `clicked`, because screen readers toggle a switch without a click.
     connect(&m_switch, &QAbstractButton::toggled, this, &ProgramMode::onSwitched);
     connect(&data.notifications(), &NotificationCenter::dataLoaded, this, &ProgramMode::refresh);
     refresh();

@@ -19,9 +19,12 @@ TEST(AQDataSourceReader, takesWhatItUnderstands) {
     const struct {
         const char* name;
         QByteArray xml;
-        const char* points;
+        std::string points;
         const char* rest = defaultRest;
     } cases[] = {
+        {"outside the timeline",
+         "<point><time>1</time><color>10</color><intensity>20</intensity></point>",
+         defaultPoints + std::string("1/10/20 ")},
         {"time past midnight", point("<time>1500</time>"), "60/10/20 "},
         {"huge time", point("<time>9223372036854775807</time>"), "1087/10/20 "},
         {"time too large for an integer", point("<time>9223372036854775808</time>"), ""},
@@ -67,7 +70,7 @@ TEST(AQDataSourceReader, takesWhatItUnderstands) {
         EXPECT_EQ(f.points(), test.points);
         EXPECT_EQ(f.rest(), test.rest);
         std::vector<std::string> posted{"dataLoaded from AQDataSourceReader"};
-        if (test.xml.contains("timeline"))
+        if (test.xml.contains("timeline") || test.xml.contains("point"))
             posted = {"sectionChanged -1 from AQDataSourceReader",
                       "dataChanged from AQDataSourceReader", "dataLoaded from AQDataSourceReader"};
         EXPECT_EQ(f.log.take(), posted);

@@ -60,8 +60,8 @@ class HostileFiles : public testing::Test {
 protected:
     QString path(const char* name) const { return m_folder.filePath(QLatin1String(name)); }
     /// The path of a file with these contents.
-    QString put(const QByteArray& bytes) const {
-        QFile file(path("hostile.sq"));
+    QString put(const QByteArray& bytes, const char* name = "hostile.sq") const {
+        QFile file(path(name));
         EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
         return file.fileName();
     }
@@ -125,17 +125,23 @@ TEST_F(HostileFiles, areReadAsFarAsTheyAreSound) {
         {"attribute twice", start + "<x a='' a=''/>" + end, false, first},
         {"too deep", start + nested(63) + next + end, false, first},
         {"depth at the limit", nested(AQDataSourceReader::maxDepth), true},
-        {"document type", "<!DOCTYPE settings>" + start + end},
+        {"document type", "<!DOCTYPE settings>" + start + end, true, first},
+        {"document type from elsewhere",
+         "<!DOCTYPE settings SYSTEM '/dev/zero'>" + start + "&x;" + end, true, first},
         {"entities of entities", "<!-- > --><!DOCTYPE s [<!ENTITY a '1234567890'>"
                                  "<!ENTITY b '&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;'>"
                                  "<!ENTITY c '&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;'>]>"
                                  "<mode1_10v>&c;</mode1_10v>"},
         {"UTF-7", "<?xml version='1.0' encoding='UTF-7'?>" + start + end},
+        {"ISO-8859-1", "<?xml version='1.0' encoding = \"Iso-8859-1\" ?><!--\xe9-->" + start + end,
+         true, first},
         {"UTF-16 that is none", wide},
         {"UTF-16 without a mark", utf16(wide, false)},
         {"UTF-16", "\xff\xfe" + utf16(wide, false), true, analog},
         {"UTF-16, the other", "\xfe\xff" + utf16(wide, true), true, analog},
-        {"UTF-8 with a mark", "\xef\xbb\xbf<mode1_10v>\r\n0\r\n</mode1_10v>\r\n", true, analog},
+        {"UTF-8 with a mark",
+         "\xef\xbb\xbf<?xml version='1.0' encoding='ISO-8859-1'?><mode1_10v>\r\n0\r\n</mode1_10v>",
+         true, analog},
         {"attributes", manyAttributes(maxSize) + "/>"},
         {"tags at the limit", full("<r>", manyAttributes(GuardedXml::maxTagLength) + "/>", "</r>"),
          true},
@@ -143,8 +149,8 @@ TEST_F(HostileFiles, areReadAsFarAsTheyAreSound) {
         {"nothing but tags", full("", "<a>")},
         {"references", full("<r>", "1&#50;", "</r>"), true},
         {"a huge number", full("<mode1_10v>", "1", "</mode1_10v>"), true},
-        {"points", full("<timeline>", next, "</timeline>"), true,
-         QByteArray("6/2/1 ").repeated((maxSize - 21) / next.size()).toStdString() + defaultRest},
+        {"a point for each minute", "<timeline>" + next.repeated(1440) + "</timeline>", true,
+         QByteArray("6/2/1 ").repeated(1440).toStdString() + defaultRest},
         {"largest file", start + end + QByteArray(maxSize - (start + end).size(), ' '), true,
          first},
     };
@@ -165,7 +171,8 @@ TEST_F(HostileFiles, areRefusedWhenTheyAreNoSmallFile) {
     ASSERT_EQ(::symlink("loop", QFile::encodeName(path("loop")).constData()), 0);
     for (const QString& file :
          {path("missing"), path("fifo"), path("loop"), path("."),
-          put(start + end + QByteArray(maxSize + 1 - (start + end).size(), ' ')), QString(),
+          put(start + end + QByteArray(maxSize + 1 - (start + end).size(), ' ')),
+          put(start + next.repeated(1440) + end, "points.sq"), QString(),
           QStringLiteral("/dev/zero"), QStringLiteral("/dev/tty")}) {
         SCOPED_TRACE(file.toStdString());
         ReaderFixture f;

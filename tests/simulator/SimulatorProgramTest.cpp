@@ -35,7 +35,6 @@ TEST(SimulatorProgram, showsTheDevicesItWasAskedForToItsProgramOnly) {
     } rows[] = {
         {"--name ttyUSB0", "ttyUSB0 0c24 "},
         {"--name ttyUSB0 --no-device --foreign --builtin", "ttyS0 ttyUSB1 6001 "},
-        {"--name ttyUSB0 --unplug-at 0 --plug-at 0:ttyUSB3", "ttyUSB3 0c24 "},
     };
     for (const auto& row : rows) {
         // Looks until it sees what it should; the limit ends it otherwise.

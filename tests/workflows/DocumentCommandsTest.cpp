@@ -131,15 +131,22 @@ TEST_F(DocumentCommandsTest, fileChangedOnDiskIsNotOverwrittenUnasked) {
         write(path("a.sq"), theirs);
         fs::last_write_time(file, time);
     };
+    const auto openAgain = [&](const char* contents) {
+        write(path("a.sq"), contents);
+        m_commands.openPath(path("a.sq"));
+    };
     const struct {
         const char* name;
         std::function<void()> meanwhile;
-        bool asked;
+        const char* asked;
     } cases[] = {
-        {"nothing", [] {}, false},
-        {"changed, with the same size and time", replace, true},
-        {"deleted", [&] { fs::remove(file); }, false},
-        {"replaced by a folder", [&] { fs::remove(file) && fs::create_directory(file); }, true},
+        {"nothing", [] {}, nullptr},
+        {"changed, with the same size and time", replace, "was changed by another program"},
+        {"deleted", [&] { fs::remove(file); }, nullptr},
+        {"replaced by a folder", [&] { fs::remove(file) && fs::create_directory(file); },
+         "a.sq cannot be read any more (Is a directory)."},
+        {"opened again, now without a program", [&] { openAgain("<settings/>"); },
+         "not the one that was opened from a.sq"},
     };
     for (const auto& test : cases) {
         SCOPED_TRACE(test.name);
@@ -153,8 +160,9 @@ TEST_F(DocumentCommandsTest, fileChangedOnDiskIsNotOverwrittenUnasked) {
         m_prompts.confirmations = {false};
         m_commands.saveDocument();
         EXPECT_EQ(m_prompts.asked.size(), test.asked ? 1 : 0);
-        EXPECT_EQ(m_data.isDirty(), test.asked);
-        EXPECT_EQ(read(path("a.sq")) == found, test.asked);
+        EXPECT_TRUE(m_prompts.asked.value(0).contains(QLatin1String(test.asked)));
+        EXPECT_EQ(m_data.isDirty(), test.asked != nullptr);
+        EXPECT_EQ(read(path("a.sq")) == found, test.asked != nullptr);
         m_data.setIsDirty(false);
     }
 }

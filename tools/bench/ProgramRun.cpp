@@ -10,7 +10,6 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
-#include <cstdlib>
 #include <ctime>
 #include <filesystem>
 #include <fstream>

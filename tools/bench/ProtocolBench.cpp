@@ -9,7 +9,6 @@
 
 #include <benchmark/benchmark.h>
 
-#include <functional>
 #include <numeric>
 #include <random>
 

@@ -72,7 +72,7 @@ void ChildProgram::start(const QStringList& commandLine) {
     m_process.setChildProcessModifier([parent = getpid()] {
         const sigset_t blocked = passedOn();
         pthread_sigmask(SIG_UNBLOCK, &blocked, nullptr);
-        // Even when the simulator is killed outright.
+        // The program ends with the simulator even when that is killed outright.
         prctl(PR_SET_PDEATHSIG, SIGKILL);
         if (getppid() != parent)
             _exit(127);

@@ -4,8 +4,6 @@
 #include <QProcess>
 #include <QStringList>
 
-class QSocketNotifier;
-
 /// The program that the simulator was started for. It has the simulator's terminal, receives the
 /// signals that the simulator receives, and never outlives it.
 class ChildProgram : public QObject {

@@ -15,19 +15,13 @@ struct Topic {
 
 constexpr std::array topics{
     Topic{1, "CmdGetVersion", "CmdGetVersion", "AnswerVersion"},
-    Topic{3, "CmdGetProductInfo", "CmdGetProductInfo", "AnswerProductInfo"},
-    Topic{32, "CmdGetDebugInfo", "CmdGetDebugInfo", "AnswerDebugInfo"},
-    Topic{34, "CmdSetDebugTxRxDALI", "CmdSetDebugTxRxDALI", "AnswerDebugTxRxDALI"},
     Topic{40, "CmdGetTime", "CmdSetTime", "AnswerTime"},
     Topic{42, "CmdGetDeviceMode", "CmdSetDeviceMode", "AnswerDeviceMode"},
     Topic{44, "CmdSetSequenceData", "CmdSetSequenceData", "AnswerSequenceData"},
     Topic{46, "CmdGetSequenceDataInfo", "CmdGetSequenceData", "AnswerSequenceData"},
-    Topic{48, "CmdGetDemoModeTransmitBuffer", "CmdSetDemoModeLevels", "AnswerDemoMode"},
+    Topic{48, "CmdSetDemoModeLevels", "CmdSetDemoModeLevels", "AnswerDemoMode"},
     Topic{50, "CmdGetTaskMode", "CmdSetTaskMode", "AnswerTaskMode"},
-    Topic{52, "CmdGetAnalogMode", "CmdSetAnalogMode", "AnswerAnalogMode"},
-    Topic{54, "CmdGetDeviceSettings", "CmdSetDeviceSettings", "AnswerDeviceSettings"},
     Topic{70, "CmdGetRTC", "CmdSetRTC", "AnswerRTC"},
-    Topic{72, "CmdGetBufferInfo", "CmdGetBufferInfo", "AnswerBufferInfo"},
     Topic{74, "CmdGetDaylightInfo", "CmdSetDaylightInfo", "AnswerDaylightInfo"},
 };
 
@@ -45,8 +39,6 @@ std::string commandName(std::uint8_t number, std::size_t payloadLength, std::uin
 std::string answerName(std::uint8_t number, std::size_t payloadLength) {
     if (number == 47 && payloadLength == 3)
         return "AnswerSequenceDataInfo";
-    if (number == 49 && payloadLength == 1)
-        return "AnswerDemoModeTransmitBuffer";
     const auto command = static_cast<std::uint8_t>(number - 1U);
     const auto found = std::ranges::find(topics, command, &Topic::command);
     return found == topics.end() ? "Answer" + std::to_string(number) : std::string(found->answer);

@@ -3,15 +3,16 @@
 #include <QString>
 #include <QStringList>
 
+#include <string>
+
 class SimulatedDevices;
-class WireLog;
 struct SimulatedDevice;
 
 /// Executes the commands that a test or a person gives a running simulator, one line of text each.
 class ControlCommands {
 public:
-    /// Devices and log must outlive it.
-    ControlCommands(SimulatedDevices& devices, WireLog& log) : m_devices(devices), m_log(log) {}
+    /// The devices must outlive it.
+    explicit ControlCommands(SimulatedDevices& devices) : m_devices(devices) {}
 
     /// The reply, one line: "ok", a JSON object, or "error: " and the reason.
     QString execute(const QString& line);
@@ -21,12 +22,12 @@ public:
 private:
     /// Each throws std::runtime_error when the arguments are wrong.
     QString run(QStringList words);
-    QString runOnDevice(const QString& verb, const QStringList& arguments, SimulatedDevice& device);
-    void plug(const QStringList& arguments);
-    void editController(const QString& verb, const QStringList& arguments, SimulatedDevice& device);
+    SimulatedDevice& device(const std::string& name);
+    void plug(const std::string& name);
+    void changeController(const QString& verb, const QStringList& arguments,
+                          SimulatedDevice& device);
     QString status() const;
 
     SimulatedDevices& m_devices;
-    WireLog& m_log;
     qint64 m_programId = 0;
 };

@@ -33,9 +33,8 @@ QString ControlServer::tell(const QString& path, const QString& line) {
     QLocalSocket socket;
     socket.connectToServer(path);
     socket.write(line.toUtf8() + '\n');
-    while (!socket.canReadLine()) {
+    while (!socket.canReadLine())
         if (!socket.waitForReadyRead(replyTimeout))
             return QStringLiteral("error: ") + socket.errorString();
-    }
     return QString::fromUtf8(socket.readLine()).trimmed();
 }

@@ -40,8 +40,6 @@ public:
     void receive(std::span<const std::uint8_t> bytes);
     /// Bytes that nobody asked for, behind those already on their way.
     void send(const Bytes& bytes, const std::string& label);
-    /// A power failure of a moment: what is on its way is lost, and nothing is heard for this long.
-    void reset(std::chrono::milliseconds deafFor);
     /// Delivers and executes what is due by now, without waiting for the event loop.
     void catchUp() { work(); }
     const std::string& name() const { return m_name; }

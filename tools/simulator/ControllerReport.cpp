@@ -40,18 +40,8 @@ QString clockText(const ClockFields& f) {
 } // namespace
 
 QJsonObject reportOf(SimulatedController& controller) {
-    const ControllerConfig& config = controller.config();
     const ControllerState& state = controller.state();
-    QJsonObject commands;
-    for (const auto& [name, count] : controller.commandCounts())
-        commands[QString::fromStdString(name)] = count;
     return {
-        {QStringLiteral("channelCount"), config.channels},
-        {QStringLiteral("maxPoints"), config.maxPoints},
-        {QStringLiteral("firmware"), QStringLiteral("%1.%2.%3")
-                                         .arg(config.versionMajor)
-                                         .arg(config.versionMinor)
-                                         .arg(config.build)},
         {QStringLiteral("channels"), channels(state)},
         {QStringLiteral("taskLight"),
          QJsonObject{{QStringLiteral("minutes"), state.taskLight.minutes},
@@ -65,7 +55,5 @@ QJsonObject reportOf(SimulatedController& controller) {
         {QStringLiteral("daylight"),
          QJsonObject{{QStringLiteral("flags"), state.daylight.flags},
                      {QStringLiteral("utcOffset"), state.daylight.utcOffset}}},
-        {QStringLiteral("commands"), commands},
-        {QStringLiteral("noiseBytes"), controller.noiseBytes()},
     };
 }

@@ -107,21 +107,6 @@ std::optional<Fault> Fault::parse(std::string_view text, std::string* error) {
     return fault;
 }
 
-std::string Fault::toString() const {
-    std::string text(infoOf(kind).name);
-    if (value)
-        text.append(1, '=').append(std::to_string(*value));
-    if (command)
-        text.append(1, '#').append(std::to_string(*command));
-    const bool open = last == std::numeric_limits<int>::max();
-    if (first == 1 && open)
-        return text;
-    text.append(1, '@').append(std::to_string(first));
-    if (last != first)
-        text.append("..").append(open ? std::string() : std::to_string(last));
-    return text;
-}
-
 int Fault::defaultValue(Kind kind) {
     return infoOf(kind).defaultValue;
 }

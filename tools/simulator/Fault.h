@@ -47,7 +47,6 @@ struct Fault {
 
     /// None when the text is not of the form above; `error` then says why in one line.
     static std::optional<Fault> parse(std::string_view text, std::string* error = nullptr);
-    std::string toString() const;
 
     static int defaultValue(Kind kind);
     int amount() const { return value.value_or(defaultValue(kind)); }

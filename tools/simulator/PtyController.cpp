@@ -1,6 +1,5 @@
 #include "simulator/PtyController.h"
 
-#include <QPointer>
 #include <QSocketNotifier>
 
 #include <sys/inotify.h>

@@ -11,12 +11,11 @@
 namespace {
 
 constexpr std::uint8_t demoBit = 0x80;
-constexpr std::uint8_t taskBit = 0x40;
 constexpr std::uint8_t programBit = 0x01;
-
-std::uint16_t littleEndian(std::span<const std::uint8_t> bytes) {
-    return static_cast<std::uint16_t>(bytes[0] | (bytes[1] << 8U));
-}
+/// An enabled demo mode ends by itself after this long without a demo command.
+constexpr std::chrono::seconds demoTimeout{60};
+/// What is left of a command that stops arriving is thrown away after this pause.
+constexpr std::chrono::milliseconds receiveGap{50};
 
 bool isSound(std::span<const std::uint8_t> frame) {
     std::uint8_t sum = 0;
@@ -89,11 +88,10 @@ SimulatedController::receive(std::span<const std::uint8_t> bytes) {
             result.emplace_back();
         result.back().bytes.insert(result.back().bytes.end(), m_received.begin(), end);
         m_received.erase(m_received.begin(), end);
-        m_noiseBytes += static_cast<int>(count);
     };
 
     const Instant now = m_clock();
-    if (now - m_lastByteAt > m_config.receiveGap)
+    if (now - m_lastByteAt > receiveGap)
         noise(m_received.size());
     m_lastByteAt = now;
     m_received.insert(m_received.end(), bytes.begin(), bytes.end());
@@ -125,20 +123,10 @@ SimulatedController::receive(std::span<const std::uint8_t> bytes) {
 SimulatedController::Handler SimulatedController::handlerFor(std::uint8_t number) {
     using C = SimulatedController;
     static const std::map<std::uint8_t, Handler> handlers{
-        {1, &C::version},
-        {3, &C::productInfo},
-        {32, &C::debugInfo},
-        {34, &C::debugDali},
-        {40, &C::time},
-        {42, &C::deviceMode},
-        {44, &C::setSequenceData},
-        {46, &C::getSequenceData},
-        {48, &C::demoMode},
-        {50, &C::taskMode},
-        {52, &C::analogMode},
-        {54, &C::deviceSettings},
-        {70, &C::rtc},
-        {72, &C::bufferInfo},
+        {1, &C::version},          {40, &C::time},
+        {42, &C::deviceMode},      {44, &C::setSequenceData},
+        {46, &C::getSequenceData}, {48, &C::demoMode},
+        {50, &C::taskMode},        {70, &C::rtc},
         {74, &C::daylightInfo},
     };
     const auto found = handlers.find(number);
@@ -157,7 +145,6 @@ std::optional<YMessage> SimulatedController::execute(const YMessage& command) {
 void SimulatedController::reset() {
     m_received.clear();
     m_state.demoActive = false;
-    m_state.taskActive = false;
     m_state.demoLevels = {0, 0};
 }
 
@@ -167,7 +154,7 @@ const ControllerState& SimulatedController::state() {
 }
 
 void SimulatedController::endOverdueDemo() {
-    if (m_state.demoActive && m_clock() - m_lastDemoCommandAt > m_config.demoTimeout)
+    if (m_state.demoActive && m_clock() - m_lastDemoCommandAt > demoTimeout)
         m_state.demoActive = false;
 }
 
@@ -175,8 +162,6 @@ std::array<std::uint8_t, 2> SimulatedController::lampLevels() {
     endOverdueDemo();
     if (m_state.demoActive)
         return m_state.demoLevels;
-    if (m_state.taskActive)
-        return m_state.taskLight.levels;
     if (m_state.sequence.size() < 2)
         return {0, 0};
     const double minute = m_state.clock.minuteOfDay(m_clock());
@@ -189,42 +174,8 @@ bool SimulatedController::hasChannel(std::uint8_t channel) const {
 
 bool SimulatedController::version(Payload payload, YBufferWriter& answer) {
     answer.writeUInt8(m_config.versionMajor).writeUInt8(m_config.versionMinor);
-    answer.writeUInt8(m_config.build);
-    if (m_config.deviceType)
-        answer.writeUInt8(*m_config.deviceType);
+    answer.writeUInt8(m_config.build).writeUInt8(m_config.deviceType);
     return payload.empty();
-}
-
-bool SimulatedController::productInfo(Payload payload, YBufferWriter& answer) {
-    answer.writeUInt8(m_config.productionWeek).writeUInt8(m_config.productionYear);
-    answer.writeUInt8(m_config.pcbVersion).writeUInt8(m_config.assemblyVersion);
-    answer.writeUInt32(m_config.serialNumber);
-    return payload.empty();
-}
-
-bool SimulatedController::debugInfo(Payload payload, YBufferWriter& answer) {
-    const ClockFields now = clockNow();
-    answer.writeUInt8(0);
-    for (const int value : {2048, 100, 120, 2500, 122, 146}) // digits, then millivolts
-        answer.writeUInt16(static_cast<std::uint16_t>(value));
-    answer.writeUInt8(now.second).writeUInt8(now.minute).writeUInt8(now.hour);
-    answer.writeUInt8(now.day).writeUInt8(now.month).writeUInt8(now.year);
-    const std::chrono::year year{2000 + now.year};
-    const std::chrono::year_month_day date{year, std::chrono::month{now.month},
-                                           std::chrono::day{now.day}};
-    const unsigned weekDay =
-        date.ok() ? std::chrono::weekday{std::chrono::sys_days{date}}.c_encoding() : 0U;
-    answer.writeUInt8(static_cast<std::uint8_t>(weekDay));
-    answer.writeUInt8(year.is_leap() ? 1 : 0);
-    for (const int value : {10, 0, 122, 146})
-        answer.writeUInt16(static_cast<std::uint16_t>(value));
-    answer.writeUInt16(static_cast<std::uint16_t>(m_config.demoTimeout.count()));
-    return payload.empty();
-}
-
-bool SimulatedController::debugDali(Payload payload, YBufferWriter& answer) {
-    answer.writeUInt8(0).writeUInt8(0xff);
-    return payload.size() == 2;
 }
 
 bool SimulatedController::time(Payload payload, YBufferWriter& answer) {
@@ -245,7 +196,6 @@ void SimulatedController::writeModeAndLevels(YBufferWriter& answer) {
     unsigned mode = 0;
     mode |= m_state.programMode ? programBit : 0U;
     mode |= m_state.demoActive ? demoBit : 0U;
-    mode |= m_state.taskActive ? taskBit : 0U;
     answer.writeUInt8(static_cast<std::uint8_t>(mode)).writeBytes(lampLevels());
 }
 
@@ -267,10 +217,9 @@ bool SimulatedController::setSequenceData(Payload payload, YBufferWriter& answer
         return false;
     auto& entries = m_state.sequence[payload[0]];
     entries.clear();
-    for (auto rest = payload.subspan(1); rest.size() >= 3; rest = rest.subspan(3)) {
+    for (auto rest = payload.subspan(1); rest.size() >= 3; rest = rest.subspan(3))
         if (static_cast<int>(entries.size()) < m_config.maxPoints)
             entries.push_back({rest[0], rest[1], rest[2]});
-    }
     writeSequence(payload[0], answer);
     return true;
 }
@@ -288,10 +237,6 @@ bool SimulatedController::getSequenceData(Payload payload, YBufferWriter& answer
 }
 
 bool SimulatedController::demoMode(Payload payload, YBufferWriter& answer) {
-    if (payload.empty()) {
-        answer.writeUInt8(m_config.bufferSize);
-        return true;
-    }
     if (payload.size() != 1 && payload.size() != 3)
         return false;
     m_state.demoActive = payload[0] != 0;
@@ -314,32 +259,6 @@ bool SimulatedController::taskMode(Payload payload, YBufferWriter& answer) {
     return payload.empty() || payload.size() == 4;
 }
 
-bool SimulatedController::analogMode(Payload payload, YBufferWriter& answer) {
-    AnalogMode& analog = m_state.analog;
-    if (payload.size() == 12) {
-        analog.fadeTime = payload[0];
-        analog.minLevel = payload[1];
-        analog.maxLevel = payload[2];
-        analog.flags = payload[3];
-        for (std::size_t i = 0; i < analog.millivolts.size(); ++i)
-            analog.millivolts[i] = littleEndian(payload.subspan(4 + 2 * i, 2));
-    }
-    answer.writeUInt8(analog.fadeTime).writeUInt8(analog.minLevel);
-    answer.writeUInt8(analog.maxLevel).writeUInt8(analog.flags);
-    for (const std::uint16_t value : analog.millivolts)
-        answer.writeUInt16(value);
-    return payload.empty() || payload.size() == 12;
-}
-
-bool SimulatedController::deviceSettings(Payload payload, YBufferWriter& answer) {
-    DeviceSettings& settings = m_state.settings;
-    if (payload.size() == 4)
-        settings = {{payload[0], payload[1]}, payload[2], payload[3]};
-    answer.writeBytes(settings.addresses);
-    answer.writeUInt8(settings.sequenceFadeTime).writeUInt8(settings.minOnOutLevel);
-    return payload.empty() || payload.size() == 4;
-}
-
 bool SimulatedController::rtc(Payload payload, YBufferWriter& answer) {
     if (payload.size() == 6)
         setClock({payload[0], payload[1], payload[2], payload[3], payload[4], payload[5]});
@@ -348,11 +267,6 @@ bool SimulatedController::rtc(Payload payload, YBufferWriter& answer) {
          {now.second, now.minute, now.hour, now.day, now.month, now.year})
         answer.writeUInt8(field);
     return payload.empty() || payload.size() == 6;
-}
-
-bool SimulatedController::bufferInfo(Payload payload, YBufferWriter& answer) {
-    answer.writeUInt8(m_config.bufferSize).writeUInt8(m_config.bufferSize);
-    return payload.empty();
 }
 
 bool SimulatedController::daylightInfo(Payload payload, YBufferWriter& answer) {

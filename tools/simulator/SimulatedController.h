@@ -54,13 +54,12 @@ public:
     ControllerState& editState() { return m_state; }
     ClockFields clockNow() const { return m_state.clock.at(m_clock()); }
     void setClock(const ClockFields& fields) { m_state.clock.set(fields, m_clock()); }
-    /// The levels of the first two channels that the lamp shows now: of the demo mode, the task
-    /// light or the stored program, in this order.
+    /// The levels of the first two channels that the lamp shows now: of the demo mode or else the
+    /// stored program.
     std::array<std::uint8_t, 2> lampLevels();
 
     /// How often each command arrived, by its name.
     const std::map<std::string, int>& commandCounts() const { return m_commandCounts; }
-    int noiseBytes() const { return m_noiseBytes; }
 
 private:
     using Payload = std::span<const std::uint8_t>;
@@ -69,19 +68,13 @@ private:
     static Handler handlerFor(std::uint8_t number);
 
     bool version(Payload payload, YBufferWriter& answer);
-    bool productInfo(Payload payload, YBufferWriter& answer);
-    bool debugInfo(Payload payload, YBufferWriter& answer);
-    bool debugDali(Payload payload, YBufferWriter& answer);
     bool time(Payload payload, YBufferWriter& answer);
     bool deviceMode(Payload payload, YBufferWriter& answer);
     bool setSequenceData(Payload payload, YBufferWriter& answer);
     bool getSequenceData(Payload payload, YBufferWriter& answer);
     bool demoMode(Payload payload, YBufferWriter& answer);
     bool taskMode(Payload payload, YBufferWriter& answer);
-    bool analogMode(Payload payload, YBufferWriter& answer);
-    bool deviceSettings(Payload payload, YBufferWriter& answer);
     bool rtc(Payload payload, YBufferWriter& answer);
-    bool bufferInfo(Payload payload, YBufferWriter& answer);
     bool daylightInfo(Payload payload, YBufferWriter& answer);
 
     void writeModeAndLevels(YBufferWriter& answer);
@@ -97,5 +90,4 @@ private:
     Instant m_lastByteAt{0};
     Instant m_lastDemoCommandAt{0};
     std::map<std::string, int> m_commandCounts;
-    int m_noiseBytes = 0;
 };

@@ -4,9 +4,9 @@
 
 #include <stdexcept>
 
-SimulatedDevice& SimulatedDevices::addController(const ControllerConfig& config, UsbIdentity usb,
+SimulatedDevice& SimulatedDevices::addController(const ControllerConfig& config,
                                                  const std::string& name) {
-    SimulatedDevice& device = addForeign(usb, name);
+    SimulatedDevice& device = addForeign(aquelonUsbIdentity, name);
     device.controller = std::make_unique<SimulatedController>(config);
     return device;
 }
@@ -22,10 +22,9 @@ SimulatedDevice& SimulatedDevices::addForeign(std::optional<UsbIdentity> usb,
 
 SimulatedDevice* SimulatedDevices::find(const std::string& name) const {
     for (const bool plugged : {true, false}) {
-        for (const auto& device : m_devices) {
+        for (const auto& device : m_devices)
             if (device->isPlugged() == plugged && (name.empty() || device->name == name))
                 return device.get();
-        }
     }
     return nullptr;
 }
@@ -57,7 +56,7 @@ void SimulatedDevices::plugAgain(SimulatedDevice& device) {
     }
 }
 
-// As with a real adapter the program's open tty is hung up and the system's event comes at once.
+// As with a real adapter, the program's open tty is hung up, and the system's event comes at once.
 void SimulatedDevices::unplug(SimulatedDevice& device) {
     if (!device.isPlugged())
         return;

@@ -34,8 +34,7 @@ public:
     SimulatedDevices(MockBus& bus, WireLog& log, bool paced)
         : m_bus(bus), m_log(log), m_paced(paced) {}
 
-    SimulatedDevice& addController(const ControllerConfig& config, UsbIdentity usb,
-                                   const std::string& name);
+    SimulatedDevice& addController(const ControllerConfig& config, const std::string& name);
     SimulatedDevice& addForeign(std::optional<UsbIdentity> usb, const std::string& name);
 
     const std::vector<std::unique_ptr<SimulatedDevice>>& all() const { return m_devices; }

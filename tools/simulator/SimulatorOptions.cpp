@@ -18,19 +18,14 @@ const auto description = QStringLiteral(
     "%1\n"
     "Commands for --control, one a line, each answered by one line:\n"
     "  status                    everything the controllers store and do, as JSON\n"
-    "  plug [NAME] [DEVICE]      plug a device in, DEVICE counted from 0\n"
+    "  plug [NAME]               plug a device in, as /dev/NAME\n"
     "  unplug [NAME]             pull the cable\n"
     "  hangup [NAME]             the tty ends, without a word from the USB bus\n"
     "  vanish [NAME]             the USB bus reports a removal, the tty stays\n"
-    "  fault FAULT | faults off  add a fault, counting from now | end all faults\n"
-    "  unasked NUMBER            an answer that nobody asked for\n"
-    "  noise COUNT               stray bytes\n"
-    "  reset MILLISECONDS        restart the controller, deaf for so long\n"
+    "  fault FAULT | fault off   add a fault, counting from now | end all faults\n"
     "  clock SEC MIN HOUR DAY MONTH YEAR-2000     set its clock, possible or not\n"
-    "  sequence CHANNEL [HH:MM=LEVEL ...]         replace a channel's program\n"
-    "  task-light MIN SEC LEVEL LEVEL             replace its task light\n"
-    "  note TEXT                 write a line into the log\n"
-    "They hold for the first controller; 'on NAME COMMAND' is for another one.");
+    "  forget                    lose the stored program\n"
+    "Without a NAME they hold for the first device.");
 
 [[noreturn]] void refuse(const QString& text) {
     std::fprintf(stderr, "aquelon-simulator: %s\nTry --help.\n", qPrintable(text));
@@ -49,19 +44,15 @@ void addOptions(QCommandLineParser& parser) {
         option("channels", s("Output channels."), "N", s("2")),
         option("points", s("Most entries per channel."), "N", s("20")),
         option("firmware", s("Version."), "1.4[.17]", s("1.4.17")),
-        option("device-type", s("Type number; 'none' leaves it out."), "N", s("1")),
         option("entry-size", s("Size of an entry that it reports."), "N", s("3")),
         option("empty-program", s("Start with nothing stored.")),
         option("devices", s("Number of controllers."), "N", s("1")),
         option("no-device", s("The controllers are not plugged in at the start.")),
         option("foreign", s("Plug in another USB serial device as well.")),
         option("builtin", s("Add a serial port with no USB device behind it.")),
-        option("usb-id", s("The controllers' USB numbers."), "VENDOR:PRODUCT", s("7a51:0c24")),
         option("name", s("Port of the first controller. Usual: the first free ttyUSB."), "NAME"),
         option("pace", s("Bytes take their time as at 115200 baud.")),
         option("fault", s("A fault of the line; can be repeated."), "FAULT"),
-        option("unplug-at", s("Pull the cable after T seconds; can be repeated."), "T[:NAME]"),
-        option("plug-at", s("Plug it in after T seconds; can be repeated."), "T[:NAME]"),
         option("log", s("Write all traffic to FILE, - for the standard output."), "FILE"),
         option("control", s("Take commands from a socket at PATH."), "PATH"),
         option("tell",
@@ -99,31 +90,6 @@ void readFirmware(const QString& text, ControllerConfig& config) {
                    .arg(text));
 }
 
-UsbIdentity readUsbIdentity(const QString& text) {
-    const QStringList parts = text.split(QLatin1Char(':'));
-    bool vendorOk = false;
-    bool productOk = false;
-    UsbIdentity usb{parts.first().toInt(&vendorOk, 16), parts.last().toInt(&productOk, 16)};
-    if (parts.size() != 2 || !vendorOk || !productOk)
-        refuse(QStringLiteral("--usb-id takes VENDOR:PRODUCT in hexadecimal, not '%1'").arg(text));
-    return usb;
-}
-
-void readPluggings(const QCommandLineParser& parser, SimulatorOptions& options) {
-    for (const bool in : {false, true}) {
-        const auto texts =
-            parser.values(in ? QLatin1String("plug-at") : QLatin1String("unplug-at"));
-        for (const QString& text : texts) {
-            bool ok = false;
-            const double seconds = text.section(QLatin1Char(':'), 0, 0).toDouble(&ok);
-            if (!ok || seconds < 0)
-                refuse(QStringLiteral("not a time in seconds: '%1'").arg(text));
-            const std::chrono::milliseconds at(static_cast<std::int64_t>(seconds * 1000));
-            options.pluggings.push_back({at, in, text.section(QLatin1Char(':'), 1).toStdString()});
-        }
-    }
-}
-
 void readFaults(const QCommandLineParser& parser, SimulatorOptions& options) {
     for (const QString& text : parser.values(QLatin1String("fault"))) {
         std::string error;
@@ -149,21 +115,16 @@ SimulatorOptions SimulatorOptions::parse(const QStringList& arguments) {
     controller.entrySize = number(parser, "entry-size", 255);
     controller.factoryProgram = !parser.isSet(QLatin1String("empty-program"));
     readFirmware(parser.value(QLatin1String("firmware")), controller);
-    controller.deviceType.reset();
-    if (parser.value(QLatin1String("device-type")) != QLatin1String("none"))
-        controller.deviceType = static_cast<std::uint8_t>(number(parser, "device-type", 255));
 
     options.devices = number(parser, "devices", 16);
     options.pluggedAtStart = !parser.isSet(QLatin1String("no-device"));
     options.foreign = parser.isSet(QLatin1String("foreign"));
     options.builtin = parser.isSet(QLatin1String("builtin"));
-    options.usb = readUsbIdentity(parser.value(QLatin1String("usb-id")));
     options.name = parser.value(QLatin1String("name")).toStdString();
     options.paced = parser.isSet(QLatin1String("pace"));
     options.logFile = parser.value(QLatin1String("log")).toStdString();
     options.controlPath = parser.value(QLatin1String("control")).toStdString();
     readFaults(parser, options);
-    readPluggings(parser, options);
 
     options.program = parser.positionalArguments();
     if (parser.isSet(QLatin1String("tell"))) {

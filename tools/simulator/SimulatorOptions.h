@@ -2,37 +2,25 @@
 
 #include "simulator/ControllerConfig.h"
 #include "simulator/Fault.h"
-#include "yprotocoll/link/SerialPort.h"
 
 #include <QStringList>
 
-#include <chrono>
-#include <optional>
 #include <string>
 #include <vector>
 
 /// What a person asked `aquelon-simulator` for.
 struct SimulatorOptions {
-    /// The cable of one device is pulled or plugged in at a time after the program's start.
-    struct Plugging {
-        std::chrono::milliseconds at{0};
-        bool in = false;
-        std::string name; ///< empty: the first device that can be
-    };
-
     ControllerConfig controller;
     int devices = 1;
     bool pluggedAtStart = true; ///< holds for the controllers, not for foreign devices
     bool foreign = false;       ///< another maker's USB serial device is plugged in too
     bool builtin = false;       ///< and a port with no USB device behind it
-    UsbIdentity usb = aquelonUsbIdentity;
     std::string name; ///< of the first controller; the others count on from it; empty: a free one
     bool paced = false;
     std::vector<Fault> faults; ///< of every controller
-    std::vector<Plugging> pluggings;
-    std::string logFile;     ///< empty: no log; "-": standard output
-    std::string controlPath; ///< empty: no control socket
-    QStringList program;     ///< with its arguments
+    std::string logFile;       ///< empty: no log; "-": standard output
+    std::string controlPath;   ///< empty: no control socket
+    QStringList program;       ///< with its arguments
 
     QStringList tell; ///< not empty: only hand this command to the simulator at `controlPath`
 

@@ -6,7 +6,6 @@
 
 #include <QCoreApplication>
 #include <QLockFile>
-#include <QTimer>
 
 #include <unistd.h>
 
@@ -80,7 +79,7 @@ std::string freeName(int count) {
 void addDevices(SimulatedDevices& devices, const SimulatorOptions& options) {
     const std::string first = options.name.empty() ? freeName(options.devices) : options.name;
     for (int i = 0; i < options.devices; ++i) {
-        auto& device = devices.addController(options.controller, options.usb, nameOf(first, i));
+        auto& device = devices.addController(options.controller, nameOf(first, i));
         for (const Fault& fault : options.faults)
             device.faults.add(fault);
         if (options.pluggedAtStart)
@@ -92,19 +91,6 @@ void addDevices(SimulatedDevices& devices, const SimulatorOptions& options) {
         devices.plug(devices.addForeign(std::nullopt, "ttyS0"));
 }
 
-void scheduleCables(ControlCommands& commands, const SimulatorOptions& options, QObject* context) {
-    for (const auto& plugging : options.pluggings) {
-        const QString line = QLatin1String(plugging.in ? "plug " : "unplug ") +
-                             QString::fromStdString(plugging.name);
-        QTimer::singleShot(plugging.at, Qt::PreciseTimer, context, [&commands, line] {
-            const QString reply = commands.execute(line);
-            if (reply != QLatin1String("ok"))
-                std::fprintf(stderr, "aquelon-simulator: %s: %s\n", qPrintable(line),
-                             qPrintable(reply));
-        });
-    }
-}
-
 int run(const SimulatorOptions& options) {
     WireLog log = options.logFile.empty() ? WireLog() : WireLog(options.logFile);
     log.setKeepEvents(false);
@@ -112,7 +98,7 @@ int run(const SimulatorOptions& options) {
     MockBus bus;
     SimulatedDevices devices(bus, log, options.paced);
     addDevices(devices, options);
-    ControlCommands commands(devices, log);
+    ControlCommands commands(devices);
     ControlServer server([&](const QString& line) { return commands.execute(line); });
     if (!options.controlPath.empty() && !server.listen(QString::fromStdString(options.controlPath)))
         return fail(options.controlPath + ": " + server.errorString().toStdString());
@@ -122,7 +108,6 @@ int run(const SimulatorOptions& options) {
                      Qt::QueuedConnection);
     child.start(options.program);
     commands.setProgramId(child.processId());
-    scheduleCables(commands, options, &child);
     return QCoreApplication::exec();
 }
 

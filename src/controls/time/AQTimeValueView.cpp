@@ -25,8 +25,8 @@ AQTimeValueView::AQTimeValueView(std::unique_ptr<const TimeFormat> format, QWidg
 }
 
 AQTimeValueView::~AQTimeValueView() {
-    // Left to QWidget's destructor, the field would lose its focus and commit its draft to what is
-    // no value view any more.
+    // QWidget's destructor would delete it too late: the field, losing its focus, would commit its
+    // draft to an object that is no value view any more.
     delete m_field;
 }
 
@@ -43,9 +43,8 @@ QVariant AQTimeValueView::objectValue() const {
 }
 
 void AQTimeValueView::setObjectValue(const QVariant& object) {
-    if (object.metaType() == QMetaType::fromType<AQTime>()) {
+    if (object.metaType() == QMetaType::fromType<AQTime>())
         setTime(object.value<AQTime>());
-    }
 }
 
 void AQTimeValueView::setRefusalText(const QString& text) {
@@ -58,22 +57,19 @@ bool AQTimeValueView::showsRefusal() const {
 
 bool AQTimeValueView::takeFromPerson(const AQTime& time) {
     const QVariant object = QVariant::fromValue(time);
-    if (!askDelegate(object)) {
+    if (!askDelegate(object))
         return false;
-    }
     const QPointer<AQTimeValueView> alive(this);
     m_field->setTime(time);
     reportChange(object);
-    if (alive) {
+    if (alive)
         Q_EMIT timeChanged(time);
-    }
     return true;
 }
 
 bool AQTimeValueView::event(QEvent* event) {
-    if (event->type() == QEvent::Show || event->type() == QEvent::Polish) {
+    if (event->type() == QEvent::Show || event->type() == QEvent::Polish)
         passNamesOn();
-    }
     return AQValueView::event(event);
 }
 

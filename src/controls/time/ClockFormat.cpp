@@ -35,20 +35,17 @@ std::optional<AQTime> ClockFormat::parse(const QString& text) const {
         QStringLiteral("^([0-9]{1,2})\\s*[:.,hH ]\\s*([0-9]{0,2})$"));
     static const QRegularExpression digits(QStringLiteral("^[0-9]{1,4}$"));
     const QString typed = text.trimmed();
-    if (const auto match = separated.match(typed); match.hasMatch()) {
+    if (const auto match = separated.match(typed); match.hasMatch())
         return checked(match.captured(1).toInt(), match.captured(2).toInt());
-    }
-    if (!digits.match(typed).hasMatch()) {
+    if (!digits.match(typed).hasMatch())
         return std::nullopt;
-    }
     const int number = typed.toInt();
     return typed.size() <= 2 ? checked(number, 0) : checked(number / 100, number % 100);
 }
 
 AQTime ClockFormat::stepped(const AQTime& time, int section, int steps) const {
-    if (section == 0) {
+    if (section == 0)
         return {wrapped(time.hour + steps, hoursPerDay), time.minute, 0};
-    }
     return {time.hour, wrapped(time.minute + steps, AQTime::minutesPerHour), 0};
 }
 

@@ -56,12 +56,10 @@ std::optional<AQTime> DurationFormat::parse(const QString& text) const {
                    ? checked(match.captured(1).toInt() * secondsPerMinute + seconds)
                    : std::nullopt;
     }
-    if (const auto match = minutesOnly.match(typed); match.hasMatch()) {
+    if (const auto match = minutesOnly.match(typed); match.hasMatch())
         return checked(match.captured(1).toInt() * secondsPerMinute);
-    }
-    if (const auto match = secondsOnly.match(typed); match.hasMatch()) {
+    if (const auto match = secondsOnly.match(typed); match.hasMatch())
         return checked(match.captured(1).toInt());
-    }
     return std::nullopt;
 }
 

@@ -34,16 +34,14 @@ TimeField::TimeField(std::unique_ptr<const TimeFormat> format, Offer offer, QWid
 }
 
 void TimeField::setTime(const AQTime& time) {
-    if (time == m_time) {
+    if (time == m_time)
         return;
-    }
     const int index = currentSection();
     const bool isPartSelected = lineEdit()->selectedText() != lineEdit()->text();
     m_time = time;
     showTime();
-    if (hasFocus()) {
+    if (hasFocus())
         isPartSelected ? selectSection(index) : selectAll();
-    }
 }
 
 void TimeField::showTime() {
@@ -81,12 +79,10 @@ TimeField::Section TimeField::section(int index) const {
     for (int run = 0;; ++run) {
         from = std::find_if(from, text.end(), isDigit);
         const auto to = std::find_if_not(from, text.end(), isDigit);
-        if (from == to) {
+        if (from == to)
             return {-1, 0};
-        }
-        if (run == index) {
+        if (run == index)
             return {static_cast<int>(from - text.begin()), static_cast<int>(to - from)};
-        }
         from = to;
     }
 }
@@ -100,9 +96,8 @@ int TimeField::currentSection() const {
 
 void TimeField::selectSection(int index) {
     const Section place = section(index);
-    if (place.start >= 0) {
+    if (place.start >= 0)
         lineEdit()->setSelection(place.start, place.length);
-    }
 }
 
 void TimeField::stepBy(int steps) {
@@ -110,9 +105,8 @@ void TimeField::stepBy(int steps) {
     const AQTime base = hasDraft() ? m_format->parse(lineEdit()->text()).value_or(m_time) : m_time;
     const QPointer<TimeField> alive(this);
     offerTime(m_format->stepped(base, index, steps));
-    if (alive) {
+    if (alive)
         selectSection(index);
-    }
 }
 
 bool TimeField::hasDraft() const {
@@ -120,12 +114,10 @@ bool TimeField::hasDraft() const {
 }
 
 bool TimeField::commitDraft() {
-    if (!hasDraft()) {
+    if (!hasDraft())
         return true;
-    }
-    if (const auto typed = m_format->parse(lineEdit()->text())) {
+    if (const auto typed = m_format->parse(lineEdit()->text()))
         return offerTime(*typed);
-    }
     refuse(m_format->hint());
     return false;
 }
@@ -135,12 +127,11 @@ bool TimeField::offerTime(const AQTime& time) {
         showTime();
         return true;
     }
-    // The answer may come with this field rebound or gone.
+    // Whoever is asked may bind this field to another value, or delete it, before the answer.
     const QPointer<TimeField> alive(this);
     const bool accepted = m_offer(time);
-    if (!alive) {
+    if (!alive)
         return accepted;
-    }
     if (!accepted) {
         refuse(m_refusalText.contains(QLatin1String("%1")) ? m_refusalText.arg(m_format->text(time))
                                                            : m_refusalText);
@@ -154,9 +145,8 @@ bool TimeField::offerTime(const AQTime& time) {
 
 void TimeField::refuse(const QString& reason) {
     showTime();
-    if (hasFocus()) {
+    if (hasFocus())
         selectAll();
-    }
     m_refusalTimer.start(refusalShown);
     update();
     if (QAccessible::isActive()) {
@@ -165,18 +155,16 @@ void TimeField::refuse(const QString& reason) {
         QAccessible::updateAccessibility(&event);
     }
     if (isVisible()) {
-        if (!m_tip) {
+        if (!m_tip)
             m_tip = new RefusalTip(*this);
-        }
         m_tip->tell(reason);
     }
     Q_EMIT refused(reason);
 }
 
 void TimeField::onTextEdited(const QString& text) {
-    if (m_tip) {
+    if (m_tip)
         m_tip->hide();
-    }
     if (m_refusalTimer.isActive()) {
         m_refusalTimer.stop();
         update();
@@ -186,9 +174,8 @@ void TimeField::onTextEdited(const QString& text) {
     m_lastLength = text.size();
     const Section first = section(0);
     if (m_format->hasTwoDigitSections() && (grew || overwrote) && first.length == 2 &&
-        lineEdit()->cursorPosition() == first.start + 2 && section(1).start >= 0) {
+        lineEdit()->cursorPosition() == first.start + 2 && section(1).start >= 0)
         selectSection(1);
-    }
 }
 
 bool TimeField::moveBetweenSections(QKeyEvent* event) {
@@ -234,9 +221,8 @@ void TimeField::keyPressEvent(QKeyEvent* event) {
         return;
     }
     default:
-        if (!moveBetweenSections(event)) {
+        if (!moveBetweenSections(event))
             QAbstractSpinBox::keyPressEvent(event);
-        }
     }
 }
 
@@ -249,20 +235,17 @@ void TimeField::focusOutEvent(QFocusEvent* event) {
     QAbstractSpinBox::focusOutEvent(event);
     const QPointer<TimeField> alive(this);
     const Qt::FocusReason reason = event->reason();
-    if (reason != Qt::PopupFocusReason) {
+    if (reason != Qt::PopupFocusReason)
         commitDraft();
-    }
-    if (alive) {
+    if (alive)
         Q_EMIT focusLeft(reason);
-    }
 }
 
 void TimeField::wheelEvent(QWheelEvent* event) {
-    if (hasFocus()) {
+    if (hasFocus())
         QAbstractSpinBox::wheelEvent(event);
-    } else {
+    else
         event->ignore();
-    }
 }
 
 void TimeField::paintEvent(QPaintEvent* event) {

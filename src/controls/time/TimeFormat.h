@@ -7,7 +7,7 @@
 #include <optional>
 
 /// How a time editor writes, reads and steps its value. The text has two sections, the two runs of
-/// digits in it: section 0 and section 1. No state.
+/// digits in it: section 0 and section 1. A format has no state.
 class TimeFormat {
 public:
     virtual ~TimeFormat() = default;

@@ -59,7 +59,7 @@ void AQBrandBar::reserveWordMark() {
 
 void AQBrandBar::addTrailingWidget(QWidget* widget) {
     auto* row = qobject_cast<QHBoxLayout*>(layout());
-    if (row == nullptr) {
+    if (!row) {
         row = new QHBoxLayout(this);
         row->setContentsMargins(0, 0, 0, 0);
         row->setSpacing(8);
@@ -74,9 +74,8 @@ QSize AQBrandBar::sizeHint() const {
 
 void AQBrandBar::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::FontChange) {
+    if (event->type() == QEvent::FontChange)
         reserveWordMark();
-    }
 }
 
 void AQBrandBar::paintEvent(QPaintEvent* /*event*/) {

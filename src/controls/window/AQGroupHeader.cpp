@@ -50,7 +50,7 @@ void AQGroupHeader::setHelpAvailable(bool available) {
 
 void AQGroupHeader::styleTitle() {
     QFont bold = font();
-    // As the table's header measures with, which spares opening another font at the start.
+    // The table's header uses the same font; another one would take its time at the start.
     bold.setWeight(QFont::Bold);
     bold.setLetterSpacing(QFont::PercentageSpacing, 103.0);
     m_title->setFont(bold);
@@ -58,9 +58,8 @@ void AQGroupHeader::styleTitle() {
 
 void AQGroupHeader::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::FontChange) {
+    if (event->type() == QEvent::FontChange)
         styleTitle();
-    }
 }
 
 void AQGroupHeader::paintEvent(QPaintEvent* /*event*/) {

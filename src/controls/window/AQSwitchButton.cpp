@@ -104,9 +104,8 @@ void AQSwitchButton::paintEvent(QPaintEvent* /*event*/) {
 
 void AQSwitchButton::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        if (!event->isAutoRepeat()) {
+        if (!event->isAutoRepeat())
             click();
-        }
         return;
     }
     QCheckBox::keyPressEvent(event);
