@@ -61,9 +61,7 @@ MainWindow::~MainWindow() = default;
 
 // Not in the .ui file, from which they would come without the program they show.
 void MainWindow::placeEditors() {
-    constexpr QSize smallestCurve(900, 296);
     m_curveView->setObjectName(QStringLiteral("curveView"));
-    m_curveView->setMinimumSize(smallestCurve);
     m_ui->curvePlace->addWidget(m_curveView);
     m_tableView->setObjectName(QStringLiteral("tableView"));
     m_ui->tablePlace->addWidget(m_tableView);
