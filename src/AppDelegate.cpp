@@ -131,6 +131,11 @@ void AppDelegate::connectDevice() {
 void AppDelegate::connectPreview() {
     Workflows& w = *m_workflows;
     connect(&w.taskLight, &TaskLightEditor::touched, &w.liveMode, &LiveMode::taskLightTouched);
+    connect(w.ui.menuitemLiveMode, &QAction::triggered, w.ui.bttnLiveModeSwitch,
+            &QAbstractButton::setChecked);
+    connect(w.ui.bttnLiveModeSwitch, &QAbstractButton::toggled, w.ui.menuitemLiveMode,
+            &QAction::setChecked);
+    connect(w.ui.menuitemRunDemo, &QAction::triggered, &w.demoMode, &DemoMode::onBttnRunDemo);
     connect(&w.demoMode, &DemoMode::runningChanged, &w.liveMode, &LiveMode::setSuspended);
     connect(&w.demoMode, &DemoMode::runningChanged, this, &AppDelegate::updateControls);
     connect(w.ui.bttnLiveModeSwitch, &QAbstractButton::toggled, this, &AppDelegate::updateControls);
@@ -191,7 +196,11 @@ void AppDelegate::updateControls() {
     ControlStates::send(state).applyTo(*w.ui.menuitemSend);
     ControlStates::live(state).applyTo(*w.ui.bttnLiveModeSwitch);
     ControlStates::live(state).applyTo(*w.ui.lblLiveMode);
+    ControlStates::live(state).applyTo(*w.ui.menuitemLiveMode);
     ControlStates::demo(state).applyTo(*w.ui.bttnRunDemo);
+    ControlStates::demo(state).applyTo(*w.ui.menuitemRunDemo);
+    w.ui.menuitemRunDemo->setText(state.isDemo ? QStringLiteral("&Stop Demo")
+                                               : QStringLiteral("&Run Demo"));
     ControlStates::deviceTime(state).applyTo(*w.ui.menuitemSetDeviceTime);
     ControlStates::editing(state).applyTo(m_window->curveView());
     w.table.setEditingEnabled(ControlStates::editing(state).isEnabled);

@@ -82,6 +82,8 @@ void MainWindow::setShortcuts() {
     m_ui->menuitemOpenDevice->setShortcut(Qt::CTRL | Qt::Key_D);
     m_ui->menuitemLoad->setShortcut(Qt::CTRL | Qt::Key_L);
     m_ui->menuitemSend->setShortcut(Qt::CTRL | Qt::Key_E);
+    m_ui->menuitemLiveMode->setShortcut(Qt::CTRL | Qt::Key_I);
+    m_ui->menuitemRunDemo->setShortcut(Qt::CTRL | Qt::Key_R);
     m_ui->menuitemSetDeviceTime->setShortcut(Qt::CTRL | Qt::Key_T);
     m_ui->menuitemStatusHelp->setShortcut(QKeySequence::HelpContents);
 }

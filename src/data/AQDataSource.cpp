@@ -31,9 +31,15 @@ void AQDataSource::setIsDirty(bool isDirty) {
 
 void AQDataSource::loadDefaults() {
     installDefaults();
-    m_sequence.notifySelectionChange(-1, this);
-    m_sequence.notifyDataChange(this, false);
-    Q_EMIT m_notifications.dataLoaded(this);
+    announceReplacement(this);
+}
+
+void AQDataSource::announceReplacement(const QObject* sender, bool pointsReplaced) {
+    if (pointsReplaced) {
+        m_sequence.notifySelectionChange(-1, sender);
+        m_sequence.notifyDataChange(sender, false);
+    }
+    Q_EMIT m_notifications.dataLoaded(sender);
 }
 
 void AQDataSource::installDefaults() {

@@ -157,10 +157,7 @@ void AQDataSourceReader::applyTaskLightValue(qint64 value) {
 void AQDataSourceReader::applyContents() {
     m_document.setTaskLight(m_contents.taskLight);
     m_document.setIsProgramMode(m_contents.isProgramMode);
-    if (m_sequenceChanged) {
+    if (m_sequenceChanged)
         m_document.sequence().replacePoints(std::move(m_contents.points));
-        m_document.sequence().notifySelectionChange(-1, this);
-        m_document.sequence().notifyDataChange(this, false);
-    }
-    Q_EMIT m_document.notifications().dataLoaded(this);
+    m_document.announceReplacement(this, m_sequenceChanged);
 }

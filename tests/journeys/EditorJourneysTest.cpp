@@ -26,8 +26,10 @@ struct Editor {
     /// "Time", "Colour temperature" or "Intensity".
     UiElement cell(int row, const std::string& column) const {
         const std::string start = "Point " + std::to_string(row) + ", ";
+        const std::string role = column == "Time" ? "spin button" : "slider";
         const auto found = journey.find("frame", {}).findAll([&](const UiElement& element) {
-            return element.name().starts_with(start) && element.name().ends_with(", " + column);
+            return element.role() == role && element.name().starts_with(start) &&
+                   element.name().ends_with(", " + column);
         });
         return found.empty() ? UiElement() : found.front();
     }

@@ -85,6 +85,14 @@ void ControllerLine::send(const Bytes& bytes, const std::string& label) {
     schedule({LinePiece{bytes, 0ms, label}});
 }
 
+void ControllerLine::reset(std::chrono::milliseconds deafFor) {
+    m_arriving.clear();
+    m_leaving.clear();
+    m_controller.reset();
+    m_deafUntil = Steady::now() + deafFor;
+    m_log.note(m_name, "reset");
+}
+
 void ControllerLine::schedule(std::vector<LinePiece> pieces) {
     const Instant now = Steady::now();
     bool first = true;

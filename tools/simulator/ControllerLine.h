@@ -40,6 +40,9 @@ public:
     void receive(std::span<const std::uint8_t> bytes);
     /// Bytes that nobody asked for, behind those already on their way.
     void send(const Bytes& bytes, const std::string& label);
+    /// As a power cut: forgets what is on its way and what the controller was doing, and hears
+    /// nothing for `deafFor`.
+    void reset(std::chrono::milliseconds deafFor);
     /// Delivers and executes what is due by now, without waiting for the event loop.
     void catchUp() { work(); }
     const std::string& name() const { return m_name; }

@@ -1,0 +1,121 @@
+#include "journeys/Journey.h"
+
+#include <QJsonArray>
+
+namespace {
+
+/// Hands that do not wait: everything in one `hands` call comes in one go.
+class QuickHandsJourneys : public testing::Test {
+protected:
+    static void hands(const std::string& actions) {
+        const QStringList arguments = QString::fromStdString(actions).split(u' ');
+        EXPECT_EQ(QProcess::execute(QStringLiteral("xdotool"), arguments), 0);
+    }
+    static std::string at(QPoint place) {
+        return "mousemove " + std::to_string(place.x()) + ' ' + std::to_string(place.y());
+    }
+    static std::string press(QPoint place) { return at(place) + " mousedown 1"; }
+
+    void SetUp() override { ASSERT_TRUE(journey.waitForText("CONNECTED")); }
+
+    /// The editor of the point that has this time now.
+    UiElement cell(const std::string& time, const std::string& column) const {
+        return journey.front().find([&](const UiElement& element) {
+            return element.role() == (column == "Time" ? "spin button" : "slider") &&
+                   element.name().ends_with(", " + time + ", " + column);
+        });
+    }
+    QPoint place(const std::string& time, double value) const {
+        const QRect bar = cell(time, "Intensity").screenRect();
+        return {bar.x() + qRound(10 + value * (bar.width() - 20)), bar.center().y()};
+    }
+    UiElement point(const std::string& time) const {
+        return journey.find("list", "Light program curve").find([&](const UiElement& element) {
+            return element.name().find(", " + time + ", ") != std::string::npos;
+        });
+    }
+    QPoint disc(const std::string& time) const { return point(time).screenRect().center(); }
+    /// "25 %, selected"
+    std::string light(const std::string& time) const {
+        const std::string name = point(time).name();
+        const auto from = name.find("intensity ");
+        if (from == std::string::npos)
+            return "no such point";
+        return name.substr(from + 10, name.find(',', from) - from - 10) +
+               (point(time).isSelected() ? ", selected" : "");
+    }
+    std::size_t count() const {
+        return journey.find("list", "Light program curve").children().size();
+    }
+    void typeTime(const std::string& time, const std::string& text) const {
+        Journey::click(cell(time, "Time"));
+        expectSoon([&] { return cell(time, "Time").isFocused(); }, true);
+        hands("key ctrl+a type " + text);
+    }
+
+    Journey journey;
+};
+
+TEST_F(QuickHandsJourneys, aPressCountsForThePointUnderThePointer) {
+    typeTime("08:30", "1200");
+    const QPoint quarter = place("10:00", 0.25);
+    hands(at(quarter) + " click 1");
+    expectSoon([&] { return light("10:00"); }, "25 %, selected");
+    EXPECT_EQ(light("12:00"), "0 %");
+    expectSoon([&] { return cell("10:00", "Intensity").isFocused(); }, true);
+
+    // The same with its disc, and the lamp follows it.
+    ASSERT_TRUE(journey.press("Live mode"));
+    typeTime("12:00", "0930");
+    const QPoint from = disc("10:00");
+    const QPoint to(from.x(), disc("15:00").y());
+    hands(press(from) + ' ' + at(from - QPoint(0, 20)) + ' ' + at(to) + " mouseup 1");
+    expectSoon([&] { return light("10:00"); }, "100 %, selected");
+    EXPECT_EQ(light("09:30"), "0 %");
+    expectSoon([&] { return journey.controller("lamp").toArray().first().toInt(); }, 254);
+}
+
+TEST_F(QuickHandsJourneys, keysGoToThePointThatMoves) {
+    Journey::click(cell("08:30", "Time"));
+    expectSoon([&] { return cell("08:30", "Time").isFocused(); }, true);
+    hands("key --delay 0 ctrl+a Home Up Up Up");
+    expectSoon([&] { return light("11:30"); }, "0 %, selected");
+    EXPECT_EQ(light("10:00"), "80 %");
+    expectSoon([&] { return cell("11:30", "Time").isFocused(); }, true);
+}
+
+TEST_F(QuickHandsJourneys, aDragEndsWithItsPoint) {
+    const QPoint from = disc("10:00");
+    hands(press(from) + ' ' + at(from + QPoint(0, 30)) + " key --delay 0 Delete " +
+          at(from + QPoint(0, 80)));
+    expectSoon([&] { return count(); }, 6U);
+    hands(at(from + QPoint(0, 120)) + " mouseup 1");
+    expectSoon([&] { return light("15:00"); }, "100 %, selected");
+    EXPECT_EQ(light("08:30"), "0 %");
+
+    // A load takes the pressed point away.
+    hands(press(disc("20:00")));
+    ASSERT_TRUE(journey.chooseMenu("Load from Device"));
+    ASSERT_TRUE(journey.press("No"));
+    ASSERT_TRUE(journey.waitForCommand("CmdGetSequenceData", 4));
+    hands(at(from + QPoint(0, 60)) + " mouseup 1");
+}
+
+TEST_F(QuickHandsJourneys, focusAndSelectionAreOne) {
+    Journey::click(cell("21:00", "Intensity"));
+    hands("key --delay 0 ctrl+plus ctrl+plus");
+    expectSoon([&] { return count(); }, 9U);
+    expectSoon([&] { return cell("22:08", "Intensity").isFocused(); }, true);
+    EXPECT_EQ(light("22:08"), "50 %, selected");
+    hands("key --delay 0 ctrl+minus ctrl+minus");
+    expectSoon([&] { return count(); }, 7U);
+    expectSoon([&] { return cell("21:00", "Intensity").isFocused(); }, true);
+
+    // The last row: what is selected then has the focus.
+    Journey::click(cell("23:30", "Colour temperature"));
+    Journey::keys("ctrl+minus");
+    expectSoon([&] { return cell("22:30", "Colour temperature").isFocused(); }, true);
+    expectSoon([&] { return point("22:30").isSelected(); }, true);
+}
+
+} // namespace
