@@ -50,7 +50,7 @@ protected:
     SimulatedController m_device{{}};
     SimulatedSerialPortManager m_ports{m_log};
     ModalPause m_pause;
-    YMessageController m_controller{m_ports, m_pause, {.scan = 20ms}};
+    YMessageController m_controller{m_ports, m_pause, {.scan = 20ms, .arrival = 1ms}};
     NotificationCenter m_notifications;
     AQDataSource m_data{m_notifications, [this] { return m_controller.device(); }};
     ScriptedPrompts m_prompts;
