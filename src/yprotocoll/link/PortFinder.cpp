@@ -210,11 +210,12 @@ void PortFinder::serialPortWasRemovedFromSystem(SerialPort& port) {
         Q_EMIT ended(YMessageError::portClosed(YMessageError::PortRemoved{}));
 }
 
-void PortFinder::serialPortDidEncounterError(SerialPort& port, const std::string& error) {
+void PortFinder::serialPortDidEncounterError(SerialPort& port,
+                                             const YMessageError::PortError& error) {
     if (&port != m_port.get())
         return;
     if (m_isOpen) {
-        Q_EMIT failed(YMessageError::PortError{error});
+        Q_EMIT failed(error);
         return;
     }
     // Not opened: let go, so that the next look tries again, and say each reason once.
@@ -224,7 +225,7 @@ void PortFinder::serialPortDidEncounterError(SerialPort& port, const std::string
         return;
     }
     m_reportedOpenFailure = std::move(failure);
-    Q_EMIT ended(YMessageError(YMessageError::PortError{error}));
+    Q_EMIT ended(YMessageError(error));
 }
 
 void PortFinder::serialPortDidReceive(SerialPort& port, std::span<const std::uint8_t> bytes) {

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <QObject> // first: the moc of Qt 6.4 stumbles over <concepts> else
-
 #include "yprotocoll/YMessageError.h"
 #include "yprotocoll/link/PausingTimer.h"
 #include "yprotocoll/link/SerialPort.h"
+
+#include <QObject>
 
 #include <chrono>
 #include <cstddef>
@@ -65,7 +65,7 @@ Q_SIGNALS:
 private:
     struct OpenFailure {
         std::string path;
-        std::string text;
+        YMessageError::PortError error;
         bool operator==(const OpenFailure&) const = default;
     };
 
@@ -80,7 +80,8 @@ private:
     void serialPortWasOpened(SerialPort& port) override;
     void serialPortWasClosed(SerialPort& port) override;
     void serialPortWasRemovedFromSystem(SerialPort& port) override;
-    void serialPortDidEncounterError(SerialPort& port, const std::string& error) override;
+    void serialPortDidEncounterError(SerialPort& port,
+                                     const YMessageError::PortError& error) override;
     void serialPortDidReceive(SerialPort& port, std::span<const std::uint8_t> bytes) override;
     void serialPortsChanged() override;
 
