@@ -119,6 +119,7 @@ TEST_F(ProgramTest, aControllerLetGoForOneThatFailsIsNotShownAsConnected) {
         EXPECT_EQ(ui().lblConnectionStatus->text(), QStringLiteral("NOT CONNECTED"));
         EXPECT_FALSE(ui().bttnSend->isEnabled());
         m_ports.unplug("ttyUSB1");
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !ui().lblPortProblem->isVisible(); }));
         m_ports.unplug("ttyUSB0");
     }
     // A choice starts anew the search that the refusal has ended.
@@ -222,13 +223,16 @@ TEST_F(ProgramTest, aSendEndsBeforeTheProgram) {
     m_prompts.confirmations = {true};
     ui().bttnSend->click();
     ui().bttnLoad->click();
+    ui().sliderTaskBrightness->userSetValue(0.5);
+    m_prompts.saveAnswers = {Prompts::SaveAnswer::Discard};
+    m_delegate.window().close();
     m_delegate.window().close();
     m_delegate.applicationShouldTerminate(AppDelegate::Ask::Nothing);
     EXPECT_TRUE(ui().lblPreview->isVisible());
     EXPECT_TRUE(QTest::qWaitFor([&] { return !terminated.isEmpty(); }, 3000));
     EXPECT_EQ(m_device.commandCounts().at("CmdSetTaskMode"), 1);
     EXPECT_TRUE(m_prompts.told.isEmpty());
-    EXPECT_EQ(m_prompts.asked.size(), 1) << "whether to send";
+    EXPECT_EQ(m_prompts.asked.size(), 2) << "whether to send, and once whether to save";
 }
 
 TEST_F(ProgramTest, whatIsAskedForLastWins) {
