@@ -7,10 +7,12 @@
 #include "controls/window/AQAboutPanel.h"
 #include "data/AQDataSource.h"
 #include "lamp/LampPreview.h"
+#include "lamp/Transfers.h"
 #include "ui_MainWindow.h"
 #include "workflows/ConnectionWorkflow.h"
 #include "workflows/ControlStates.h"
 #include "workflows/DemoMode.h"
+#include "workflows/Departure.h"
 #include "workflows/DeviceTimePanel.h"
 #include "workflows/DocumentCommands.h"
 #include "workflows/LiveMode.h"
@@ -30,24 +32,28 @@ struct AppDelegate::Workflows {
     Workflows(const Services& services, MainWindow& window)
         : ui(window.outlets()), documents(services.data, services.prompts), selectDevice(&window),
           connection(services.controller, services.prompts, selectDevice),
-          transfer(services.data, services.controller, documents, services.prompts),
+          transfers(services.data, services.controller),
+          transfer(transfers, documents, services.prompts),
           table(services.data, {window.tableView(), *ui.bttnTableItemAdd, *ui.bttnTableItemDelete,
                                 *ui.menuitemAddPoint, *ui.menuitemDeletePoint}),
           taskLight(services.data,
                     {*ui.pickerTaskTime, *ui.sliderTaskTemp, *ui.sliderTaskBrightness}),
           programMode(services.data, services.controller, *ui.bttnSwitchProgMode),
-          lamp(services.controller), liveMode(services.data, lamp, *ui.bttnLiveModeSwitch),
+          lamp(services.controller), departure(services.controller, transfers, lamp),
+          liveMode(services.data, lamp, *ui.bttnLiveModeSwitch),
           demoMode(services.data, lamp, window.curveView(), *ui.bttnRunDemo) {}
 
     Ui::MainWindow& ui;
     DocumentCommands documents;
     SelectDevicePanel selectDevice;
     ConnectionWorkflow connection;
+    Transfers transfers;
     TransferWorkflow transfer;
     PointTable table;
     TaskLightEditor taskLight;
     ProgramMode programMode;
     LampPreview lamp;
+    Departure departure;
     LiveMode liveMode;
     DemoMode demoMode;
     std::unique_ptr<DeviceTimePanel> deviceTime; ///< null until it is asked for
@@ -92,8 +98,6 @@ void AppDelegate::connectDocument() {
     connect(w.ui.menuitemSave, &QAction::triggered, &w.documents, &DocumentCommands::saveDocument);
     connect(w.ui.menuitemSaveAs, &QAction::triggered, &w.documents,
             &DocumentCommands::saveDocumentAs);
-    connect(w.ui.menuitemQuit, &QAction::triggered, this,
-            [this] { applicationShouldTerminate(Ask::AboutChanges); });
     connect(m_window.get(), &MainWindow::closeRequested, this,
             [this] { applicationShouldTerminate(Ask::AboutChanges); });
     connect(m_window.get(), &MainWindow::fileDropped, &w.documents, &DocumentCommands::openPath);
@@ -121,7 +125,16 @@ void AppDelegate::connectDevice() {
             &TransferWorkflow::onBttnSaveToDevice);
     connect(m_window.get(), &MainWindow::modalChanged, &m_services.controller.modalPause(),
             &ModalPause::setActive);
-    connect(&w.selectDevice, &SelectDevicePanel::chosen, this, &AppDelegate::onDeviceChosen);
+    connect(&w.selectDevice, &SelectDevicePanel::chosen, &w.departure, &Departure::leaveFor);
+    connect(&w.departure, &Departure::leftFor, this, &AppDelegate::openChosenDevice);
+    connect(&w.departure, &Departure::ended, this, [this] {
+        m_services.controller.stop();
+        Q_EMIT terminated();
+    });
+    connect(&w.departure, &Departure::changed, this, [this] {
+        m_workflows->transfer.setQuiet(m_workflows->departure.isEnding());
+        showSign();
+    });
     connect(&w.connection, &ConnectionWorkflow::connectedChanged, this,
             &AppDelegate::onConnectedChanged);
     connect(&w.connection, &ConnectionWorkflow::portProblemChanged, m_window.get(),
@@ -138,8 +151,7 @@ void AppDelegate::connectPreview() {
     connect(w.ui.menuitemRunDemo, &QAction::triggered, &w.demoMode, &DemoMode::onBttnRunDemo);
     connect(&w.demoMode, &DemoMode::runningChanged, &w.liveMode, &LiveMode::setSuspended);
     connect(&w.demoMode, &DemoMode::runningChanged, this, &AppDelegate::updateControls);
-    connect(w.ui.bttnLiveModeSwitch, &QAbstractButton::toggled, this, &AppDelegate::updateControls);
-    connect(&w.lamp, &LampPreview::signChanged, m_window.get(), &MainWindow::showPreview);
+    connect(&w.lamp, &LampPreview::signChanged, this, &AppDelegate::showSign);
 }
 
 void AppDelegate::connectHelp() {
@@ -165,17 +177,22 @@ void AppDelegate::onConnectedChanged(bool isConnected) {
     if (m_workflows->deviceTime)
         m_workflows->deviceTime->setConnected(isConnected);
     updateControls();
+    if (!isConnected) {
+        m_workflows->transfers.linkWasLost();
+        m_workflows->departure.linkWasLost();
+    }
     m_workflows->lamp.setConnected(isConnected);
 }
 
-void AppDelegate::onDeviceChosen(const std::string& path) {
-    // The lamp in use goes back to its own program before its link is let go.
-    m_workflows->lamp.releaseForGood([this, path] {
-        m_workflows->connection.openDevice(path);
-        // The chosen one may have been unplugged meanwhile; then the present link goes on.
-        if (m_workflows->connection.isConnected())
-            m_workflows->lamp.setConnected(true);
-    });
+void AppDelegate::openChosenDevice(const std::string& path) {
+    m_workflows->connection.openDevice(path);
+    // The present link goes on when it is the chosen one, or that one was unplugged meanwhile.
+    m_workflows->lamp.resume();
+}
+
+void AppDelegate::showSign() {
+    const QString sign = m_workflows->departure.sign();
+    m_window->showPreview(sign.isEmpty() ? m_workflows->lamp.sign() : sign);
 }
 
 void AppDelegate::menuSetDeviceTime() {
@@ -189,7 +206,7 @@ void AppDelegate::menuSetDeviceTime() {
 void AppDelegate::updateControls() {
     Workflows& w = *m_workflows;
     const WindowState state{w.connection.isConnected(), m_services.data.isProgramMode(),
-                            w.demoMode.isRunning(), w.ui.bttnLiveModeSwitch->isChecked()};
+                            w.demoMode.isRunning()};
     ControlStates::load(state).applyTo(*w.ui.bttnLoad);
     ControlStates::load(state).applyTo(*w.ui.menuitemLoad);
     ControlStates::send(state).applyTo(*w.ui.bttnSend);
@@ -211,23 +228,20 @@ void AppDelegate::showTitle() {
 }
 
 void AppDelegate::applicationShouldTerminate(Ask ask) {
-    if (ask == Ask::AboutChanges)
+    if (ask == Ask::AboutChanges && !m_workflows->departure.isEnding())
         m_workflows->documents.askAboutChanges(QStringLiteral("Save changed before quitting?"),
-                                               [this] { giveBackLampThenTerminate(); });
+                                               [this] { closeDialogsThenTerminate(); });
     else
-        giveBackLampThenTerminate();
+        closeDialogsThenTerminate();
 }
 
-void AppDelegate::giveBackLampThenTerminate() {
+void AppDelegate::closeDialogsThenTerminate() {
     // The link's time-outs wait for dialogs, and nobody may be there to close one.
     while (QWidget* dialog = QApplication::activeModalWidget()) {
         if (!dialog->close())
             break;
     }
-    m_workflows->lamp.releaseForGood([this] {
-        m_services.controller.stop();
-        Q_EMIT terminated();
-    });
+    m_workflows->departure.end();
 }
 
 void AppDelegate::onBttnHelpDeviceStatus() {

@@ -31,8 +31,9 @@ public:
     void applicationDidFinishLaunching(const QString& file);
 
     enum class Ask { AboutChanges, Nothing };
-    /// Ends the program: asks about unsaved changes (unless told not to), gives the lamp back to
-    /// the controller's program if a preview has it, closes the link, then emits `terminated`.
+    /// Ends the program: asks about unsaved changes (unless told not to), waits for a send, gives
+    /// the lamp back to the controller's program if a preview has it, closes the link, then emits
+    /// `terminated`. Asks nothing while it is ending already.
     void applicationShouldTerminate(Ask ask);
 
     MainWindow& window() { return *m_window; }
@@ -49,13 +50,14 @@ private:
     void connectPreview();
     void connectHelp();
     void startDiscovery();
-    void giveBackLampThenTerminate();
+    void closeDialogsThenTerminate();
     void onConnectedChanged(bool isConnected);
-    void onDeviceChosen(const std::string& path);
+    void openChosenDevice(const std::string& path);
     void menuSetDeviceTime();
     void onBttnHelpDeviceStatus();
     void onBttnHelpTask();
     void showTitle();
+    void showSign();
     void updateControls();
 
     Services m_services;

@@ -50,10 +50,11 @@ MainWindow::MainWindow(AQDataSource& document)
     setShortcuts();
     for (const QAction* command :
          {m_ui->menuitemNew, m_ui->menuitemOpen, m_ui->menuitemSave, m_ui->menuitemSaveAs,
-          m_ui->menuitemQuit, m_ui->menuitemAddPoint, m_ui->menuitemLoad, m_ui->menuitemSend})
+          m_ui->menuitemAddPoint, m_ui->menuitemLoad, m_ui->menuitemSend})
         connect(command, &QAction::triggered, this, &MainWindow::finishTyping);
+    connect(m_ui->menuitemQuit, &QAction::triggered, this, &MainWindow::requestClose);
     showConnected(false);
-    showPortProblem({});
+    showPortProblem({}, {});
     m_curveView->setFocus();
 }
 
@@ -88,9 +89,15 @@ void MainWindow::setShortcuts() {
     m_ui->menuitemStatusHelp->setShortcut(QKeySequence::HelpContents);
 }
 
-void MainWindow::finishTyping() {
-    if (auto* field = qobject_cast<TimeField*>(focusWidget()))
-        field->commitDraft();
+bool MainWindow::finishTyping() {
+    auto* const field = qobject_cast<TimeField*>(focusWidget());
+    return !field || field->commitDraft();
+}
+
+void MainWindow::requestClose() {
+    // A refusal must be seen, and the window with it.
+    if (finishTyping())
+        Q_EMIT closeRequested();
 }
 
 void MainWindow::showConnected(bool isConnected) {
@@ -102,10 +109,9 @@ void MainWindow::showConnected(bool isConnected) {
     setTextColor(*m_ui->lblConnectionDot, color);
 }
 
-void MainWindow::showPortProblem(const QString& text) {
-    // The first words stand in the window; the whole, which may name a command, in the tool tip.
-    m_ui->lblPortProblem->setText(text.section(QLatin1String(" ("), 0, 0));
-    m_ui->lblPortProblem->setToolTip(text);
+void MainWindow::showPortProblem(const QString& text, const QString& help) {
+    m_ui->lblPortProblem->setText(text);
+    m_ui->lblPortProblem->setToolTip(help.isEmpty() ? text : text + u'\n' + help);
     m_ui->lblPortProblem->setVisible(!text.isEmpty());
 }
 
@@ -143,8 +149,7 @@ bool MainWindow::event(QEvent* event) {
 void MainWindow::closeEvent(QCloseEvent* event) {
     // The program ends without closing the window, after the questions and the lamp are done with.
     event->ignore();
-    finishTyping();
-    Q_EMIT closeRequested();
+    requestClose();
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {

@@ -28,8 +28,9 @@ public:
     AQPointList& tableView() { return *m_tableView; }
 
     void showConnected(bool isConnected);
-    /// Why a controller that is plugged in cannot be opened; an empty text hides it.
-    void showPortProblem(const QString& text);
+    /// Why a controller that is plugged in cannot be opened, and what helps; an empty text hides
+    /// it.
+    void showPortProblem(const QString& text, const QString& help);
     /// The sign that the lamp shows a preview; an empty text hides it.
     void showPreview(const QString& text);
 
@@ -55,7 +56,9 @@ private:
     void placeEditors();
     void setShortcuts();
     /// What is being typed counts for a command that is given before the focus leaves its field.
-    void finishTyping();
+    /// False when it was refused.
+    bool finishTyping();
+    void requestClose();
 
     std::unique_ptr<Ui::MainWindow> m_ui;
     AQCurveView* m_curveView;

@@ -25,7 +25,7 @@ NotificationCenter& AQSequence::notifications() const {
 
 int AQSequence::pointLimit() const {
     const auto device = m_document.device();
-    return device && device->knowsLimits() ? device->maxPointsInSeq : defaultPointLimit;
+    return device ? device->pointLimit(defaultPointLimit) : defaultPointLimit;
 }
 
 void AQSequence::updateWithRow(int row, ColorTemp value, const QObject* sender) {

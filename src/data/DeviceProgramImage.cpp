@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <utility>
 
 namespace {
@@ -16,8 +17,6 @@ using Answers = std::vector<std::shared_ptr<const YAnswer>>;
 
 constexpr int twoChannels = 2;
 constexpr int fourChannels = 4;
-/// What fits into a message of 255 bytes: the channel number and three bytes for each entry.
-constexpr int maxEntriesPerMessage = 84;
 /// The task light among the channels is scaled to the highest level, points to the highest byte.
 constexpr double taskLightScale = 254.0;
 
@@ -79,12 +78,19 @@ struct Loaded {
 /// The entries of each channel, or none when the answers are not those of a load.
 std::optional<std::vector<Entries>> channelEntries(const Answers& answers) {
     std::vector<Entries> channels;
+    std::vector<std::uint8_t> names;
     for (std::size_t index = 1; index < answers.size(); ++index) {
         const auto* answer = dynamic_cast<const AnswerSequenceData*>(answers[index].get());
-        if (!answer || answer->channel != index - 1)
+        if (!answer)
             return {};
+        names.push_back(answer->channel);
         channels.push_back(answer->seqData);
     }
+    // Some controllers name one and the same channel in all their answers.
+    const bool allTheSame = std::ranges::adjacent_find(names, std::not_equal_to{}) == names.end();
+    for (std::size_t index = 0; index < names.size(); ++index)
+        if (!allTheSame && names[index] != index)
+            return {};
     // Two channels together describe a point.
     for (std::size_t even = 0; even + 1 < channels.size(); even += 2)
         if (channels[even].size() != channels[even + 1].size())
@@ -168,10 +174,10 @@ std::optional<Loaded> readAnswers(const Answers& answers, int channelCount) {
 } // namespace
 
 TransferResult DeviceProgramImage::checkLoad(const std::optional<DeviceInfo>& device) {
-    if (!device)
+    if (!device || !device->channelCount)
         return TransferResult::errorNoDevice{};
-    if (!isKnownChannelCount(device->channelCount))
-        return TransferResult::errorWrongChannelCount{device->channelCount};
+    if (!isKnownChannelCount(*device->channelCount))
+        return TransferResult::errorWrongChannelCount{*device->channelCount};
     return TransferResult::ok{};
 }
 
@@ -181,7 +187,7 @@ TransferResult DeviceProgramImage::checkSend(const AQDataSource& document,
     if (!result.isOk())
         return result;
     const int points = document.sequence().count();
-    const int maximum = std::min(device->maxPointsInSeq, maxEntriesPerMessage);
+    const int maximum = device->pointLimit(0);
     if (points > maximum)
         return TransferResult::errorTooManyPoints{points, maximum};
     return TransferResult::ok{};
@@ -189,7 +195,7 @@ TransferResult DeviceProgramImage::checkSend(const AQDataSource& document,
 
 std::vector<YCommand> DeviceProgramImage::loadCommands(const DeviceInfo& device) {
     std::vector<YCommand> commands{CmdGetTaskMode()};
-    for (int channel = 0; channel < std::min(device.channelCount, fourChannels); ++channel)
+    for (int channel = 0; channel < std::min(*device.channelCount, fourChannels); ++channel)
         commands.push_back(CmdGetSequenceData(channel, device));
     return commands;
 }
@@ -198,9 +204,9 @@ std::vector<YCommand> DeviceProgramImage::sendCommands(const AQDataSource& docum
                                                        const DeviceInfo& device) {
     const AQTimePoint& taskLight = document.taskLight();
     std::vector<YCommand> commands;
-    for (int channel = 0; channel < device.channelCount; ++channel) {
+    for (int channel = 0; channel < *device.channelCount; ++channel) {
         Entries entries = programEntries(document.sequence(), channel);
-        if (device.channelCount >= fourChannels)
+        if (*device.channelCount >= fourChannels)
             foldInTaskLight(entries, channel, taskLight);
         commands.push_back(CmdSetSequenceData(channel, entries, device));
     }
@@ -213,9 +219,10 @@ std::vector<YCommand> DeviceProgramImage::sendCommands(const AQDataSource& docum
 
 TransferResult DeviceProgramImage::apply(const Answers& answers, const DeviceInfo& device,
                                          AQDataSource& document) {
-    if (!isKnownChannelCount(device.channelCount))
-        return TransferResult::errorWrongChannelCount{device.channelCount};
-    auto loaded = readAnswers(answers, device.channelCount);
+    const TransferResult check = checkLoad(device);
+    if (!check.isOk())
+        return check;
+    auto loaded = readAnswers(answers, *device.channelCount);
     if (!loaded)
         return TransferResult::errorInvalidData{};
     document.sequence().replacePoints(std::move(loaded->points));

@@ -6,16 +6,13 @@
 
 #include <QPointer>
 
-LampPreview::LampPreview(YMessageController& controller, QObject* parent)
-    : LampPreview(controller, Intervals{}, parent) {}
-
 LampPreview::LampPreview(YMessageController& controller, Intervals intervals, QObject* parent)
     : QObject(parent), m_controller(controller), m_intervals(intervals) {}
 
 bool LampPreview::canSend() const {
     // What the link reports comes from the event loop, a little after it happened: the report is
     // what the window shows, the controller's own word is what can be sent.
-    return m_isConnected && m_controller.isConnected() && !m_isReleasingForGood;
+    return m_isConnected && m_controller.isConnected() && !m_releasedForGood;
 }
 
 void LampPreview::take(const QString& sign) {
@@ -65,18 +62,21 @@ void LampPreview::release() {
 }
 
 void LampPreview::releaseForGood(std::function<void()> done) {
-    if (m_isReleasingForGood)
+    if (m_releasedForGood) {
+        m_releasedForGood = std::move(done);
         return;
+    }
     if (!m_hasLamp || !canSend()) {
         done();
         return;
     }
-    m_isReleasingForGood = true;
+    m_releasedForGood = std::move(done);
     m_controller.dropWaitingStream();
     m_controller.send(CmdDisableDemoMode(),
-                      [released = onReleased(), done = std::move(done)](const YAnswer&) {
+                      [released = onReleased(), lamp = QPointer(this)](const YAnswer&) {
                           released();
-                          done();
+                          if (lamp && lamp->m_releasedForGood)
+                              std::function(lamp->m_releasedForGood)();
                       });
 }
 
@@ -91,13 +91,18 @@ std::function<void()> LampPreview::onReleased() {
 
 void LampPreview::setConnected(bool isConnected) {
     m_isConnected = isConnected;
-    m_isReleasingForGood = false;
+    m_releasedForGood = nullptr;
     if (isConnected) {
         Q_EMIT regained();
         if (!m_isHeld && m_hasLamp)
             release();
     }
     announceSign();
+}
+
+void LampPreview::resume() {
+    if (m_releasedForGood && m_isConnected)
+        setConnected(true);
 }
 
 QString LampPreview::sign() const {

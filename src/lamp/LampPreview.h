@@ -10,6 +10,10 @@
 class YMessageController;
 struct ChannelLevels;
 
+struct LampIntervals {
+    std::chrono::milliseconds levels{1000}; ///< between an answer and the next levels
+};
+
 /// The lamp under the program's hand: taken from the controller's own program, shown levels, and
 /// given back for sure.
 ///
@@ -21,13 +25,11 @@ class LampPreview : public QObject {
     Q_OBJECT
 
 public:
-    struct Intervals {
-        std::chrono::milliseconds levels{1000}; ///< between an answer and the next levels
-    };
+    using Intervals = LampIntervals;
 
     /// `controller` must outlive this.
-    explicit LampPreview(YMessageController& controller, QObject* parent = nullptr);
-    LampPreview(YMessageController& controller, Intervals intervals, QObject* parent = nullptr);
+    explicit LampPreview(YMessageController& controller, Intervals intervals = {},
+                         QObject* parent = nullptr);
 
     /// Holds the lamp from now on and takes it from the controller's program. `sign` says in a few
     /// words what the lamp shows.
@@ -45,8 +47,11 @@ public:
     /// For the end of the program: as `release()`, and calls `done` after the controller's answer;
     /// at once when no controller is connected. Until then the lamp cannot be taken again. When the
     /// link is lost meanwhile, `done` is never called and the holder goes on as after any lost
-    /// link. A second call while the first waits does nothing.
+    /// link. A second call while the first waits takes its place.
     void releaseForGood(std::function<void()> done);
+
+    /// After a release for good whose link goes on: whoever still holds the lamp takes it anew.
+    void resume();
 
     /// True from the taking until the controller has confirmed that it has its lamp back.
     bool hasLamp() const { return m_hasLamp; }
@@ -71,7 +76,7 @@ private:
     bool m_isConnected = false;
     bool m_isHeld = false;
     bool m_hasLamp = false;
-    bool m_isReleasingForGood = false;
+    std::function<void()> m_releasedForGood; ///< set while that is awaited
     int m_takings = 0; ///< tells the answer of an outdated release from that of the last one
     QString m_sign;
     QString m_announcedSign;

@@ -36,27 +36,32 @@ void ConnectionWorkflow::setConnected(bool isConnected) {
 
 void ConnectionWorkflow::messageControllerDidOpen() {
     SPDLOG_DEBUG("Aquelon device opened");
-    Q_EMIT portProblemChanged({});
+    Q_EMIT portProblemChanged({}, {});
     setConnected(true);
 }
 
 void ConnectionWorkflow::messageControllerFoundPorts(std::size_t count) {
     if (count == 0)
-        Q_EMIT portProblemChanged({});
+        Q_EMIT portProblemChanged({}, {});
     else if (count > 1)
         Q_EMIT portProblemChanged(
-            QStringLiteral("%1 controllers: choose one with Device | Open Device...").arg(count));
+            QStringLiteral("%1 controllers: choose one with Device | Open Device...").arg(count),
+            {});
 }
 
 void ConnectionWorkflow::messageControllerGotError(const YMessageError& error) {
     SPDLOG_ERROR("{}", error.description());
-    const bool isRefused = error.is<YMessageError::DeviceVersion>();
-    if (isRefused || (error.is<YMessageError::PortError>() && !m_isConnected))
-        Q_EMIT portProblemChanged(QString::fromStdString(error.description()));
+    const auto* const portError = error.get<YMessageError::PortError>();
+    if (portError && !m_isConnected)
+        Q_EMIT portProblemChanged(QStringLiteral("port error: ") +
+                                      QString::fromStdString(portError->text),
+                                  QString::fromStdString(portError->help));
+    else if (error.is<YMessageError::DeviceVersion>())
+        Q_EMIT portProblemChanged(QString::fromStdString(error.description()), {});
     if (!error.is<YMessageError::PortClosedError>())
         return;
     // The port could be used, and the alert tells what went wrong then.
-    Q_EMIT portProblemChanged({});
+    Q_EMIT portProblemChanged({}, {});
     setConnected(false);
     m_prompts.alert(QStringLiteral("Device Error!"),
                     QStringLiteral("Error: ") + QString::fromStdString(error.description()) + u'.',

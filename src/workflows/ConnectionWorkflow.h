@@ -33,9 +33,9 @@ public:
 
 Q_SIGNALS:
     void connectedChanged(bool isConnected);
-    /// A controller is there but its port cannot be used; the text says why and what helps. Empty
-    /// when that is over.
-    void portProblemChanged(const QString& problem);
+    /// A controller is there but cannot be used: why, in a few words, and what helps, which may be
+    /// empty. Both are empty when that is over.
+    void portProblemChanged(const QString& problem, const QString& help);
 
 private:
     void setConnected(bool isConnected);

@@ -35,8 +35,6 @@ ControlState ControlStates::send(const WindowState& state) {
 ControlState ControlStates::live(const WindowState& state) {
     if (state.isConnected && state.isDemo)
         return {false, QStringLiteral("The demo has the lamp; stop it first")};
-    if (!state.isConnected && state.isLive)
-        return {true, QStringLiteral("Leave the lamp to its own program when it is back")};
     return whileConnected(state, QStringLiteral("Show on the lamp what is being edited"));
 }
 

@@ -10,7 +10,6 @@ struct WindowState {
     bool isConnected = false;
     bool isProgramMode = true;
     bool isDemo = false;
-    bool isLive = false; ///< switched on, whether or not the lamp can be reached
 };
 
 /// Whether a control can be used, and if not, why: the reason is its tool tip.
@@ -28,7 +27,7 @@ namespace ControlStates {
 
 ControlState load(const WindowState& state);
 ControlState send(const WindowState& state);
-/// The live switch waits while a demo has the lamp. Without a controller it can be switched off.
+/// The live switch waits while a demo has the lamp.
 ControlState live(const WindowState& state);
 ControlState demo(const WindowState& state);
 ControlState deviceTime(const WindowState& state);

@@ -1,37 +1,25 @@
 #pragma once
 
-#include "data/AQTimePoint.h"
+#include "lamp/DemoPlayer.h"
 
 #include <QObject>
-#include <QTimer>
-
-#include <chrono>
 
 class AQCurveView;
-class AQDataSource;
-class LampPreview;
 class QPushButton;
 
-/// Plays the whole day of the light program on the lamp, with a playhead over the curve: one minute
-/// of the program per tick.
-///
-/// The program may be edited or replaced meanwhile; each tick shows what it is then.
+/// The demo in the window: the button that starts and stops it, and the playhead over the curve.
 class DemoMode : public QObject {
     Q_OBJECT
 
 public:
-    struct Intervals {
-        std::chrono::milliseconds tick{80};
-    };
+    using Intervals = DemoIntervals;
 
     /// All must outlive this.
     DemoMode(AQDataSource& data, LampPreview& lamp, AQCurveView& curveView,
-             QPushButton& bttnRunDemo, QObject* parent = nullptr);
-    DemoMode(AQDataSource& data, LampPreview& lamp, AQCurveView& curveView,
-             QPushButton& bttnRunDemo, Intervals intervals, QObject* parent = nullptr);
+             QPushButton& bttnRunDemo, Intervals intervals = {}, QObject* parent = nullptr);
 
     /// A lost link leaves it running.
-    bool isRunning() const { return m_demoModeTimer.isActive(); }
+    bool isRunning() const { return m_player.isRunning(); }
     /// Starts or stops.
     void onBttnRunDemo();
 
@@ -40,15 +28,8 @@ Q_SIGNALS:
     void runningChanged(bool isRunning);
 
 private:
-    void start();
-    void stop();
-    void onDemoModeTimer();
-    void takeLamp();
-    void showLight(AQTime time);
+    void onRunningChanged(bool isRunning);
 
-    AQDataSource& m_data;
-    LampPreview& m_lamp;
-    AQCurveView& m_curveView;
     QPushButton& m_bttnRunDemo;
-    QTimer m_demoModeTimer;
+    DemoPlayer m_player;
 };

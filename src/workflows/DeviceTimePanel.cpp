@@ -48,10 +48,6 @@ QLabel* caption(const QString& text, QWidget* buddy, QWidget* parent) {
 } // namespace
 
 DeviceTimePanel::DeviceTimePanel(YMessageController& controller, QWidget* parent,
-                                 ComputerClock clock)
-    : DeviceTimePanel(controller, parent, std::move(clock), Intervals{}) {}
-
-DeviceTimePanel::DeviceTimePanel(YMessageController& controller, QWidget* parent,
                                  ComputerClock clock, Intervals intervals)
     : QDialog(parent), m_controller(controller), m_clock(std::move(clock)), m_intervals(intervals),
       m_lblDeviceTime(new QLabel(this)), m_lblComputerTime(new QLabel(this)),

@@ -16,6 +16,10 @@ class QRadioButton;
 class YAnswer;
 class YMessageController;
 
+struct DeviceTimeIntervals {
+    std::chrono::milliseconds update{500};
+};
+
 /// Shows the controller's clock beside the computer's and sets it.
 ///
 /// The controller's clock holds local wall time and no zone. Made when it is first asked for, it
@@ -24,15 +28,12 @@ class DeviceTimePanel : public QDialog {
     Q_OBJECT
 
 public:
-    struct Intervals {
-        std::chrono::milliseconds update{500};
-    };
+    using Intervals = DeviceTimeIntervals;
 
     /// `controller` must outlive the panel.
     explicit DeviceTimePanel(YMessageController& controller, QWidget* parent,
-                             ComputerClock clock = ComputerClock::system());
-    DeviceTimePanel(YMessageController& controller, QWidget* parent, ComputerClock clock,
-                    Intervals intervals);
+                             ComputerClock clock = ComputerClock::system(),
+                             Intervals intervals = {});
 
     /// Asks the controller for its clock and shows the panel. For a connected controller.
     void menuSetDeviceTime();

@@ -35,6 +35,9 @@ public:
     /// or after "No". On "Cancel", a cancelled panel or a failed save nothing more happens.
     void askAboutChanges(const QString& message, Continuation goOn);
 
+    /// The document's contents no longer come from the current file: saving over it asks first.
+    void noteOtherContents() { m_holdsPartsOfAnotherFile = true; }
+
     /// "Aquelon - Untitled", or the file's name instead; " *" is appended while dirty.
     QString windowTitle() const;
     /// The current file; empty for an untitled document.
@@ -63,7 +66,7 @@ private:
     /// What this program last read from it or wrote to it. Times and sizes tell less: a clock is
     /// coarse, and copying programs set it back.
     QByteArray m_openFileContents;
-    /// The document holds what is not this file's program, such as the parts of another file that a
-    /// failed open left.
+    /// A load, or a failed open of another file, left in the document what is not this file's
+    /// program.
     bool m_holdsPartsOfAnotherFile = false;
 };

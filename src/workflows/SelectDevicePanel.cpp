@@ -50,7 +50,8 @@ void SelectDevicePanel::run(const std::vector<SerialPortInfo>& ports) {
         makeControls();
     m_comboDeviceList->clear();
     for (const SerialPortInfo& port : ports)
-        m_comboDeviceList->addItem(comboDeviceItemPrefix + QString::fromStdString(port.path));
+        m_comboDeviceList->addItem(comboDeviceItemPrefix + QString::fromStdString(port.path),
+                                   QString::fromStdString(port.path));
     m_comboDeviceList->setCurrentIndex(ports.empty() ? -1 : 0);
     m_comboDeviceList->setEnabled(!ports.empty());
     m_lblNone->setVisible(ports.empty());
@@ -60,5 +61,5 @@ void SelectDevicePanel::run(const std::vector<SerialPortInfo>& ports) {
 
 void SelectDevicePanel::onAccepted() {
     accept();
-    Q_EMIT chosen(m_comboDeviceList->currentText().mid(comboDeviceItemPrefix.size()).toStdString());
+    Q_EMIT chosen(m_comboDeviceList->currentData().toString().toStdString());
 }

@@ -1,20 +1,13 @@
 #pragma once
 
-#include "data/AQDataSource.h"
-
 #include <QObject>
-
-#include <memory>
-#include <vector>
 
 class DocumentCommands;
 class Prompts;
 class TransferResult;
-class YAnswer;
-class YMessageController;
-struct DeviceInfo;
+class Transfers;
 
-/// Loading the light program and the task light from the controller, and sending them to it.
+/// The two transfers as the person sees them: the questions before them and the alerts after them.
 ///
 /// A link that fails on the way shows no result here: the connection workflow alone reports it.
 class TransferWorkflow : public QObject {
@@ -22,26 +15,21 @@ class TransferWorkflow : public QObject {
 
 public:
     /// All must outlive this.
-    TransferWorkflow(AQDataSource& data, YMessageController& controller,
-                     DocumentCommands& documents, Prompts& prompts, QObject* parent = nullptr);
+    TransferWorkflow(Transfers& transfers, DocumentCommands& documents, Prompts& prompts,
+                     QObject* parent = nullptr);
 
     void onBttnLoadFromDevice();
     void onBttnSaveToDevice();
+    /// For the end of the program: a send that succeeds is not told any more.
+    void setQuiet(bool isQuiet) { m_isQuiet = isQuiet; }
 
 private:
-    using Answers = std::vector<std::shared_ptr<const YAnswer>>;
-
-    void load();
-    /// `before` is what the document held when the load began.
-    void onLoaded(const Answers& answers, const DeviceInfo& device,
-                  const AQDataSource::Contents& before);
-    void apply(const Answers& answers, const DeviceInfo& device);
-    void send();
-    void loadResult(const TransferResult& result);
+    void onDisturbed();
+    void loadResult(const TransferResult& result, bool isOther);
     void sendResult(const TransferResult& result);
 
-    AQDataSource& m_data;
-    YMessageController& m_controller;
+    Transfers& m_transfers;
     DocumentCommands& m_documents;
     Prompts& m_prompts;
+    bool m_isQuiet = false;
 };

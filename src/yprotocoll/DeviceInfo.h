@@ -1,6 +1,8 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
+#include <optional>
 
 /// Firmware version of the controller.
 struct DeviceVersion {
@@ -14,9 +16,15 @@ struct DeviceInfo {
     DeviceVersion version;
     std::uint8_t build = 0;
     std::uint8_t deviceType = 0;
-    int channelCount = 0;   ///< output channels; 0 until the controller has told
-    int maxPointsInSeq = 0; ///< most entries per channel; 0 until the controller has told
-    /// False between the answer with the version and the one with the two limits.
-    bool knowsLimits() const { return channelCount != 0 || maxPointsInSeq != 0; }
+    // None between the answer with the version and the one with these two.
+    std::optional<int> channelCount;   ///< output channels
+    std::optional<int> maxPointsInSeq; ///< most entries per channel, as the controller says
+
+    /// What fits into a message of 255 bytes: the channel number and three bytes for each entry.
+    static constexpr int maxEntriesPerMessage = 84;
+    /// Most points that can be stored; `untold` while the controller has not told.
+    int pointLimit(int untold) const {
+        return std::min(maxPointsInSeq.value_or(untold), maxEntriesPerMessage);
+    }
     bool operator==(const DeviceInfo&) const = default;
 };

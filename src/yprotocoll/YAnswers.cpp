@@ -142,13 +142,10 @@ struct Field {
     Value Answer::*member;
     Codec codec; ///< stateless; picks the way of reading
 };
-template <class Codec, class Answer, class Value>
+template <class Codec = Plain, class Answer, class Value>
 constexpr Field<Answer, Value, Codec> field(const char* label, Value Answer::*member) {
     return {label, member, Codec{}};
 }
-
-/// Named once, so that the log cannot call a field otherwise than the code does.
-#define FIELD(member, codec) field<codec>(#member, &A::member)
 
 template <class Answer>
 struct Table;
@@ -157,66 +154,67 @@ template <>
 struct Table<AnswerVersion> {
     using A = AnswerVersion;
     static constexpr const char* name = "AnswerVersion";
-    static constexpr std::tuple rows{FIELD(version, Plain), FIELD(build, Plain),
-                                     FIELD(deviceType, Optional)};
+    static constexpr std::tuple rows{field("version", &A::version), field("build", &A::build),
+                                     field<Optional>("deviceType", &A::deviceType)};
 };
 
 template <>
 struct Table<AnswerProductInfo> {
     using A = AnswerProductInfo;
     static constexpr const char* name = "AnswerProductInfo";
-    static constexpr std::tuple rows{FIELD(week, Plain), FIELD(year, Year),
-                                     FIELD(pcbVersion, Plain), FIELD(assemblyVersion, Plain),
-                                     FIELD(serialNumber, Plain)};
+    static constexpr std::tuple rows{
+        field("week", &A::week), field<Year>("year", &A::year), field("pcbVersion", &A::pcbVersion),
+        field("assemblyVersion", &A::assemblyVersion), field("serialNumber", &A::serialNumber)};
 };
 
 template <>
 struct Table<AnswerDebugInfo> {
     using A = AnswerDebugInfo;
     static constexpr const char* name = "AnswerDebugInfo";
-    static constexpr std::tuple rows{FIELD(status, Plain),
-                                     FIELD(URef_dig, Plain),
-                                     FIELD(UInA_dig, Plain),
-                                     FIELD(UInB_dig, Plain),
-                                     FIELD(URef_mV, Plain),
-                                     FIELD(UInA_mV, Plain),
-                                     FIELD(UInB_mV, Plain),
-                                     FIELD(seconds, Plain),
-                                     FIELD(minutes, Plain),
-                                     FIELD(hours, Plain),
-                                     FIELD(day, Plain),
-                                     FIELD(month, Plain),
-                                     FIELD(year, Year),
-                                     FIELD(weekDay, Plain),
-                                     FIELD(isLeapYear, Plain),
-                                     FIELD(appTimeDiv_1_10V, Plain),
-                                     FIELD(appTaskModeTimeout, Plain),
-                                     FIELD(appFilteredAvg1, Plain),
-                                     FIELD(appFilteredAvg2, Plain),
-                                     FIELD(appDemoModeTimeout, Plain)};
+    static constexpr std::tuple rows{field("status", &A::status),
+                                     field("URef_dig", &A::URef_dig),
+                                     field("UInA_dig", &A::UInA_dig),
+                                     field("UInB_dig", &A::UInB_dig),
+                                     field("URef_mV", &A::URef_mV),
+                                     field("UInA_mV", &A::UInA_mV),
+                                     field("UInB_mV", &A::UInB_mV),
+                                     field("seconds", &A::seconds),
+                                     field("minutes", &A::minutes),
+                                     field("hours", &A::hours),
+                                     field("day", &A::day),
+                                     field("month", &A::month),
+                                     field<Year>("year", &A::year),
+                                     field("weekDay", &A::weekDay),
+                                     field("isLeapYear", &A::isLeapYear),
+                                     field("appTimeDiv_1_10V", &A::appTimeDiv_1_10V),
+                                     field("appTaskModeTimeout", &A::appTaskModeTimeout),
+                                     field("appFilteredAvg1", &A::appFilteredAvg1),
+                                     field("appFilteredAvg2", &A::appFilteredAvg2),
+                                     field("appDemoModeTimeout", &A::appDemoModeTimeout)};
 };
 
 template <>
 struct Table<AnswerDebugTxRxDALI> {
     using A = AnswerDebugTxRxDALI;
     static constexpr const char* name = "AnswerDebugTxRxDALI";
-    static constexpr std::tuple rows{FIELD(status, Plain), FIELD(answer, Plain)};
+    static constexpr std::tuple rows{field("status", &A::status), field("answer", &A::answer)};
 };
 
 template <>
 struct Table<AnswerTime> {
     using A = AnswerTime;
     static constexpr const char* name = "AnswerTime";
-    static constexpr std::tuple rows{FIELD(hour, Plain), FIELD(minute, Plain)};
+    static constexpr std::tuple rows{field("hour", &A::hour), field("minute", &A::minute)};
 };
 
 template <>
 struct Table<AnswerDeviceMode> {
     using A = AnswerDeviceMode;
     static constexpr const char* name = "AnswerDeviceMode";
-    static constexpr std::tuple rows{FIELD(mode, NewByteBit<0>),
-                                     FIELD(demoModeActive, SameByteBit<7>),
-                                     FIELD(taskModeActive, SameByteBit<6>), FIELD(levels, Plain)};
+    static constexpr std::tuple rows{field<NewByteBit<0>>("mode", &A::mode),
+                                     field<SameByteBit<7>>("demoModeActive", &A::demoModeActive),
+                                     field<SameByteBit<6>>("taskModeActive", &A::taskModeActive),
+                                     field("levels", &A::levels)};
 };
 
 template <>
@@ -228,74 +226,81 @@ template <>
 struct Table<AnswerSequenceData> {
     using A = AnswerSequenceData;
     static constexpr const char* name = "AnswerSequenceData";
-    static constexpr std::tuple rows{FIELD(channel, Plain), FIELD(seqData, Plain)};
+    static constexpr std::tuple rows{field("channel", &A::channel), field("seqData", &A::seqData)};
 };
 
 template <>
 struct Table<AnswerSequenceDataInfo> {
     using A = AnswerSequenceDataInfo;
     static constexpr const char* name = "AnswerSequenceDataInfo";
-    static constexpr std::tuple rows{FIELD(channelCount, Plain), FIELD(maxPoints, Plain),
-                                     FIELD(sizeOfEntry, Plain)};
+    static constexpr std::tuple rows{field("channelCount", &A::channelCount),
+                                     field("maxPoints", &A::maxPoints),
+                                     field("sizeOfEntry", &A::sizeOfEntry)};
 };
 
 template <>
 struct Table<AnswerDemoModeTransmitBuffer> {
     using A = AnswerDemoModeTransmitBuffer;
     static constexpr const char* name = "AnswerDemoModeTransmitBuffer";
-    static constexpr std::tuple rows{FIELD(freeBlocks, Plain)};
+    static constexpr std::tuple rows{field("freeBlocks", &A::freeBlocks)};
 };
 
 template <>
 struct Table<AnswerTaskMode> {
     using A = AnswerTaskMode;
     static constexpr const char* name = "AnswerTaskMode";
-    static constexpr std::tuple rows{FIELD(minutes, Plain), FIELD(seconds, Plain),
-                                     FIELD(levels, Plain), FIELD(fadeTime, Plain)};
+    static constexpr std::tuple rows{field("minutes", &A::minutes), field("seconds", &A::seconds),
+                                     field("levels", &A::levels), field("fadeTime", &A::fadeTime)};
 };
 
 template <>
 struct Table<AnswerAnalogMode> {
     using A = AnswerAnalogMode;
     static constexpr const char* name = "AnswerAnalogMode";
-    static constexpr std::tuple rows{FIELD(fadeTime, Plain), FIELD(minLevel, Plain),
-                                     FIELD(maxLevel, Plain), FIELD(logarithmicMode, NewByteBit<7>),
-                                     FIELD(inOff_mV, Plain), FIELD(inOn_mV, Plain),
-                                     FIELD(inMax_mV, Plain), FIELD(in100perc_mV, Plain)};
+    static constexpr std::tuple rows{field("fadeTime", &A::fadeTime),
+                                     field("minLevel", &A::minLevel),
+                                     field("maxLevel", &A::maxLevel),
+                                     field<NewByteBit<7>>("logarithmicMode", &A::logarithmicMode),
+                                     field("inOff_mV", &A::inOff_mV),
+                                     field("inOn_mV", &A::inOn_mV),
+                                     field("inMax_mV", &A::inMax_mV),
+                                     field("in100perc_mV", &A::in100perc_mV)};
 };
 
 template <>
 struct Table<AnswerDeviceSettings> {
     using A = AnswerDeviceSettings;
     static constexpr const char* name = "AnswerDeviceSettings";
-    static constexpr std::tuple rows{FIELD(addresses, Plain), FIELD(sequenceFadeTime, Plain),
-                                     FIELD(minOnOutLevel, Plain)};
+    static constexpr std::tuple rows{field("addresses", &A::addresses),
+                                     field("sequenceFadeTime", &A::sequenceFadeTime),
+                                     field("minOnOutLevel", &A::minOnOutLevel)};
 };
 
 template <>
 struct Table<AnswerRTC> {
     using A = AnswerRTC;
     static constexpr const char* name = "AnswerRTC";
-    static constexpr std::tuple rows{FIELD(second, Plain), FIELD(minute, Plain), FIELD(hour, Plain),
-                                     FIELD(day, Plain),    FIELD(month, Plain),  FIELD(year, Year)};
+    static constexpr std::tuple rows{field("second", &A::second), field("minute", &A::minute),
+                                     field("hour", &A::hour),     field("day", &A::day),
+                                     field("month", &A::month),   field<Year>("year", &A::year)};
 };
 
 template <>
 struct Table<AnswerBufferInfo> {
     using A = AnswerBufferInfo;
     static constexpr const char* name = "AnswerBufferInfo";
-    static constexpr std::tuple rows{FIELD(bufferSize, Plain), FIELD(bufferFree, Plain)};
+    static constexpr std::tuple rows{field("bufferSize", &A::bufferSize),
+                                     field("bufferFree", &A::bufferFree)};
 };
 
 template <>
 struct Table<AnswerDaylightInfo> {
     using A = AnswerDaylightInfo;
     static constexpr const char* name = "AnswerDaylightInfo";
-    static constexpr std::tuple rows{FIELD(enabled, NewByteBit<7>),
-                                     FIELD(summerTime, SameByteBit<6>), FIELD(UTCOffset, Plain)};
+    static constexpr std::tuple rows{field<NewByteBit<7>>("enabled", &A::enabled),
+                                     field<SameByteBit<6>>("summerTime", &A::summerTime),
+                                     field("UTCOffset", &A::UTCOffset)};
 };
-
-#undef FIELD
 
 /// What a table makes of an answer class: an object that decodes itself and lists its fields.
 template <class Answer>

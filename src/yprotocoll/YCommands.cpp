@@ -19,16 +19,12 @@ std::uint8_t toByte(int value) {
     return static_cast<std::uint8_t>(std::clamp(value, 0, 255));
 }
 
-bool knowsLimits(const std::optional<DeviceInfo>& device) {
-    return device && device->knowsLimits();
-}
-
 std::uint8_t limitedChannel(const char* command, int channel,
                             const std::optional<DeviceInfo>& device) {
-    const bool known = knowsLimits(device);
-    if (known && device->channelCount <= 0)
+    const auto count = device ? device->channelCount : std::nullopt;
+    if (count && *count <= 0)
         throw std::logic_error("sequence data of a device without channels");
-    const int highest = known ? device->channelCount - 1 : defaultHighestChannel;
+    const int highest = count ? *count - 1 : defaultHighestChannel;
     if (channel <= highest)
         return toByte(channel);
     SPDLOG_WARN("{}.init(): channel set to max = {}", command, highest);
@@ -40,9 +36,9 @@ Bytes sequencePayload(int channel, std::span<const SequenceEntry> entries,
     constexpr const char* command = "CmdSetSequenceData";
     YBufferWriter writer;
     writer.writeUInt8(limitedChannel(command, channel, device));
-    const std::size_t limit = knowsLimits(device)
-                                  ? static_cast<std::size_t>(std::max(device->maxPointsInSeq, 0))
-                                  : defaultMaxEntries;
+    const auto told = device ? device->maxPointsInSeq : std::nullopt;
+    const std::size_t limit =
+        told ? static_cast<std::size_t>(std::max(*told, 0)) : defaultMaxEntries;
     if (entries.size() > limit) {
         SPDLOG_WARN("{}.init(): sequence data truncated at {} entries", command, limit);
         entries = entries.first(limit);

@@ -11,7 +11,9 @@ struct Describe {
     std::string operator()(const E::PortWrongType& e) const {
         return "port " + e.name + " is no Aquelon device";
     }
-    std::string operator()(const E::PortError& e) const { return "port error: " + e.text; }
+    std::string operator()(const E::PortError& e) const {
+        return "port error: " + e.text + (e.help.empty() ? "" : " (" + e.help + ")");
+    }
     std::string operator()(const E::PortClosedError& e) const {
         return "port closed: " + e.reason->description();
     }

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <concepts>
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <type_traits>
 #include <variant>
 
 /// The one error type of the protocol and of the link to the controller.
@@ -21,6 +21,7 @@ public:
     };
     struct PortError {
         std::string text; ///< the system's own text
+        std::string help; ///< what a person can do about it; may be empty
         bool operator==(const PortError&) const = default;
     };
     /// The link has been closed; `reason` says why and is never null.
@@ -93,7 +94,7 @@ public:
     /// Implicit on purpose: `gotError(YMessageError::PacketStart{})`.
     YMessageError(Kind kind) : m_kind(std::move(kind)) {}
     template <class T>
-    requires std::constructible_from<Kind, T> YMessageError(T kind) : m_kind(std::move(kind)) {}
+    requires(std::is_constructible_v<Kind, T>) YMessageError(T kind) : m_kind(std::move(kind)) {}
 
     /// A `PortClosedError` for the given reason.
     static YMessageError portClosed(YMessageError reason);

@@ -163,8 +163,12 @@ TEST(AQSequence, hasSpaceUpToTheLimitOfTheController) {
     document.sequence.addNewAfter(-1, nullptr);
     EXPECT_FALSE(document.sequence.hasSpace());
     document.sequence.replacePoints(std::vector<AQTimePoint>(19));
-    document.device = DeviceInfo{.version = {1, 4}};
+    document.device = DeviceInfo{{1, 4}, 17, 5, {}, {}};
     EXPECT_TRUE(document.sequence.hasSpace()) << "the controller has not told its limit yet";
+    document.device->maxPointsInSeq = 255;
+    EXPECT_EQ(document.sequence.pointLimit(), 84) << "what fits into a message";
+    document.device->maxPointsInSeq = 0;
+    EXPECT_FALSE(document.sequence.hasSpace());
 }
 
 TEST(AQTimePoint, fractionsAsBytes) {

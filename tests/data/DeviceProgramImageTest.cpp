@@ -54,7 +54,7 @@ struct Fixture {
     std::vector<Bytes> sent(const DeviceInfo& device) const {
         std::vector<Bytes> payloads;
         for (const YCommand& command : DeviceProgramImage::sendCommands(document, device)) {
-            EXPECT_EQ(command.id(), payloads.size() == std::size_t(device.channelCount) ? 50 : 44);
+            EXPECT_EQ(command.id(), payloads.size() == std::size_t(*device.channelCount) ? 50 : 44);
             payloads.push_back(command.data());
         }
         return payloads;
@@ -125,6 +125,8 @@ TEST(DeviceProgramImage, checksTheController) {
         {{}, 7, TransferResult::errorNoDevice{}, TransferResult::errorNoDevice{}},
         {controller(3), 7, TransferResult::errorWrongChannelCount{3},
          TransferResult::errorWrongChannelCount{3}},
+        {controller(0, 0), 7, TransferResult::errorWrongChannelCount{0},
+         TransferResult::errorWrongChannelCount{0}},
         {controller(2), 20, ok, ok},
         {controller(4), 0, ok, ok},
         {controller(6), 21, ok, TransferResult::errorTooManyPoints{21, 20}},

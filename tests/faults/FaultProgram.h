@@ -26,7 +26,9 @@ public:
     static constexpr YMessageController::Intervals intervals{.scan = std::chrono::milliseconds(100),
                                                              .open = std::chrono::milliseconds(800),
                                                              .answer =
-                                                                 std::chrono::milliseconds(40)};
+                                                                 std::chrono::milliseconds(40),
+                                                             .arrival =
+                                                                 std::chrono::milliseconds(1)};
 
     FaultProgram();
 

@@ -123,7 +123,7 @@ protected:
     QLocalSocket simulator;
     UdevSerialPortManager ports;
     ModalPause pause;
-    YMessageController link{ports, pause, {.scan = scan, .answer = 1s}};
+    YMessageController link{ports, pause, {.scan = scan, .answer = 1s, .arrival = 10ms}};
     NotificationCenter notifications;
     AQDataSource data{notifications, [this] { return link.device(); }};
     RecordingDialogs prompts;

@@ -64,14 +64,14 @@ Answers storedBy(const std::vector<YCommand>& commands, int channelCount) {
 
 /// A document that came from a controller goes back to it, and comes again as it was.
 void checkReturn(const AQDataSource& document, const DeviceInfo& device) {
-    const bool fits = document.sequence().count() <= std::min(device.maxPointsInSeq, mostEntries);
+    const bool fits = document.sequence().count() <= std::min(*device.maxPointsInSeq, mostEntries);
     require(DeviceProgramImage::checkSend(document, device).isOk() == fits,
             "no more points are sent than the controller and a message hold");
     if (!fits || device.maxPointsInSeq < 2)
         return;
 
     const auto stored =
-        storedBy(DeviceProgramImage::sendCommands(document, device), device.channelCount);
+        storedBy(DeviceProgramImage::sendCommands(document, device), *device.channelCount);
     NotificationCenter notifications;
     AQDataSource loaded(notifications);
     require(DeviceProgramImage::apply(stored, device, loaded).isOk(),
@@ -96,7 +96,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     device.channelCount = feed.byte();
     device.maxPointsInSeq = feed.byte();
     const Answers answers =
-        isTransfer ? readTransfer(feed, device.channelCount) : readAnything(feed);
+        isTransfer ? readTransfer(feed, *device.channelCount) : readAnything(feed);
 
     NotificationCenter notifications;
     AQDataSource document(notifications);

@@ -43,7 +43,7 @@ TEST(Transfer, loadsSendsAndKeepsTheControllersProgram) {
     const QJsonValue stored = journey.controller(QLatin1String("channels"));
     ASSERT_TRUE(journey.press("Load from device"));
     ASSERT_TRUE(journey.waitForText("11:00"));
-    EXPECT_EQ(journey.title(), "Aquelon - Untitled *");
+    EXPECT_EQ(journey.title(), "Aquelon - Untitled");
     EXPECT_EQ(journey.control(QStringLiteral("forget")), QStringLiteral("ok"));
     send(journey);
     EXPECT_EQ(journey.controller(QLatin1String("channels")), stored);
@@ -97,8 +97,11 @@ TEST(Transfer, sendsAndLoadsTheDefaultProgram) {
             EXPECT_EQ(journey.control(QStringLiteral("fault ") + QLatin1String(fault)),
                       QStringLiteral("ok"));
         const auto before = distinctCommands(journey);
+        ASSERT_TRUE(journey.press("Add point"));
         ASSERT_TRUE(journey.press("Load from device"));
-        ASSERT_TRUE(Journey::waitUntil([&] { return journey.title() == "Aquelon - Untitled *"; }));
+        ASSERT_NE(journey.dialog("Save changes before loading settings"), "");
+        ASSERT_TRUE(journey.press("No"));
+        ASSERT_TRUE(Journey::waitUntil([&] { return journey.title() == "Aquelon - Untitled"; }));
         EXPECT_EQ(distinctCommands(journey) - before, c.asked);
         EXPECT_EQ(journey.control(QStringLiteral("forget")), QStringLiteral("ok"));
         send(journey);

@@ -21,6 +21,7 @@
 #include <QApplication>
 #include <QDropEvent>
 #include <QMimeData>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QUrl>
@@ -50,7 +51,7 @@ protected:
     SimulatedController m_device{{}};
     SimulatedSerialPortManager m_ports{m_log};
     ModalPause m_pause;
-    YMessageController m_controller{m_ports, m_pause, {.scan = 20ms}};
+    YMessageController m_controller{m_ports, m_pause, {.scan = 20ms, .arrival = 1ms}};
     NotificationCenter m_notifications;
     AQDataSource m_data{m_notifications, [this] { return m_controller.device(); }};
     ScriptedPrompts m_prompts;
@@ -118,6 +119,7 @@ TEST_F(ProgramTest, aControllerLetGoForOneThatFailsIsNotShownAsConnected) {
         EXPECT_EQ(ui().lblConnectionStatus->text(), QStringLiteral("NOT CONNECTED"));
         EXPECT_FALSE(ui().bttnSend->isEnabled());
         m_ports.unplug("ttyUSB1");
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !ui().lblPortProblem->isVisible(); }));
         m_ports.unplug("ttyUSB0");
     }
     // A choice starts anew the search that the refusal has ended.
@@ -184,14 +186,84 @@ TEST_F(ProgramTest, loadAsksAboutUnsavedChangesBeforeAndAfter) {
     m_prompts.saveAnswers = {Prompts::SaveAnswer::Cancel};
     ui().bttnLoad->click();
     EXPECT_EQ(m_prompts.asked.size(), 1);
-    // A person goes on working while the answers are on their way: that work is asked about, too.
+    // A person goes on working while the answers are on their way: that work is asked about, too,
+    // once, and at the end.
     m_faults.add(*Fault::parse("delay=10"));
     m_prompts.saveAnswers = {Prompts::SaveAnswer::Discard, Prompts::SaveAnswer::Cancel};
     ui().bttnLoad->click();
     ui().sliderTaskBrightness->userSetValue(0.125);
+    ui().bttnLoad->click();
+    EXPECT_EQ(m_prompts.asked.size(), 2);
     EXPECT_TRUE(QTest::qWaitFor([&] { return m_prompts.asked.size() == 3; }, 3000));
     EXPECT_EQ(m_data.taskLight().brightness, 0.125);
-    EXPECT_EQ(m_device.commandCounts().at("CmdGetTaskMode"), 1) << "cancelling sent nothing";
+    EXPECT_EQ(m_device.commandCounts().at("CmdGetTaskMode"), 2) << "cancelling sent nothing";
+}
+
+// What was loaded stands in the controller, but not in the file.
+TEST_F(ProgramTest, aLoadLeavesTheDocumentCleanAndGuardsItsFile) {
+    start();
+    connect();
+    const QTemporaryDir folder;
+    m_prompts.placesToSave = {folder.filePath(QStringLiteral("lamp.sq"))};
+    ui().menuitemSave->trigger();
+    m_device.editState().taskLight.minutes = 7;
+    ui().bttnLoad->click();
+    ui().bttnLoad->click();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return m_data.taskLight().time.minute == 7; }, 3000));
+    EXPECT_FALSE(m_data.isDirty());
+    ui().menuitemSave->trigger();
+    EXPECT_EQ(m_prompts.asked.size(), 2) << "where to save, and whether to overwrite";
+}
+
+TEST_F(ProgramTest, aSendEndsBeforeTheProgram) {
+    start();
+    connect();
+    m_faults.add(*Fault::parse("delay=20"));
+    const QSignalSpy terminated(&m_delegate, &AppDelegate::terminated);
+    m_prompts.confirmations = {true};
+    ui().bttnSend->click();
+    ui().bttnLoad->click();
+    ui().sliderTaskBrightness->userSetValue(0.5);
+    m_prompts.saveAnswers = {Prompts::SaveAnswer::Discard};
+    m_delegate.window().close();
+    m_delegate.window().close();
+    m_delegate.applicationShouldTerminate(AppDelegate::Ask::Nothing);
+    EXPECT_TRUE(ui().lblPreview->isVisible());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !terminated.isEmpty(); }, 3000));
+    EXPECT_EQ(m_device.commandCounts().at("CmdSetTaskMode"), 1);
+    EXPECT_TRUE(m_prompts.told.isEmpty());
+    EXPECT_EQ(m_prompts.asked.size(), 2) << "whether to send, and once whether to save";
+}
+
+TEST_F(ProgramTest, whatIsAskedForLastWins) {
+    start();
+    m_controller.openWithPath("/dev/ttyUSB0");
+    connect();
+    SimulatedController other{{}};
+    FaultPlan sound;
+    m_ports.plug("ttyUSB1", other, sound);
+    auto* panel = m_delegate.window().findChild<SelectDevicePanel*>();
+    const auto turnLiveOn = [this] {
+        ui().bttnLiveModeSwitch->setChecked(true);
+        return QTest::qWaitFor([&] { return m_device.state().demoActive; });
+    };
+    ASSERT_TRUE(turnLiveOn());
+    const auto events = m_log.events().size();
+    Q_EMIT panel->chosen("/dev/ttyUSB0");
+    EXPECT_EQ(m_log.events().size(), events) << "chosen already";
+
+    // A silent controller is given up for the chosen one.
+    m_faults.add(*Fault::parse("deaf"));
+    Q_EMIT panel->chosen("/dev/ttyUSB1");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return other.state().demoActive; }, 5000));
+    EXPECT_EQ(m_prompts.told.size(), 1);
+
+    // The end wins over a choice that waits for a silent controller.
+    const QSignalSpy terminated(&m_delegate, &AppDelegate::terminated);
+    sound.add(*Fault::parse("deaf"));
+    Q_EMIT panel->chosen("/dev/ttyUSB0");
+    m_delegate.window().close();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !terminated.isEmpty(); }, 3000));
 }
 
 TEST_F(ProgramTest, droppedFileIsOpened) {
@@ -265,6 +337,16 @@ TEST_F(ProgramTest, whatIsBeingTypedIsNotLost) {
     m_prompts.asked.clear();
     m_delegate.window().close();
     EXPECT_EQ(m_prompts.asked.size(), 1) << "closing asks about what was typed";
+
+    // What is refused is shown, and the window with it.
+    m_data.setIsDirty(false);
+    const QSignalSpy terminated(&m_delegate, &AppDelegate::terminated);
+    QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(field, QStringLiteral("later"));
+    ui().menuitemQuit->trigger();
+    EXPECT_TRUE(terminated.isEmpty());
+    ui().menuitemQuit->trigger();
+    EXPECT_EQ(terminated.count(), 1);
 }
 
 } // namespace

@@ -78,7 +78,9 @@ struct SimulatedLink final : YMessageControllerDelegate {
     YMessageController controller{
         ports,
         pause,
-        {.scan = std::chrono::milliseconds(20), .answer = std::chrono::milliseconds(100)}};
+        {.scan = std::chrono::milliseconds(20),
+         .answer = std::chrono::milliseconds(100),
+         .arrival = std::chrono::milliseconds(1)}};
     bool isConnected = false;
     std::function<void(bool)> connectedChanged; ///< as the window would be told
 

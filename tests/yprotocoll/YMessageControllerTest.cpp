@@ -6,6 +6,7 @@
 
 #include <QDeadlineTimer>
 #include <QElapsedTimer>
+#include <QTimer>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -20,7 +21,7 @@ const Story opening{"1", "46"};
 /// A message controller on a simulated lamp's controller, and the story of its reports.
 class YMessageControllerTest : public testing::Test, public YMessageControllerDelegate {
 protected:
-    YMessageControllerTest() { restart({.scan = 5ms, .open = 5s, .answer = 5s}); }
+    YMessageControllerTest() { restart({.scan = 5ms, .open = 5s, .answer = 5s, .arrival = 1ms}); }
 
     void restart(YMessageController::Intervals intervals) {
         link.reset(); // it leaves the ports on its way out
@@ -106,6 +107,57 @@ TEST_F(YMessageControllerTest, opensWhatIsPluggedInAndLearnsItsLimits) {
     expectStory({});
     EXPECT_FALSE(port.openPort);
     EXPECT_EQ(port.openCount, 1);
+}
+
+// Timers that are due at once are served in the order of their times, however late.
+TEST_F(YMessageControllerTest, anAnswerHasTwoTenthsOfASecond) {
+    restart({});
+    connectDevice();
+    addFault("silence");
+    bool isExact = false;
+    for (int attempt = 0; attempt < 3 && !isExact; ++attempt) {
+        takeCommands();
+        link->close();
+        link->open(link->availablePorts().front());
+        std::size_t early = 0;
+        std::optional<std::size_t> late;
+        QTimer::singleShot(195ms, Qt::PreciseTimer, [&] { early = takeCommands().size(); });
+        QTimer::singleShot(210ms, Qt::PreciseTimer, [&] { late = takeCommands().size(); });
+        EXPECT_TRUE(QTest::qWaitFor([&] { return late.has_value(); }));
+        isExact = early == 1 && late == 1;
+    }
+    EXPECT_TRUE(isExact);
+}
+
+TEST_F(YMessageControllerTest, twoThatArriveTogetherAreLeftToThePerson) {
+    restart({.scan = 1h, .arrival = 100ms});
+    link->run();
+    plug();
+    QCoreApplication::processEvents();
+    SimulatedController other{{}};
+    ports.plug("ttyUSB1", other, faults);
+    passTime(150ms);
+    EXPECT_EQ(story, Story{});
+    ports.unplug("ttyUSB1");
+    expectStory({"open"});
+}
+
+TEST_F(YMessageControllerTest, goesByNumbersWhereChannelsAreNotNamed) {
+    restart({.scan = 5s, .open = 5s, .answer = 20ms, .arrival = 1ms});
+    connectDevice();
+    addFault("channel=0");
+    const std::vector<SequenceEntry> entries(2);
+    std::vector<YCommand> commands;
+    for (const int channel : {0, 1, 2})
+        commands.push_back(CmdSetSequenceData(channel, entries, link->device()));
+    for (const int channel : {0, 1, 2})
+        commands.push_back(CmdGetSequenceData(channel, link->device()));
+    link->sendCommands(commands, [this](const auto& answers) {
+        story.push_back(std::to_string(answers.size()) + " answers");
+    });
+    expectStory({"got an unrequested answer #45", "timeout 1: no answer for command #44",
+                 "6 answers"});
+    EXPECT_EQ(takeCommands().size(), 7U) << "one of them twice";
 }
 
 TEST_F(YMessageControllerTest, theOpenSequenceHasATimeLimitAndIsNotTriedAgain) {

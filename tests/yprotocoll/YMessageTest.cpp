@@ -19,7 +19,7 @@ TEST(YMessage, framesWithStartLengthAndChecksum) {
 TEST(YMessageError, describesEveryKind) {
     const std::pair<E, const char*> texts[] = {
         {E::PortWrongType{"ttyS0"}, "port ttyS0 is no Aquelon device"},
-        {E::PortError{"Permission denied"}, "port error: Permission denied"},
+        {E::PortError{"Permission denied", {}}, "port error: Permission denied"},
         {E::DeviceVersion{1, 0}, "unsupported device version 1.0"},
         {E::UnknownPacket{3}, "unknown answer #3"},
         {E::PacketLength{"AnswerRTC", 5}, "AnswerRTC: wrong packet length: 5"},

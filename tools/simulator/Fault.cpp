@@ -21,6 +21,7 @@ constexpr std::array kinds{
     KindInfo{K::Delay, "delay", 150, "answer after N milliseconds"},
     KindInfo{K::WrongChecksum, "wrong-checksum", 0, "one bit of the checksum is turned"},
     KindInfo{K::WrongNumber, "wrong-number", 33, "answer number N instead of the right one"},
+    KindInfo{K::Channel, "channel", 0, "answers about channels name channel N, whatever was asked"},
     KindInfo{K::Length, "length", 255, "length byte N, whatever the payload holds"},
     KindInfo{K::Shorter, "shorter", 1, "payload N bytes too short, in a sound frame"},
     KindInfo{K::Longer, "longer", 1, "payload N bytes too long, in a sound frame"},

@@ -20,6 +20,7 @@ struct Fault {
         Delay,         ///< value: milliseconds until the answer
         WrongChecksum, ///< the checksum's lowest bit is turned
         WrongNumber,   ///< value: the answer's number instead of the right one
+        Channel,       ///< value: the channel that answers about channels name, whatever was asked
         Length,        ///< value: the length byte, which then does not fit the frame
         Shorter,       ///< value: bytes cut from the payload; the frame is sound
         Longer,        ///< value: bytes added to the payload; the frame is sound

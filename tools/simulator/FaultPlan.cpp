@@ -82,6 +82,14 @@ void FaultPlan::alter(const Fault& fault, YMessage& answer, Bytes& frame) {
         answer = YMessage(answer.name(), byte(fault.amount()), payload);
         frame = answer.frame();
         break;
+    case K::Channel: {
+        constexpr std::size_t limitsLength = 3; // of the answer 47 that is not about a channel
+        if ((answer.id() == 45 || answer.id() == 47) && payload.size() != limitsLength)
+            payload.front() = byte(fault.amount());
+        answer = YMessage(answer.name(), answer.id(), payload);
+        frame = answer.frame();
+        break;
+    }
     case K::Shorter:
         payload.resize(payload.size() -
                        std::min(payload.size(), static_cast<std::size_t>(fault.amount())));

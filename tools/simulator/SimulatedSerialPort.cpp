@@ -26,7 +26,7 @@ void SimulatedSerialPort::reportOpening() {
     const auto device = m_device.lock();
     const auto failed = [this](const std::string& text) {
         if (m_delegate)
-            m_delegate->serialPortDidEncounterError(*this, text);
+            m_delegate->serialPortDidEncounterError(*this, {text, {}});
     };
     if (!device)
         return failed("No such file or directory");
@@ -91,7 +91,7 @@ void SimulatedSerialPort::end(bool removed) {
 void SimulatedSerialPort::fail(const std::string& text) {
     const auto report = [this, text] {
         if (m_open && m_delegate)
-            m_delegate->serialPortDidEncounterError(*this, text);
+            m_delegate->serialPortDidEncounterError(*this, {text, {}});
     };
     QMetaObject::invokeMethod(this, report, Qt::QueuedConnection);
 }

@@ -22,18 +22,15 @@ QString pathOf(const SerialPortInfo& info) {
 
 /// The system's text and what a person can do about it. Qt knows one error for a missing permission
 /// and for a port that another program holds.
-std::string openFailureText(const QSerialPort& port, const QFileInfo& device) {
-    const QString text = port.errorString();
-    if (!device.exists() || port.error() != QSerialPort::PermissionError)
-        return text.toStdString();
-    if (device.isReadable() && device.isWritable())
-        return QStringLiteral("%1 (%2 is in use by another program)")
-            .arg(text, device.filePath())
-            .toStdString();
-    return QStringLiteral("%1 (%2 belongs to the group \"%3\": run \"sudo usermod -aG %3 $USER\" "
-                          "and log in again)")
-        .arg(text, device.filePath(), device.group())
-        .toStdString();
+YMessageError::PortError openFailure(const QSerialPort& port, const QFileInfo& device) {
+    QString help;
+    if (device.exists() && port.error() == QSerialPort::PermissionError)
+        help = (device.isReadable() && device.isWritable()
+                    ? QStringLiteral("%1 is in use by another program")
+                    : QStringLiteral("%1 belongs to the group \"%2\": run \"sudo usermod -aG %2 "
+                                     "$USER\" and log in again"))
+                   .arg(device.filePath(), device.group());
+    return {port.errorString().toStdString(), help.toStdString()};
 }
 
 /// Errors after which Qt SerialPort can neither read nor write, but signals on without end.
@@ -76,10 +73,10 @@ void QtSerialPort::open() {
     port->setStopBits(QSerialPort::OneStop);
     port->setFlowControl(QSerialPort::NoFlowControl);
     if (!port->open(QIODevice::ReadWrite)) {
-        const std::string text = openFailureText(*port, QFileInfo(pathOf(m_info)));
+        const auto failure = openFailure(*port, QFileInfo(pathOf(m_info)));
         port.reset();
         if (m_delegate)
-            m_delegate->serialPortDidEncounterError(*this, text);
+            m_delegate->serialPortDidEncounterError(*this, failure);
         return;
     }
     // Bytes of an earlier conversation would be taken for answers.
@@ -155,7 +152,7 @@ void QtSerialPort::onError() {
     if (text == m_lastError || !m_delegate)
         return;
     m_lastError = text;
-    m_delegate->serialPortDidEncounterError(*this, text);
+    m_delegate->serialPortDidEncounterError(*this, {text, {}});
 }
 
 /// The first sign frees the device, so that no further one can come.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "yprotocoll/YMessageError.h"
+
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -18,8 +20,9 @@ public:
     virtual void serialPortWasOpened(SerialPort& port) = 0;
     virtual void serialPortWasClosed(SerialPort& port) = 0;
     virtual void serialPortWasRemovedFromSystem(SerialPort& port) = 0;
-    /// A failure that does not end the link, or a failure to open; `error` is the system's text.
-    virtual void serialPortDidEncounterError(SerialPort& port, const std::string& error) = 0;
+    /// A failure that does not end the link, or a failure to open.
+    virtual void serialPortDidEncounterError(SerialPort& port,
+                                             const YMessageError::PortError& error) = 0;
     virtual void serialPortDidReceive(SerialPort& port, std::span<const std::uint8_t> bytes) = 0;
 
 protected:
