@@ -43,9 +43,7 @@ void Transfers::replaceDocument() {
         DeviceProgramImage::apply(std::exchange(m_answers, {}), m_device, m_data);
     if (result.isOk()) {
         m_data.setIsDirty(false);
-        m_data.sequence().notifySelectionChange(-1, this);
-        m_data.sequence().notifyDataChange(this, false);
-        Q_EMIT m_data.notifications().dataLoaded(this);
+        m_data.announceReplacement(this);
     }
     Q_EMIT loaded(result, m_data.contents() != before);
 }

@@ -126,7 +126,7 @@ TEST_F(LampJourneys, liveModeFollowsTheHand) {
     Journey::keys("--repeat 10 shift+Down");
     expectSoon([this] { return told(); }, std::vector{0, 0});
 
-    const UiElement intensity = journey.find("slider", "Point 3, Intensity");
+    const UiElement intensity = journey.find("slider", "Point 3, 15:00, Intensity");
     Journey::drag(intensity, {intensity.screenRect().center(),
                               QPoint(intensity.screenRect().right(), intensity.screenRect().y())});
     expectSoon([this] { return told(); }, std::vector{full, full});
@@ -178,11 +178,11 @@ TEST_F(LampJourneys, workDuringADemoDoesNoHarm) {
     EXPECT_TRUE(moves());
     EXPECT_TRUE(curve.children().empty());
 
-    const UiElement intensity = journey.find("slider", "Point 1, Intensity");
+    const UiElement intensity = journey.find("slider", "Point 1, 08:30, Intensity");
     Journey::click(intensity);
     Journey::keys("Right");
     ASSERT_TRUE(journey.press("Delete point"));
-    expectSoon([this] { return bool(journey.find("slider", "Point 7, Intensity")); }, false);
+    expectSoon([this] { return bool(journey.find("slider", "Point 7, 23:30, Intensity")); }, false);
     EXPECT_TRUE(moves());
 
     ASSERT_TRUE(journey.press("Load from device"));
