@@ -1,6 +1,7 @@
 #include "AppDelegate.h"
 
 #include "MainWindow.h"
+#include "controls/Announcement.h"
 #include "controls/curve/AQCurveView.h"
 #include "controls/points/AQPointList.h"
 #include "controls/popovers/AQHelpPopover.h"
@@ -25,6 +26,7 @@
 #include "yprotocoll/link/YMessageController.h"
 
 #include <QApplication>
+#include <QFileInfo>
 #include <QTimer>
 
 /// One member for each thing a person does; in this order each may use those above it.
@@ -102,6 +104,9 @@ void AppDelegate::connectDocument() {
             [this] { applicationShouldTerminate(Ask::AboutChanges); });
     connect(m_window.get(), &MainWindow::fileDropped, &w.documents, &DocumentCommands::openPath);
     connect(&w.documents, &DocumentCommands::titleChanged, this, &AppDelegate::showTitle);
+    connect(&w.documents, &DocumentCommands::savedTo, m_window.get(), [this](const QString& path) {
+        Announcement::make(*m_window, QStringLiteral("Saved ") + QFileInfo(path).fileName());
+    });
 
     connect(&m_window->curveView(), &AQCurveView::addRequested, &w.table,
             &PointTable::onTableItemAdd);

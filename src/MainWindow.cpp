@@ -1,6 +1,7 @@
 #include "MainWindow.h"
 
 #include "controls/AccentColor.h"
+#include "controls/Announcement.h"
 #include "controls/curve/AQCurveView.h"
 #include "controls/points/AQPointList.h"
 #include "controls/time/TimeField.h"
@@ -101,10 +102,13 @@ void MainWindow::requestClose() {
 }
 
 void MainWindow::showConnected(bool isConnected) {
+    const bool isNews = isConnected != m_isConnected;
     m_isConnected = isConnected;
     const QColor color = statusColor(isConnected, AccentColor::isDark(palette()));
     m_ui->lblConnectionStatus->setText(isConnected ? QStringLiteral("CONNECTED")
                                                    : QStringLiteral("NOT CONNECTED"));
+    if (isNews)
+        Announcement::make(*this, m_ui->lblConnectionStatus->text());
     setTextColor(*m_ui->lblConnectionStatus, color);
     setTextColor(*m_ui->lblConnectionDot, color);
 }

@@ -3,6 +3,7 @@
 #include <QVariant>
 
 class AQValueView;
+class QAccessibleInterface;
 
 /// Whom value views report to; usually what places them in the window.
 ///
@@ -19,4 +20,6 @@ public:
     virtual bool aqValueShouldChange(AQValueView& view, const QVariant& value) = 0;
     /// `view` became its window's keyboard focus.
     virtual void aqGotFocus(AQValueView& view) = 0;
+    /// What holds the view for assistive programs, when that is not its parent widget.
+    virtual QAccessibleInterface* aqAccessibleParent() const { return nullptr; }
 };

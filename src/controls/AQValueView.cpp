@@ -17,6 +17,10 @@ bool AQValueView::isWindowFocus() const {
     return focus && (focus == this || focus == focusProxy());
 }
 
+QAccessibleInterface* AQValueView::accessibleParent() const {
+    return m_delegate ? m_delegate->aqAccessibleParent() : nullptr;
+}
+
 void AQValueView::focusInEvent(QFocusEvent* event) {
     QWidget::focusInEvent(event);
     focusArrived();

@@ -6,6 +6,7 @@
 #include <optional>
 
 class AQValueDelegate;
+class QAccessibleInterface;
 
 /// Base of the controls that edit one value: focus by Tab and click while enabled, reports to a
 /// delegate.
@@ -29,6 +30,11 @@ public:
 
     /// True while this view is its window's keyboard focus, even if another window is active.
     bool isWindowFocus() const;
+
+    /// What assistive programs meet: the child that takes the focus for this view, else the view.
+    QWidget* accessibleWidget() { return focusProxy() ? focusProxy() : this; }
+    /// What holds that for them; null for the parent widget.
+    QAccessibleInterface* accessibleParent() const;
 
 protected:
     void focusInEvent(QFocusEvent* event) override;

@@ -157,6 +157,7 @@ void DocumentCommands::write(const QString& path, const Continuation& saved) {
     m_openFileContents = m_writer.text();
     m_holdsPartsOfAnotherFile = false;
     Q_EMIT titleChanged();
+    Q_EMIT savedTo(path);
     if (saved)
         saved();
 }

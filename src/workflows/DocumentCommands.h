@@ -46,6 +46,8 @@ public:
 Q_SIGNALS:
     /// `windowTitle()` may have changed.
     void titleChanged();
+    /// The document is in this file now.
+    void savedTo(const QString& path);
 
 private:
     void read(const QString& path);

@@ -177,7 +177,7 @@ TEST(EditorJourneys, windowIsWorkedWithoutAControllerAndWithoutAPointer) {
     Strings expected{"Light program curve"};
     for (int row = 1; row <= 7; ++row)
         for (const char* column : {"Time", "Colour temperature", "Intensity"})
-            expected.push_back("Point " + std::to_string(row) + ", " + column);
+            expected.push_back(editor.cell(row, column).name());
     expected.insert(expected.end(),
                     {"Add point", "Delete point", "Help on Task light", "Task light duration",
                      "Task light colour temperature", "Task light intensity", "Programmed mode",

@@ -7,6 +7,7 @@
 #include "controls/points/AQPointListHeader.h"
 #include "controls/points/AQPointRow.h"
 #include "controls/points/AQScrollBar.h"
+#include "controls/time/TimeText.h"
 #include "data/AQSelection.h"
 #include "data/AQSequence.h"
 #include "data/NotificationCenter.h"
@@ -50,6 +51,7 @@ AQPointList::AQPointList(AQSequence& sequence, AQSelection& selection, QWidget* 
     connect(&notifications, &NotificationCenter::cellChanged, this, [this](int row) {
         if (const PlacedRow* changed = placed(row))
             changed->widget->refresh(row);
+        AQPointListAccessible::tellNames(*this);
     });
     connect(&notifications, &NotificationCenter::sectionChanged, this,
             &AQPointList::onSelectionChanged);
@@ -78,8 +80,17 @@ AQPointRow* AQPointList::rowAt(int row) {
     return placed(row)->widget;
 }
 
-int AQPointList::rowOf(const AQPointRow& row) const {
-    return isAncestorOf(&row) ? m_sequence.rowOf(row.id()) : -1;
+QString AQPointList::rowName(int row) const {
+    const AQTime& time = m_sequence.at(row).time;
+    return QStringLiteral("Point %1 of %2, %3")
+        .arg(row + 1)
+        .arg(count())
+        .arg(timeText(time.hour, time.minute));
+}
+
+QRect AQPointList::rowRect(int row) const {
+    return {widget()->mapToGlobal(QPoint(0, row * m_rowHeight)),
+            QSize(widget()->width(), m_rowHeight)};
 }
 
 void AQPointList::focusEditor(int row, int column, Qt::FocusReason reason) {
@@ -107,11 +118,13 @@ const AQPointList::PlacedRow* AQPointList::focusedRow() const {
 
 void AQPointList::onDataChanged() {
     m_wantedRow = -1;
-    layOut();
+    // Before the focus goes to another row: it is read by its name.
     for (const auto& [row, widget] : m_rows) {
-        widget->refresh(row);
+        widget->refresh(m_sequence.rowOf(widget->id()));
         widget->setIsSelected(widget->id() == m_selection.id());
     }
+    AQPointListAccessible::tellNames(*this);
+    layOut();
 }
 
 void AQPointList::onSelectionChanged() {
@@ -120,6 +133,7 @@ void AQPointList::onSelectionChanged() {
         widget->setIsSelected(row == selected);
     if (selected < 0)
         return;
+    AQPointListAccessible::tellSelection(*this);
     if (const PlacedRow* focused = focusedRow(); focused && focused->row != selected)
         focusEditor(selected, focused->widget->focusedColumn(), Qt::OtherFocusReason);
     QScrollBar* bar = verticalScrollBar();

@@ -41,8 +41,11 @@ public:
 
     /// The row of a point as a widget, made if there was none; null outside the program.
     AQPointRow* rowAt(int row);
-    /// -1 for a row that has been let go.
-    int rowOf(const AQPointRow& row) const;
+    /// "Point 3 of 7, 15:00".
+    QString rowName(int row) const;
+    /// On the screen, also outside of what is seen of the list.
+    QRect rowRect(int row) const;
+    const AQSequence& sequence() const { return m_sequence; }
     /// The keyboard focus goes to the editor of `column` in `row`, which is scrolled into view.
     void focusEditor(int row, int column, Qt::FocusReason reason);
     /// -1 when none of the editors is the window's keyboard focus.

@@ -1,6 +1,7 @@
 #include "controls/points/AQPointRow.h"
 
 #include "controls/AccentColor.h"
+#include "controls/points/AQPointListAccessible.h"
 #include "controls/sliders/AQSliderBrightness.h"
 #include "controls/sliders/AQSliderColorTemp.h"
 #include "controls/time/AQTimeEdit.h"
@@ -56,19 +57,15 @@ void AQPointRow::refresh(int row) {
     m_colorTemp->setMaxValue(point.brightness);
     m_brightness->setValue(point.brightness);
 
-    const QString name = QStringLiteral("Point %1 of %2, %3")
+    const QString name = QStringLiteral("Point %1, %2, ")
                              .arg(row + 1)
-                             .arg(m_sequence.count())
                              .arg(timeText(point.time.hour, point.time.minute));
-    if (name == accessibleName())
+    if (m_colorTemp->accessibleName().startsWith(name))
         return;
-    setAccessibleName(name);
     for (int column = 0; column < PointColumn::count; ++column) {
         editor(column).setObjectName(QStringLiteral("cell_%1_%2").arg(row).arg(column));
-        editor(column).setAccessibleName(QStringLiteral("Point %1, %2, %3")
-                                             .arg(row + 1)
-                                             .arg(timeText(point.time.hour, point.time.minute),
-                                                  QLatin1String(PointColumn::title(column))));
+        editor(column).accessibleWidget()->setAccessibleName(
+            name + QLatin1String(PointColumn::title(column)));
     }
 }
 
@@ -121,4 +118,8 @@ bool AQPointRow::aqValueShouldChange(AQValueView& /*view*/, const QVariant& valu
 
 void AQPointRow::aqGotFocus(AQValueView& /*view*/) {
     Q_EMIT turnedTo(m_id);
+}
+
+QAccessibleInterface* AQPointRow::aqAccessibleParent() const {
+    return AQPointListAccessible::rowOf(*this);
 }

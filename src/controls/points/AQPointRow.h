@@ -56,6 +56,7 @@ private:
     void aqValueDidChange(AQValueView& view, const QVariant& value) override;
     bool aqValueShouldChange(AQValueView& view, const QVariant& value) override;
     void aqGotFocus(AQValueView& view) override;
+    QAccessibleInterface* aqAccessibleParent() const override;
 
     AQSequence& m_sequence;
     const AQPointId m_id;

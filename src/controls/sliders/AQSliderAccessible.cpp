@@ -29,6 +29,11 @@ void* AQSliderAccessible::interface_cast(QAccessible::InterfaceType type) {
     return QAccessibleWidget::interface_cast(type);
 }
 
+QAccessibleInterface* AQSliderAccessible::parent() const {
+    QAccessibleInterface* row = slider()->accessibleParent();
+    return row ? row : QAccessibleWidget::parent();
+}
+
 QString AQSliderAccessible::text(QAccessible::Text kind) const {
     return kind == QAccessible::Value ? slider()->valueText() : QAccessibleWidget::text(kind);
 }

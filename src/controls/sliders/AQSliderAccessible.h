@@ -13,6 +13,7 @@ public:
     static void install();
 
     void* interface_cast(QAccessible::InterfaceType type) override;
+    QAccessibleInterface* parent() const override;
     QString text(QAccessible::Text kind) const override;
 
     QVariant currentValue() const override;

@@ -2,7 +2,6 @@
 
 #include "controls/time/TimeField.h"
 
-#include <QEvent>
 #include <QHBoxLayout>
 #include <QPointer>
 
@@ -15,10 +14,7 @@ AQTimeValueView::AQTimeValueView(std::unique_ptr<const TimeFormat> format, QWidg
     row->addWidget(m_field);
     setFocusProxy(m_field);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-    connect(m_field, &TimeField::focusArrived, this, [this] {
-        passNamesOn();
-        focusArrived();
-    });
+    connect(m_field, &TimeField::focusArrived, this, [this] { focusArrived(); });
     connect(m_field, &TimeField::focusLeft, this,
             [this](Qt::FocusReason reason) { focusLeft(reason); });
     connect(m_field, &TimeField::refused, this, &AQTimeValueView::refused);
@@ -65,15 +61,4 @@ bool AQTimeValueView::takeFromPerson(const AQTime& time) {
     if (alive)
         Q_EMIT timeChanged(time);
     return true;
-}
-
-bool AQTimeValueView::event(QEvent* event) {
-    if (event->type() == QEvent::Show || event->type() == QEvent::Polish)
-        passNamesOn();
-    return AQValueView::event(event);
-}
-
-void AQTimeValueView::passNamesOn() {
-    m_field->setAccessibleName(accessibleName());
-    m_field->setAccessibleDescription(accessibleDescription());
 }

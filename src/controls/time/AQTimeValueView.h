@@ -39,13 +39,8 @@ Q_SIGNALS:
 protected:
     AQTimeValueView(std::unique_ptr<const TimeFormat> format, QWidget* parent);
 
-    bool event(QEvent* event) override;
-
 private:
     bool takeFromPerson(const AQTime& time);
-    /// Screen readers meet the field inside, so it bears the names that the window gave to this
-    /// view.
-    void passNamesOn();
 
     TimeField* m_field;
 };

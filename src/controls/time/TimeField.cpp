@@ -1,8 +1,9 @@
 #include "controls/time/TimeField.h"
 
+#include "controls/Announcement.h"
 #include "controls/popovers/RefusalTip.h"
+#include "controls/time/TimeFieldAccessible.h"
 
-#include <QAccessible>
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -24,6 +25,8 @@ constexpr QColor refusalColor(196, 43, 43);
 TimeField::TimeField(std::unique_ptr<const TimeFormat> format, Offer offer, QWidget* parent)
     : QAbstractSpinBox(parent), m_format(std::move(format)), m_offer(std::move(offer)),
       m_refusalText(tr("%1 cannot be used.")) {
+    TimeFieldAccessible::install();
+    lineEdit()->setObjectName({}); // under Qt's name for it, assistive programs get no text
     setFocusPolicy(Qt::StrongFocus);
     setAlignment(Qt::AlignHCenter);
     setCorrectionMode(QAbstractSpinBox::CorrectToPreviousValue);
@@ -149,12 +152,9 @@ void TimeField::refuse(const QString& reason) {
         selectAll();
     m_refusalTimer.start(refusalShown);
     update();
-    if (QAccessible::isActive()) {
-        setAccessibleDescription(reason);
-        QAccessibleEvent event(this, QAccessible::Alert);
-        QAccessible::updateAccessibility(&event);
-    }
+    setAccessibleDescription(reason);
     if (isVisible()) {
+        Announcement::make(*this, reason);
         if (!m_tip)
             m_tip = new RefusalTip(*this);
         m_tip->tell(reason);
@@ -228,6 +228,8 @@ void TimeField::keyPressEvent(QKeyEvent* event) {
 
 void TimeField::focusInEvent(QFocusEvent* event) {
     QAbstractSpinBox::focusInEvent(event);
+    if (!accessibleDescription().isEmpty())
+        setAccessibleDescription({}); // a refusal from before
     Q_EMIT focusArrived();
 }
 

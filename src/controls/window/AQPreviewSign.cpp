@@ -1,8 +1,8 @@
 #include "controls/window/AQPreviewSign.h"
 
 #include "controls/AccentColor.h"
+#include "controls/Announcement.h"
 
-#include <QAccessible>
 #include <QPainter>
 
 namespace {
@@ -27,13 +27,13 @@ AQPreviewSign::AQPreviewSign(QWidget* parent) : QLabel(parent) {
 void AQPreviewSign::setSign(const QString& sign) {
     if (sign == text() && isHidden() == sign.isEmpty())
         return;
-    const bool appears = text().isEmpty() && !sign.isEmpty();
+    // Not each minute of the demo.
+    const auto subject = [](const QString& words) { return words.section(u' ', 0, 0); };
+    const bool isNews = !sign.isEmpty() && subject(sign) != subject(text());
     setText(sign);
     setVisible(!sign.isEmpty());
-    if (appears) {
-        QAccessibleEvent event(this, QAccessible::Alert);
-        QAccessible::updateAccessibility(&event);
-    }
+    if (isNews)
+        Announcement::make(*this, sign);
 }
 
 void AQPreviewSign::paintEvent(QPaintEvent* event) {
