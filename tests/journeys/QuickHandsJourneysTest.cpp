@@ -72,7 +72,8 @@ TEST_F(QuickHandsJourneys, aPressCountsForThePointUnderThePointer) {
     hands(press(from) + ' ' + at(from - QPoint(0, 20)) + ' ' + at(to) + " mouseup 1");
     expectSoon([&] { return light("10:00"); }, "100 %, selected");
     EXPECT_EQ(light("09:30"), "0 %");
-    expectSoon([&] { return journey.controller(QLatin1String("lamp")).toArray().first().toInt(); }, 254);
+    expectSoon([&] { return journey.controller(QLatin1String("lamp")).toArray().first().toInt(); },
+               254);
 }
 
 TEST_F(QuickHandsJourneys, keysGoToThePointThatMoves) {
@@ -97,22 +98,23 @@ TEST_F(QuickHandsJourneys, aDragEndsWithItsPoint) {
     hands(press(disc("20:00")));
     ASSERT_TRUE(journey.chooseMenu("Load from Device"));
     ASSERT_TRUE(journey.press("No"));
-    ASSERT_TRUE(journey.waitForCommand("CmdGetSequenceData", 4));
+    ASSERT_TRUE(journey.waitForCommand("CmdGetSequenceData", 2));
     hands(at(from + QPoint(0, 60)) + " mouseup 1");
 }
 
 TEST_F(QuickHandsJourneys, focusAndSelectionAreOne) {
-    Journey::click(cell("21:00", "Intensity"));
+    Journey::click(place("10:00", 0.8));
     hands("key --delay 0 ctrl+plus ctrl+plus");
-    expectSoon([&] { return count(); }, 9U);
-    expectSoon([&] { return cell("22:08", "Intensity").isFocused(); }, true);
-    EXPECT_EQ(light("22:08"), "50 %, selected");
+    expectSoon([&] { return cell("13:45", "Intensity").isFocused(); }, true);
+    EXPECT_EQ(light("13:45"), "50 %, selected");
     hands("key --delay 0 ctrl+minus ctrl+minus");
     expectSoon([&] { return count(); }, 7U);
-    expectSoon([&] { return cell("21:00", "Intensity").isFocused(); }, true);
+    expectSoon([&] { return cell("10:00", "Intensity").isFocused(); }, true);
 
-    // The last row: what is selected then has the focus.
-    Journey::click(cell("23:30", "Colour temperature"));
+    // From the curve to the row of its point, and in the last row: what is selected then.
+    Journey::click(disc("23:30"));
+    Journey::keys("Tab Tab");
+    expectSoon([&] { return cell("23:30", "Colour temperature").isFocused(); }, true);
     Journey::keys("ctrl+minus");
     expectSoon([&] { return cell("22:30", "Colour temperature").isFocused(); }, true);
     expectSoon([&] { return point("22:30").isSelected(); }, true);

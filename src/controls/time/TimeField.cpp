@@ -17,6 +17,7 @@
 namespace {
 
 using namespace std::chrono_literals;
+constexpr int largeStep = 10;
 constexpr auto refusalShown = 1600ms;
 constexpr QColor refusalColor(196, 43, 43);
 
@@ -218,6 +219,17 @@ void TimeField::keyPressEvent(QKeyEvent* event) {
             // With nothing left to commit, Enter belongs to the dialog's default button.
             event->setAccepted(hadDraft);
         }
+        return;
+    }
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown: {
+        // The base class takes quick presses for a key that is held, and goes on stepping.
+        const bool isPage = event->key() == Qt::Key_PageUp || event->key() == Qt::Key_PageDown;
+        const bool isUp = event->key() == Qt::Key_Up || event->key() == Qt::Key_PageUp;
+        const int steps = isPage || event->modifiers() & Qt::ControlModifier ? largeStep : 1;
+        stepBy(isUp ? steps : -steps);
         return;
     }
     default:
