@@ -1,9 +1,74 @@
 #include "controls/points/AQPointListAccessible.h"
 
+#include "controls/AQValueView.h"
 #include "controls/points/AQPointList.h"
 #include "controls/points/AQPointRow.h"
-#include "controls/points/AQPointRowAccessible.h"
 #include "data/AQSequence.h"
+
+#include <QPointer>
+
+#include <utility>
+
+class AQPointListAccessible::Item : public QAccessibleInterface {
+public:
+    Item(AQPointList& list, AQPointId id) : m_list(&list), m_id(id) {}
+
+    int row() const { return m_list ? m_list->sequence().rowOf(m_id) : -1; }
+    /// True when the name is another than at the last call.
+    bool takeNewName() {
+        const QString name = text(QAccessible::Name);
+        return std::exchange(m_toldName, name) != name;
+    }
+
+    bool isValid() const override { return row() >= 0; }
+    QObject* object() const override { return nullptr; }
+    QAccessible::Role role() const override { return QAccessible::ListItem; }
+    QString text(QAccessible::Text kind) const override {
+        return kind == QAccessible::Name && isValid() ? m_list->rowName(row()) : QString();
+    }
+    void setText(QAccessible::Text /*kind*/, const QString& /*text*/) override {}
+    QRect rect() const override { return isValid() ? m_list->rowRect(row()) : QRect(); }
+    QAccessibleInterface* parent() const override {
+        return QAccessible::queryAccessibleInterface(m_list);
+    }
+    int childCount() const override { return isValid() ? PointColumn::count : 0; }
+    QAccessibleInterface* child(int index) const override {
+        return index < 0 || index >= childCount()
+                   ? nullptr
+                   : QAccessible::queryAccessibleInterface(
+                         m_list->rowAt(row())->editor(index).accessibleWidget());
+    }
+    int indexOfChild(const QAccessibleInterface* editor) const override {
+        int column = childCount() - 1;
+        while (column >= 0 && child(column) != editor)
+            --column;
+        return column;
+    }
+    QAccessibleInterface* childAt(int x, int y) const override {
+        for (int column = 0; column < childCount(); ++column)
+            if (child(column)->rect().contains(x, y))
+                return child(column);
+        return nullptr;
+    }
+    QAccessible::State state() const override {
+        QAccessible::State state;
+        state.invalid = !isValid();
+        if (state.invalid)
+            return state;
+        const QWidget* seen = m_list->viewport();
+        state.selectable = true;
+        state.selected = m_list->selectedRow() == row();
+        state.disabled = !m_list->isEnabled();
+        state.invisible = !m_list->isVisible();
+        state.offscreen = !rect().intersects({seen->mapToGlobal(QPoint()), seen->size()});
+        return state;
+    }
+
+private:
+    const QPointer<AQPointList> m_list;
+    const AQPointId m_id;
+    QString m_toldName;
+};
 
 namespace {
 
@@ -12,8 +77,8 @@ QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* objec
     return list ? new AQPointListAccessible(*list) : nullptr;
 }
 
-void tell(QAccessibleInterface* row, QAccessible::Event type) {
-    QAccessibleEvent event(row, type);
+void tell(QAccessibleInterface* item, QAccessible::Event type) {
+    QAccessibleEvent event(item, type);
     QAccessible::updateAccessibility(&event);
 }
 
@@ -23,8 +88,8 @@ AQPointListAccessible::AQPointListAccessible(AQPointList& list)
     : QAccessibleWidget(&list, QAccessible::List) {}
 
 AQPointListAccessible::~AQPointListAccessible() {
-    for (const auto& [id, row] : m_rows)
-        QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(row));
+    for (const auto& [id, item] : m_items)
+        QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(item));
 }
 
 void AQPointListAccessible::install() {
@@ -32,32 +97,39 @@ void AQPointListAccessible::install() {
     Q_UNUSED(installed)
 }
 
-AQPointListAccessible* AQPointListAccessible::of(AQPointList* list) {
-    return dynamic_cast<AQPointListAccessible*>(QAccessible::queryAccessibleInterface(list));
+const AQPointListAccessible* AQPointListAccessible::of(AQPointList* list) {
+    return QAccessible::isActive() ? dynamic_cast<const AQPointListAccessible*>(
+                                         QAccessible::queryAccessibleInterface(list))
+                                   : nullptr;
 }
 
 void AQPointListAccessible::tellNames(AQPointList& list) {
-    const auto* self = QAccessible::isActive() ? of(&list) : nullptr;
+    const AQPointListAccessible* self = of(&list);
     if (!self)
         return;
-    self->forgetPointsThatWent();
-    for (const auto& [id, row] : self->m_rows)
-        if (row->takeNewName())
-            tell(row, QAccessible::NameChanged);
+    std::erase_if(self->m_items, [](const auto& known) {
+        Item* item = known.second;
+        const bool isGone = !item->isValid();
+        if (isGone)
+            QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(item));
+        else if (item->takeNewName())
+            tell(item, QAccessible::NameChanged);
+        return isGone;
+    });
 }
 
 void AQPointListAccessible::tellSelection(AQPointList& list) {
-    const auto* self = QAccessible::isActive() ? of(&list) : nullptr;
+    const AQPointListAccessible* self = of(&list);
     if (QAccessibleInterface* selected = self ? self->child(list.selectedRow()) : nullptr)
         tell(selected, QAccessible::Selection);
 }
 
-QAccessibleInterface* AQPointListAccessible::rowOf(const AQPointRow& row) {
-    const QWidget* parent = &row;
-    while (parent && !qobject_cast<const AQPointList*>(parent))
+QAccessibleInterface* AQPointListAccessible::itemOf(const AQPointRow& row) {
+    QWidget* parent = row.parentWidget();
+    while (parent && !qobject_cast<AQPointList*>(parent))
         parent = parent->parentWidget();
-    const auto* self = of(qobject_cast<AQPointList*>(const_cast<QWidget*>(parent)));
-    return self ? self->row(row.id()) : nullptr;
+    const AQPointListAccessible* self = of(qobject_cast<AQPointList*>(parent));
+    return self ? self->item(row.id()) : nullptr;
 }
 
 AQPointList* AQPointListAccessible::list() const {
@@ -69,29 +141,20 @@ int AQPointListAccessible::childCount() const {
 }
 
 QAccessibleInterface* AQPointListAccessible::child(int index) const {
-    return index >= 0 && index < childCount() ? row(list()->sequence().idAt(index)) : nullptr;
+    return index >= 0 && index < childCount() ? item(list()->sequence().idAt(index)) : nullptr;
 }
 
-QAccessibleInterface* AQPointListAccessible::row(AQPointId id) const {
-    AQPointRowAccessible*& row = m_rows[id];
-    if (!row) {
-        row = new AQPointRowAccessible(*list(), id);
-        QAccessible::registerAccessibleInterface(row);
-        row->takeNewName();
+QAccessibleInterface* AQPointListAccessible::item(AQPointId id) const {
+    Item*& item = m_items[id];
+    if (!item) {
+        item = new Item(*list(), id);
+        QAccessible::registerAccessibleInterface(item);
+        item->takeNewName();
     }
-    return row;
+    return item;
 }
 
 int AQPointListAccessible::indexOfChild(const QAccessibleInterface* child) const {
-    const auto* row = dynamic_cast<const AQPointRowAccessible*>(child);
-    return list() && row ? list()->sequence().rowOf(row->id()) : -1;
-}
-
-void AQPointListAccessible::forgetPointsThatWent() const {
-    std::erase_if(m_rows, [](const auto& entry) {
-        if (entry.second->isValid())
-            return false;
-        QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(entry.second));
-        return true;
-    });
+    const auto* item = dynamic_cast<const Item*>(child);
+    return item ? item->row() : -1;
 }

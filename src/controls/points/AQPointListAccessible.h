@@ -8,10 +8,11 @@
 
 class AQPointList;
 class AQPointRow;
-class AQPointRowAccessible;
 
-/// The list of points for assistive programs: all of its rows, whether or not they exist as
-/// widgets, so that a reader may keep the rows it once asked for.
+/// The list of points for assistive programs: an item for each row, named after its point and
+/// place, which holds the three editors. The items are there whether or not the rows exist as
+/// widgets, so that a reader may keep those it once asked for; the editors are made when it asks
+/// for them.
 class AQPointListAccessible : public QAccessibleWidget {
 public:
     explicit AQPointListAccessible(AQPointList& list);
@@ -28,17 +29,18 @@ public:
     static void tellSelection(AQPointList& list);
 
     /// What holds the editors of `row`; null once its list has let it go.
-    static QAccessibleInterface* rowOf(const AQPointRow& row);
+    static QAccessibleInterface* itemOf(const AQPointRow& row);
 
     int childCount() const override;
     QAccessibleInterface* child(int index) const override;
     int indexOfChild(const QAccessibleInterface* child) const override;
 
 private:
-    static AQPointListAccessible* of(AQPointList* list);
-    AQPointList* list() const;
-    QAccessibleInterface* row(AQPointId id) const;
-    void forgetPointsThatWent() const;
+    class Item;
 
-    mutable std::unordered_map<AQPointId, AQPointRowAccessible*> m_rows; ///< that were asked for
+    AQPointList* list() const;
+    QAccessibleInterface* item(AQPointId id) const;
+    static const AQPointListAccessible* of(AQPointList* list);
+
+    mutable std::unordered_map<AQPointId, Item*> m_items; ///< that were asked for
 };

@@ -121,5 +121,5 @@ void AQPointRow::aqGotFocus(AQValueView& /*view*/) {
 }
 
 QAccessibleInterface* AQPointRow::aqAccessibleParent() const {
-    return AQPointListAccessible::rowOf(*this);
+    return AQPointListAccessible::itemOf(*this);
 }

@@ -3,9 +3,50 @@
 #include "controls/time/AQTimeValueView.h"
 #include "controls/time/TimeField.h"
 
+#include <QAccessibleWidget>
 #include <QLineEdit>
 
 namespace {
+
+/// The field stands for the whole editor and bears its name.
+class FieldAccessible : public QAccessibleWidget {
+public:
+    explicit FieldAccessible(TimeField& field) : QAccessibleWidget(&field, QAccessible::SpinBox) {}
+
+    void* interface_cast(QAccessible::InterfaceType type) override {
+        QAccessibleInterface* text = lineEdit();
+        return text && (type == QAccessible::TextInterface ||
+                        type == QAccessible::EditableTextInterface)
+                   ? text->interface_cast(type)
+                   : QAccessibleWidget::interface_cast(type);
+    }
+    QAccessibleInterface* parent() const override {
+        const auto* editor = qobject_cast<const AQValueView*>(widget()->parentWidget());
+        QAccessibleInterface* row = editor ? editor->accessibleParent() : nullptr;
+        return row ? row : QAccessibleWidget::parent();
+    }
+    int childCount() const override { return 0; }
+    QString text(QAccessible::Text kind) const override {
+        if (kind == QAccessible::Value && lineEdit())
+            return lineEdit()->text(kind);
+        const QString own = QAccessibleWidget::text(kind);
+        return kind == QAccessible::Name && own.isEmpty() && widget()->parentWidget()
+                   ? widget()->parentWidget()->accessibleName()
+                   : own;
+    }
+    QAccessible::State state() const override {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.editable = true;
+        return state;
+    }
+
+private:
+    /// Null while the field is being destroyed.
+    QAccessibleInterface* lineEdit() const {
+        auto* edit = widget() ? widget()->findChild<QLineEdit*>() : nullptr;
+        return QAccessible::queryAccessibleInterface(edit);
+    }
+};
 
 /// The editor around a field, which has its name for it and is nothing itself.
 class EditorAccessible : public QAccessibleWidget {
@@ -22,7 +63,7 @@ public:
 
 QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* object) {
     if (auto* field = qobject_cast<TimeField*>(object))
-        return new TimeFieldAccessible(*field);
+        return new FieldAccessible(*field);
     if (auto* editor = qobject_cast<AQTimeValueView*>(object))
         return new EditorAccessible(*editor);
     return nullptr;
@@ -30,41 +71,7 @@ QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* objec
 
 } // namespace
 
-TimeFieldAccessible::TimeFieldAccessible(TimeField& field)
-    : QAccessibleWidget(&field, QAccessible::SpinBox) {}
-
 void TimeFieldAccessible::install() {
     static const bool installed = (QAccessible::installFactory(makeInterface), true);
     Q_UNUSED(installed)
-}
-
-QAccessibleInterface* TimeFieldAccessible::lineEdit() const {
-    return QAccessible::queryAccessibleInterface(widget()->findChild<QLineEdit*>());
-}
-
-void* TimeFieldAccessible::interface_cast(QAccessible::InterfaceType type) {
-    if (type == QAccessible::TextInterface || type == QAccessible::EditableTextInterface)
-        return lineEdit()->interface_cast(type);
-    return QAccessibleWidget::interface_cast(type);
-}
-
-QAccessibleInterface* TimeFieldAccessible::parent() const {
-    const auto* editor = qobject_cast<const AQValueView*>(widget()->parentWidget());
-    QAccessibleInterface* row = editor ? editor->accessibleParent() : nullptr;
-    return row ? row : QAccessibleWidget::parent();
-}
-
-QString TimeFieldAccessible::text(QAccessible::Text kind) const {
-    if (kind == QAccessible::Value)
-        return lineEdit()->text(kind);
-    const QString own = QAccessibleWidget::text(kind);
-    return kind == QAccessible::Name && own.isEmpty() && widget()->parentWidget()
-               ? widget()->parentWidget()->accessibleName()
-               : own;
-}
-
-QAccessible::State TimeFieldAccessible::state() const {
-    QAccessible::State state = QAccessibleWidget::state();
-    state.editable = true;
-    return state;
 }
