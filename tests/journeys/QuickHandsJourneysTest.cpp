@@ -16,7 +16,12 @@ protected:
     }
     static std::string press(QPoint place) { return at(place) + " mousedown 1"; }
 
-    void SetUp() override { ASSERT_TRUE(journey.waitForText("CONNECTED")); }
+    void SetUp() override {
+        ASSERT_TRUE(journey.waitForText("CONNECTED"));
+        // The window has its place on the screen when it is the active one.
+        const UiElement curve = journey.find("list", "Light program curve");
+        expectSoon([&] { return curve.isFocused(); }, true);
+    }
 
     /// The editor of the point that has this time now.
     UiElement cell(const std::string& time, const std::string& column) const {
