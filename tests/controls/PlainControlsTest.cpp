@@ -38,11 +38,8 @@ TEST(HelpPopover, standsInItsWindowGrowsWithTheFontAndClosesByItself) {
     window.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     button.setFocus();
-    const auto present = [&] {
-        return QPointer(
-            AQHelpPopover::present(button, QStringLiteral("word ").repeated(25), {300, 120}));
-    };
-    auto popover = present();
+    const QString text = QStringLiteral("word ").repeated(25);
+    QPointer popover(AQHelpPopover::present(button, text, {300, 120}));
     const auto* label = popover->findChild<QLabel*>();
     EXPECT_GE(label->height(), label->heightForWidth(label->width()));
     EXPECT_TRUE(window.geometry().contains(popover->placement().frame));
@@ -51,7 +48,7 @@ TEST(HelpPopover, standsInItsWindowGrowsWithTheFontAndClosesByItself) {
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
     EXPECT_TRUE(QTest::qWaitFor([&] { return popover.isNull() && button.hasFocus(); }));
 
-    popover = present();
+    popover = AQHelpPopover::present(button, text, {300, 120});
     QTest::mouseClick(popover, Qt::LeftButton, {}, {-50, -20});
     EXPECT_TRUE(QTest::qWaitFor([&] { return popover.isNull(); }));
 }
