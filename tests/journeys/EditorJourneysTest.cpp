@@ -83,9 +83,11 @@ struct Editor {
 
         typeInto(third, QStringLiteral("7:15"));
         expectPoint(1, "7, 07:15, intensity 100 %, colour temperature 50 %, selected");
-        const UiElement first = cell(1, "Time");
-        expectSoon([&] { return first.text() + (first.isFocused() ? ", focused" : ""); },
-                   "07:15, focused");
+        expectSoon(
+            [&] {
+                return cell(1, "Time").text() + (cell(1, "Time").isFocused() ? ", focused" : "");
+            },
+            "07:15, focused");
         // Past its neighbour by a key, and on.
         Journey::keys("Up Up");
         expectPoint(2, "7, 09:15, intensity 100 %, colour temperature 50 %, selected");

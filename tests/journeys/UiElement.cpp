@@ -25,6 +25,8 @@ std::shared_ptr<T> owned(T* object) {
             }};
 }
 
+[[maybe_unused]] const int started = atspi_init();
+
 /// libatspi keeps what it once read and learns of changes from its main context.
 void catchUp() {
     while (g_main_context_iteration(nullptr, FALSE)) {
@@ -36,7 +38,6 @@ void catchUp() {
 UiElement::UiElement(AtspiAccessible* accessible) : m_accessible(owned(accessible)) {}
 
 UiElement UiElement::application(qint64 processId) {
-    [[maybe_unused]] static const int started = atspi_init();
     catchUp();
     const UiElement desktop(atspi_get_desktop(0));
     atspi_accessible_set_cache_mask(desktop.m_accessible.get(), ATSPI_CACHE_NONE);
