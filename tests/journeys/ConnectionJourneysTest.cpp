@@ -80,20 +80,4 @@ TEST(Connection, leavesForeignDevicesAloneAndConnectsFast) {
     EXPECT_EQ(journey.waitForEnd(), 0);
 }
 
-TEST(Connection, pulledCableIsToldOnceAndMendsItself) {
-    const Journey journey("--pace");
-    ASSERT_TRUE(journey.waitForText("CONNECTED"));
-    journey.control("unplug");
-    EXPECT_EQ(journey.dialog("Device Error!"), removed);
-    EXPECT_TRUE(calmsDown(journey));
-    ASSERT_TRUE(journey.press("OK") && journey.waitForNoDialog());
-    EXPECT_TRUE(journey.shows("NOT CONNECTED"));
-    EXPECT_FALSE(journey.find("push button", "Send to device").isEnabled());
-    EXPECT_TRUE(calmsDown(journey));
-    EXPECT_TRUE(journey.dialogs().empty());
-    journey.control("plug", 3);
-    EXPECT_TRUE(journey.waitForText("CONNECTED"));
-    EXPECT_EQ(journey.title(), "Aquelon - Untitled");
-}
-
 } // namespace

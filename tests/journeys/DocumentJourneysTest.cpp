@@ -77,22 +77,6 @@ TEST(Documents, areKeptInFilesAndAskedAbout) {
     EXPECT_EQ(taskIntensity(reef), "255");
 }
 
-TEST(Documents, openAtTheStartAndAreLeftAloneWhenToldSo) {
-    const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("lamp.sq"));
-    const QByteArray dark = "<settings><timeline></timeline></settings>";
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(dark) == dark.size());
-    file.close();
-    Journey journey("--no-device", {path});
-    ASSERT_TRUE(journey.waitForTitle("Aquelon - lamp.sq"));
-    ASSERT_TRUE(edit(journey, 0.5, "lamp.sq"));
-    ASSERT_TRUE(keys(journey, "alt+F4"));
-    ASSERT_TRUE(journey.press("No"));
-    EXPECT_EQ(journey.waitForEnd(), 0);
-    EXPECT_EQ(contents(path), dark);
-}
-
 TEST(Documents, areNoHindranceToASignal) {
     Journey journey("--no-device");
     ASSERT_TRUE(journey.chooseMenu("Save As..."));

@@ -17,7 +17,6 @@
 namespace {
 
 using namespace std::chrono_literals;
-using Brightness = AQSequence::Brightness;
 using Commands = SimulatedLink::Commands;
 
 const std::string enable = "CmdEnableDemoMode 1";
@@ -39,16 +38,6 @@ protected:
         ASSERT_TRUE(link.connect());
     }
     void touch(int row) { sequence.notifySelectionChange(row, nullptr); }
-    void setBrightness(int row, double value) {
-        sequence.updateWithRow(row, Brightness{value}, nullptr);
-    }
-    /// The demo, when it runs, has come to this hour.
-    bool reaches(int hour) {
-        return link.waitFor([&] {
-            const auto playhead = curveView.playheadTime();
-            return !playhead || playhead->hour >= hour;
-        });
-    }
     bool isReleased() {
         return link.waitFor([this] { return !lamp.hasLamp() && !demo.isRunning(); });
     }
@@ -154,36 +143,6 @@ TEST_F(LampTest, demoPlaysTheWholeDayAndStopsByItself) {
         ASSERT_LT(minute, AQTime::minutesPerDay) << commands[i];
     }
     EXPECT_GT(minute, 1200);
-}
-
-TEST_F(LampTest, aDemoEndsWithoutALinkAndGivesTheLampBackLater) {
-    bttnRunDemo.click();
-    ASSERT_TRUE(reaches(3));
-    ASSERT_TRUE(link.disconnect());
-    ASSERT_TRUE(link.waitFor([this] { return !demo.isRunning(); }));
-    EXPECT_TRUE(lamp.hasLamp());
-    link.device.editState().demoActive = true;
-    ASSERT_TRUE(link.connect());
-    EXPECT_TRUE(isReleased());
-    EXPECT_FALSE(link.device.state().demoActive);
-}
-
-TEST_F(LampTest, liveModeStandsBackForADemoAndComesAgain) {
-    liveSwitch.setChecked(true);
-    touch(2);
-    bttnRunDemo.click();
-    EXPECT_EQ(lamp.sign(), QStringLiteral("DEMO 00:00"));
-    ASSERT_TRUE(reaches(1));
-    setBrightness(2, 0.5);
-    bttnRunDemo.click();
-    EXPECT_EQ(lamp.sign(), QStringLiteral("LIVE PREVIEW"));
-    const std::string edited = levels(sequence.at(2));
-    ASSERT_TRUE(link.waitFor([&] { return link.commands().back() == edited; }));
-    // Switched off during a demo, it takes the lamp from nobody.
-    bttnRunDemo.click();
-    liveSwitch.setChecked(false);
-    ASSERT_TRUE(reaches(1));
-    EXPECT_TRUE(lamp.hasLamp());
 }
 
 } // namespace

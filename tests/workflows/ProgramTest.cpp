@@ -2,7 +2,6 @@
 #include "controls/points/AQPointList.h"
 #include "controls/sliders/AQSliderBrightness.h"
 #include "data/AQDataSourceWriter.h"
-#include "data/ColorMapping.h"
 #include "workflows/ScriptedPrompts.h"
 #include "workflows/SelectDevicePanel.h"
 
@@ -105,32 +104,6 @@ TEST_F(ProgramTest, aControllerLetGoForOneThatFailsIsNotShownAsConnected) {
     // A choice starts anew the search that the refusal has ended.
     choose("/dev/ttyUSB0");
     connect();
-}
-
-TEST_F(ProgramTest, theReasonWhyAPortCannotBeUsedGoesWithThePort) {
-    start();
-    for (const char* chosen : {"", "/dev/ttyUSB0"}) {
-        controller.openWithPath(chosen);
-        ports.plug("ttyUSB0", device, faults).opening = SimulatedSerialDevice::Opening::Fails;
-        EXPECT_TRUE(runUntil([&] { return ui().lblPortProblem->isVisible(); }));
-        ports.unplug("ttyUSB0");
-        EXPECT_TRUE(runUntil([&] { return !ui().lblPortProblem->isVisible(); })) << chosen;
-    }
-}
-
-// Behind 23:59 there is no room: the new point takes the row of the one that is selected.
-TEST_F(ProgramTest, liveModeShowsTheNewPointAlsoWhenItsRowWasSelected) {
-    data.sequence().replacePoints({{{23, 59}, 0.5, 1.0}});
-    start();
-    connect();
-    delegate.window().tableView().setSelectedRow(0);
-    ui().bttnLiveModeSwitch->click();
-    const auto lampShows = [&](std::uint8_t level) {
-        return runUntil([&] { return device.lampLevels() == std::array{level, level}; });
-    };
-    EXPECT_TRUE(lampShows(254));
-    ui().bttnTableItemAdd->click();
-    EXPECT_TRUE(lampShows(levelsFromLight(0.5, 0.5).cold));
 }
 
 TEST_F(ProgramTest, aLampInPreviewIsGivenBackBeforeAnotherIsChosen) {
@@ -258,16 +231,6 @@ TEST_F(ProgramTest, droppedFileIsOpened) {
     EXPECT_TRUE(drop({url}));
     EXPECT_EQ(delegate.window().windowTitle(), QStringLiteral("Aquelon - lamp.sq"));
     EXPECT_EQ(data.sequence().count(), 0);
-}
-
-TEST_F(ProgramTest, deletingByKeyboardGoesOn) {
-    start();
-    delegate.window().tableView().setSelectedRow(5);
-    ui().bttnTableItemDelete->setFocus();
-    for (int count = 6; count > 0; --count) {
-        QTest::keyClick(delegate.window().focusWidget(), Qt::Key_Space);
-        EXPECT_EQ(data.sequence().count(), count);
-    }
 }
 
 // A shortcut and the window's own close button leave the focus in the field that is typed into.

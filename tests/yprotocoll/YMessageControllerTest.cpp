@@ -249,12 +249,4 @@ TEST_F(YMessageControllerTest, lostLinksAreReportedOnceAndFoundAgain) {
     EXPECT_TRUE(link->isConnected());
 }
 
-TEST_F(YMessageControllerTest, withoutPortNothingIsSent) {
-    link->send(CmdGetTaskMode(), note("never"));
-    link->sendCommands({CmdGetTaskMode(), CmdGetVersion()}, [](const auto&) { FAIL(); });
-    link->sendStream(CmdSetDemoModeLevels(1, 1), 1ms);
-    EXPECT_TRUE(story.empty()); // never from inside the call
-    expectStory(Story(2, "cannot send: port is closed"));
-}
-
 } // namespace
