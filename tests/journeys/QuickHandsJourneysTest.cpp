@@ -77,8 +77,7 @@ TEST_F(QuickHandsJourneys, aPressCountsForThePointUnderThePointer) {
     hands(press(from) + ' ' + at(from - QPoint(0, 20)) + ' ' + at(to) + " mouseup 1");
     expectSoon([&] { return light("10:00"); }, "100 %, selected");
     EXPECT_EQ(light("09:30"), "0 %");
-    expectSoon([&] { return journey.controller(QLatin1String("lamp")).toArray().first().toInt(); },
-               254);
+    expectSoon([&] { return journey.controller("lamp").toArray().first().toInt(); }, 254);
 }
 
 TEST_F(QuickHandsJourneys, keysGoToThePointThatMoves) {

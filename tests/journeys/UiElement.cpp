@@ -1,6 +1,5 @@
 #include "journeys/UiElement.h"
 
-#include <atspi/atspi.h>
 #include <dbus/dbus.h>
 
 #include <limits>
@@ -26,6 +25,8 @@ std::shared_ptr<T> owned(T* object) {
             }};
 }
 
+[[maybe_unused]] const int started = atspi_init();
+
 /// libatspi keeps what it once read and learns of changes from its main context.
 void catchUp() {
     while (g_main_context_iteration(nullptr, FALSE)) {
@@ -34,7 +35,7 @@ void catchUp() {
 
 } // namespace
 
-UiElement::UiElement(_AtspiAccessible* accessible) : m_accessible(owned(accessible)) {}
+UiElement::UiElement(AtspiAccessible* accessible) : m_accessible(owned(accessible)) {}
 
 UiElement UiElement::application(qint64 processId) {
     catchUp();
@@ -67,31 +68,11 @@ std::string UiElement::text() const {
     return taken([&](GError** e) { return atspi_text_get_text(text.get(), 0, -1, e); });
 }
 
-bool UiElement::hasState(int state) const {
+bool UiElement::hasState(AtspiStateType state) const {
     if (!m_accessible)
         return false;
     const auto states = owned(atspi_accessible_get_state_set(m_accessible.get()));
-    return states && atspi_state_set_contains(states.get(), static_cast<AtspiStateType>(state));
-}
-
-bool UiElement::isShowing() const {
-    return hasState(ATSPI_STATE_SHOWING);
-}
-
-bool UiElement::isEnabled() const {
-    return hasState(ATSPI_STATE_ENABLED);
-}
-
-bool UiElement::isChecked() const {
-    return hasState(ATSPI_STATE_CHECKED);
-}
-
-bool UiElement::isFocused() const {
-    return hasState(ATSPI_STATE_FOCUSED);
-}
-
-bool UiElement::isSelected() const {
-    return hasState(ATSPI_STATE_SELECTED);
+    return states && atspi_state_set_contains(states.get(), state);
 }
 
 double UiElement::value() const {
@@ -152,15 +133,6 @@ UiElement UiElement::find(const std::string& role, const std::string& name) cons
     return find([&](const UiElement& element) {
         return (name.empty() || element.name() == name) && (role.empty() || element.role() == role);
     });
-}
-
-std::string UiElement::tree(std::size_t depth) const {
-    std::string text = std::string(2 * depth, ' ') + role() + " '" + name() + "'" +
-                       (isEnabled() ? "" : " disabled") + (isShowing() ? "" : " hidden") +
-                       (isChecked() ? " checked" : "") + "\n";
-    for (const UiElement& child : children())
-        text += child.tree(depth + 1);
-    return text;
 }
 
 // libatspi would wait for the reply, which comes only after a modal dialog has closed.

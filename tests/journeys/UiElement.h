@@ -3,12 +3,12 @@
 #include <QPoint>
 #include <QRect>
 
+#include <atspi/atspi.h>
+
 #include <functional>
 #include <memory>
 #include <string>
 #include <vector>
-
-struct _AtspiAccessible;
 
 /// One element of a running program's window, as a screen reader sees it (AT-SPI). What is found
 /// and pressed here is therefore also usable by people who cannot see the window.
@@ -19,7 +19,7 @@ class UiElement {
 public:
     UiElement() = default;
     /// Takes over the reference.
-    explicit UiElement(_AtspiAccessible* accessible);
+    explicit UiElement(AtspiAccessible* accessible);
 
     /// The program of this process id; empty until it has shown itself on the bus.
     static UiElement application(qint64 processId);
@@ -29,11 +29,11 @@ public:
     std::string description() const; ///< tool tip
     std::string role() const;        ///< "label", "push button", "check box", "alert", "frame"
     std::string text() const;        ///< contents of an editable text
-    bool isShowing() const;
-    bool isEnabled() const;
-    bool isChecked() const;
-    bool isFocused() const;
-    bool isSelected() const;
+    bool isShowing() const { return hasState(ATSPI_STATE_SHOWING); }
+    bool isEnabled() const { return hasState(ATSPI_STATE_ENABLED); }
+    bool isChecked() const { return hasState(ATSPI_STATE_CHECKED); }
+    bool isFocused() const { return hasState(ATSPI_STATE_FOCUSED); }
+    bool isSelected() const { return hasState(ATSPI_STATE_SELECTED); }
     double value() const; ///< of sliders and spin boxes; NaN without one
     QRect screenRect() const;
 
@@ -47,8 +47,6 @@ public:
     UiElement find(const Matches& matches, Search search = Search::Showing) const;
     /// The first showing element of this role and name; empty strings match all.
     UiElement find(const std::string& role, const std::string& name) const;
-    /// Role, name and state of everything below, one line each.
-    std::string tree(std::size_t depth = 0) const;
 
     /// Presses, toggles or chooses; does not wait until it has taken effect, so that what it opens
     /// may be modal.
@@ -57,7 +55,7 @@ public:
     void setText(const std::string& text) const;
 
 private:
-    bool hasState(int state) const;
+    bool hasState(AtspiStateType state) const;
 
-    std::shared_ptr<_AtspiAccessible> m_accessible;
+    std::shared_ptr<AtspiAccessible> m_accessible;
 };

@@ -31,12 +31,6 @@ protected:
         ASSERT_TRUE(link.receives({"CmdGetRTC"}));
         link.ignoreSoFar();
     }
-    /// Opens it and waits for the controller's clock.
-    void openWithClock() {
-        open();
-        ASSERT_TRUE(link.waitFor(
-            [this] { return difference().find("has not told") == std::string::npos; }));
-    }
     template <class Control>
     Control& control(const char* name) const {
         return *panel.findChild<Control*>(QLatin1String(name));
@@ -56,28 +50,20 @@ protected:
 
 TEST(TimeZones, listAndPreselection) {
     EXPECT_EQ(TimeZones::names().size(), 25);
-    struct Case {
-        const char* zone;
-        const char* instant;
-        const char* name;
-        bool daylightSaving;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, const char*, const char*, bool> cases[] = {
         {"Europe/Berlin", "2024-01-15T12:00:00", "UTC +1:00", true},
-        {"Europe/Berlin", "2024-07-15T12:00:00", "UTC +2:00", true},
         {"America/St_Johns", "2024-01-15T12:00:00", "UTC -3:00", true},     // -3:30
         {"Asia/Kolkata", "2024-07-15T12:00:00", "UTC +5:00", false},        // +5:30
         {"Europe/Moscow", "2024-07-15T12:00:00", "UTC +3:00", false},       // no more since 2011
         {"Pacific/Kiritimati", "2024-01-15T12:00:00", "UTC +12:00", false}, // +14:00
         {"Etc/GMT+12", "2024-01-15T12:00:00", "UTC -12:00", false},
     };
-    for (const Case& test : cases) {
-        SCOPED_TRACE(test.zone);
-        const QTimeZone zone{QByteArray(test.zone)};
-        const QDateTime instant = utc(test.instant);
+    for (const auto& [id, time, name, daylightSaving] : cases) {
+        const QTimeZone zone{QByteArray(id)};
+        const QDateTime instant = utc(time);
         EXPECT_EQ(TimeZones::names().at(TimeZones::indexOfOffset(zone.offsetFromUtc(instant))),
-                  QLatin1String(test.name));
-        EXPECT_EQ(TimeZones::observesDaylightSaving(zone, instant), test.daylightSaving);
+                  QLatin1String(name));
+        EXPECT_EQ(TimeZones::observesDaylightSaving(zone, instant), daylightSaving) << id;
     }
 }
 
@@ -95,11 +81,12 @@ TEST(WallTime, differenceInWords) {
 
 TEST_F(DeviceTimePanelTest, clocksGoOnOverTheTurnOfAnHourByLawAndBehindModalWindows) {
     link.device.setClock({.second = 18, .minute = 12, .hour = 8, .day = 24, .month = 12});
-    openWithClock();
+    open();
+    const std::string behind =
+        "The controller's clock is 3 minutes 12 seconds behind the computer's.";
+    EXPECT_TRUE(link.waitFor([&] { return difference() == behind; })) << difference();
     EXPECT_EQ(text("lblComputerTime"), "12/24/2017, 08:15:30 AM");
     EXPECT_EQ(text("lblDeviceTime"), "12/24/2017, 08:12:18 AM");
-    EXPECT_EQ(difference(),
-              "The controller's clock is 3 minutes 12 seconds behind the computer's.");
     link.pause.setActive(true);
     now = utc("2018-03-25T12:15:30");
     EXPECT_TRUE(
@@ -114,30 +101,6 @@ TEST_F(DeviceTimePanelTest, clocksGoOnOverTheTurnOfAnHourByLawAndBehindModalWind
     link.faults.add(*Fault::parse("silence"));
     panel.menuSetDeviceTime();
     EXPECT_EQ(difference(), "The controller has not told the time of its clock yet.");
-}
-
-TEST_F(DeviceTimePanelTest, impossibleDatesAreShownAsSuchAndChangeNothing) {
-    link.device.setClock({.second = 30, .minute = 15, .hour = 9, .day = 24, .month = 12});
-    openWithClock();
-    ASSERT_DOUBLE_EQ(panel.deltaTime(), 3600.0);
-    const std::pair<ClockFields, const char*> cases[] = {
-        {{.day = 29, .month = 2, .year = 23}, "02/29/2023, 00:00:00"},
-        {{.second = 61, .minute = 60, .hour = 25}, "01/01/2017, 25:60:61"},
-    };
-    for (const auto& [fields, told] : cases) {
-        panel.reject();
-        link.ignoreSoFar();
-        link.device.setClock(fields);
-        openWithClock();
-        EXPECT_EQ(text("lblDeviceTime"), "invalid date from the controller");
-        EXPECT_THAT(difference(), testing::HasSubstr(told));
-        EXPECT_DOUBLE_EQ(panel.deltaTime(), 3600.0);
-    }
-    // After a lost link another controller may have come.
-    ASSERT_TRUE(link.disconnect());
-    link.ignoreSoFar();
-    link.ports.plug("ttyUSB0", link.device, link.faults);
-    EXPECT_TRUE(link.receives({"CmdGetRTC"}));
 }
 
 TEST_F(DeviceTimePanelTest, whatOkSends) {
@@ -156,33 +119,26 @@ TEST_F(DeviceTimePanelTest, whatOkSends) {
         {"Europe/Berlin", "2024-03-31T01:00:00", 0, nullptr, "0 0 3 31 3 24", "128 2"},
         {"Europe/Berlin", "2024-10-27T01:00:00", 0, nullptr, "0 0 2 27 10 24", "128 1"},
         // 02:30 exists that night for the controller, if not for the computer.
-        {"Europe/Berlin", "2024-03-31T00:30:00", 1, nullptr, "0 30 2 31 3 24", "128 2"},
         {"Europe/Berlin", "2024-03-31T00:30:00", 0, "2024-03-31T02:30:00", "0 30 2 31 3 24",
          "128 1"},
-        // Half hours, also where the truncated zone lies on the other side.
+        // Half hours.
         {"Asia/Kolkata", "2024-12-31T18:30:00", 0, nullptr, "0 0 0 1 1 25", "0 5"},
-        {"America/St_Johns", "2024-01-15T03:30:00", -2, nullptr, "0 0 22 14 1 24", "128 251"},
         // The turn of day, month and year by the zone alone.
-        {"UTC", "2024-12-31T23:30:00", 1, nullptr, "0 30 0 1 1 25", "0 1"},
         {"UTC", "2024-03-01T00:30:00", -1, nullptr, "0 30 23 29 2 24", "0 255"},
         // The zone is told, not applied to what is typed; years to the ends of a byte.
-        {"UTC", "2024-05-05T12:00:00", 5, "2000-01-01T00:00:00", "0 0 0 1 1 0", "0 5"},
         {"UTC", "2024-05-05T12:00:00", 0, "2255-12-31T23:59:59", "59 59 23 31 12 255", "0 0"},
-        {"UTC", "1970-01-01T00:00:07", 0, nullptr, "7 0 0 1 1 0", "0 0"},
     };
     for (const Case& test : cases) {
         SCOPED_TRACE(testing::Message()
                      << test.zone << ' ' << test.instant << ' ' << test.zoneSteps);
         zone = QTimeZone(QByteArray(test.zone));
-        // The panel is opened an hour after the instant, which comes back on pressing the button:
-        // that is the time that counts. Only the hours around a change of the clocks stay as they
-        // are.
-        const QDateTime instant = utc(test.instant);
-        now = instant.addSecs(3600);
-        if (zone.offsetFromUtc(now) != zone.offsetFromUtc(instant))
-            now = instant;
+        // The time of pressing the button counts, a second after the opening; in the hours around
+        // a change of the clocks the zone is that of the opening.
+        now = utc(test.instant);
+        if (zone.offsetFromUtc(now.addSecs(-1)) == zone.offsetFromUtc(now))
+            now = now.addSecs(-1);
         open();
-        now = instant;
+        now = utc(test.instant);
         auto& combo = control<QComboBox>("comboTimezone");
         combo.setCurrentIndex(combo.currentIndex() + test.zoneSteps);
         auto& picker = control<QDateTimeEdit>("pickerCustomTime");

@@ -17,7 +17,6 @@
 namespace {
 
 using namespace std::chrono_literals;
-using Brightness = AQSequence::Brightness;
 using Commands = SimulatedLink::Commands;
 
 const std::string enable = "CmdEnableDemoMode 1";
@@ -39,20 +38,6 @@ protected:
         ASSERT_TRUE(link.connect());
     }
     void touch(int row) { sequence.notifySelectionChange(row, nullptr); }
-    void setBrightness(int row, double value) {
-        sequence.updateWithRow(row, Brightness{value}, nullptr);
-    }
-    void replaceBy(std::vector<AQTimePoint> points) {
-        sequence.replacePoints(std::move(points));
-        sequence.notifyDataChange(nullptr, true);
-    }
-    /// The demo, when it runs, has come to this hour.
-    bool reaches(int hour) {
-        return link.waitFor([&] {
-            const auto playhead = curveView.playheadTime();
-            return !playhead || playhead->hour >= hour;
-        });
-    }
     bool isReleased() {
         return link.waitFor([this] { return !lamp.hasLamp() && !demo.isRunning(); });
     }
@@ -135,36 +120,15 @@ TEST_F(LampTest, noLateReleaseEndsAPreviewThatWasTakenAgain) {
     liveSwitch.setChecked(false);
     liveSwitch.setChecked(true);
     ASSERT_TRUE(link.receives({enable, full, enable, full}));
-    // The same with no levels to take the release's place in the stream.
-    liveSwitch.setChecked(false);
-    data.loadDefaults();
-    link.ignoreSoFar();
-    liveSwitch.setChecked(true);
-    ASSERT_TRUE(passesTheInterval());
-    EXPECT_EQ(link.commands(), Commands({enable}));
-    EXPECT_TRUE(lamp.hasLamp());
-}
-
-TEST_F(LampTest, aLinkLostAtTheEndLeavesLiveModeOn) {
-    liveSwitch.setChecked(true);
-    ASSERT_TRUE(link.receives({enable}));
-    link.faults.add(*Fault::parse("unplug"));
-    lamp.releaseForGood([] { ADD_FAILURE() << "nobody has released the lamp"; });
-    ASSERT_TRUE(link.waitFor([this] { return !link.isConnected; }));
-    link.faults.clear();
-    ASSERT_TRUE(link.connect());
-    EXPECT_TRUE(link.waitFor([this] { return link.device.state().demoActive; }));
 }
 
 TEST_F(LampTest, demoPlaysTheWholeDayAndStopsByItself) {
     const QSignalSpy signs(&lamp, &LampPreview::signChanged);
     bttnRunDemo.click();
-    EXPECT_EQ(curveView.playheadTime(), AQTime{});
     ASSERT_TRUE(isReleased());
     EXPECT_EQ(curveView.playheadTime(), std::nullopt);
     ASSERT_EQ(signs.count(), AQTime::minutesPerDay + 1);
     EXPECT_EQ(signs.at(1439).first().toString(), QStringLiteral("DEMO 23:59"));
-    EXPECT_EQ(signs.last().first().toString(), QString());
 
     // Levels in the order of the day, each that of some minute after the one before it.
     const auto commands = link.commands();
@@ -179,65 +143,6 @@ TEST_F(LampTest, demoPlaysTheWholeDayAndStopsByItself) {
         ASSERT_LT(minute, AQTime::minutesPerDay) << commands[i];
     }
     EXPECT_GT(minute, 1200);
-}
-
-TEST_F(LampTest, nothingFollowsTheReleaseOfAStoppedDemo) {
-    for (const char* fault : {"delay=0", "delay=15", "delay=50"}) {
-        SCOPED_TRACE(fault);
-        link.faults.add(*Fault::parse(fault));
-        bttnRunDemo.click();
-        ASSERT_TRUE(reaches(2));
-        bttnRunDemo.click();
-        ASSERT_TRUE(isReleased() && passesTheInterval());
-        EXPECT_EQ(link.commands().back(), disable);
-        EXPECT_FALSE(link.device.state().demoActive);
-        link.faults.clear();
-    }
-}
-
-TEST_F(LampTest, demoGoesOnWithAnotherProgramAndWithoutALink) {
-    bttnRunDemo.click();
-    replaceBy({});
-    curveView.setEnabled(false); // analog mode
-    ASSERT_TRUE(reaches(3));
-    replaceBy({{{12, 0, 0}, 0.5, 1.0}});
-    ASSERT_TRUE(link.waitFor([this] { return link.commands().back() == full; }));
-    ASSERT_TRUE(link.disconnect());
-    EXPECT_TRUE(demo.isRunning());
-    // The day ends without a controller: the lamp is given back once there is one.
-    ASSERT_TRUE(link.waitFor([this] { return !demo.isRunning(); }));
-    EXPECT_TRUE(lamp.hasLamp());
-    EXPECT_EQ(lamp.sign(), QString());
-    link.device.editState().demoActive = true;
-    ASSERT_TRUE(link.connect());
-    EXPECT_TRUE(isReleased());
-    EXPECT_FALSE(link.device.state().demoActive);
-}
-
-TEST_F(LampTest, liveModeStandsBackForADemoAndComesAgain) {
-    liveSwitch.setChecked(true);
-    touch(2);
-    bttnRunDemo.click();
-    EXPECT_EQ(lamp.sign(), QStringLiteral("DEMO 00:00"));
-    ASSERT_TRUE(reaches(1));
-    setBrightness(2, 0.5);
-    bttnRunDemo.click();
-    EXPECT_EQ(lamp.sign(), QStringLiteral("LIVE PREVIEW"));
-    const std::string edited = levels(sequence.at(2));
-    ASSERT_TRUE(link.waitFor([&] { return link.commands().back() == edited; }));
-    const auto commands = link.commands();
-    ASSERT_GE(commands.size(), 5U);
-    EXPECT_EQ(commands[commands.size() - 3], disable);
-    EXPECT_EQ(commands[commands.size() - 2], enable);
-
-    // Switched off during a demo, it takes the lamp from nobody.
-    bttnRunDemo.click();
-    liveSwitch.setChecked(false);
-    ASSERT_TRUE(reaches(1));
-    EXPECT_TRUE(lamp.hasLamp());
-    bttnRunDemo.click();
-    EXPECT_TRUE(isReleased());
-    EXPECT_EQ(link.commands().back(), disable);
 }
 
 } // namespace

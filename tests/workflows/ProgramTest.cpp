@@ -1,20 +1,9 @@
-#include "AppDelegate.h"
-#include "MainWindow.h"
+#include "SimulatedProgram.h"
 #include "controls/points/AQPointList.h"
 #include "controls/sliders/AQSliderBrightness.h"
-#include "controls/sliders/AQSliderColorTemp.h"
-#include "data/AQDataSource.h"
 #include "data/AQDataSourceWriter.h"
-#include "data/ColorMapping.h"
-#include "simulator/FaultPlan.h"
-#include "simulator/SimulatedController.h"
-#include "simulator/SimulatedSerialPortManager.h"
-#include "simulator/WireLog.h"
-#include "ui_MainWindow.h"
 #include "workflows/ScriptedPrompts.h"
 #include "workflows/SelectDevicePanel.h"
-#include "yprotocoll/link/ModalPause.h"
-#include "yprotocoll/link/YMessageController.h"
 
 #include <gtest/gtest.h>
 
@@ -30,42 +19,33 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// The whole program in this process: its real window on simulated controllers, with the dialogs
-/// answered from lists and the intervals shortened.
-class ProgramTest : public testing::Test {
+/// The whole program with its dialogs answered from lists.
+class ProgramTest : public testing::Test, public SimulatedProgram<ScriptedPrompts> {
 protected:
-    void start() {
-        m_delegate.applicationDidFinishLaunching({});
-        EXPECT_EQ(m_ports.listings(), 0) << "before the first paint";
-        ASSERT_TRUE(QTest::qWaitFor([&] { return m_ports.listings() > 0; }, 5000));
-    }
-    void connect() {
-        m_ports.plug("ttyUSB0", m_device, m_faults);
-        ASSERT_TRUE(QTest::qWaitFor(
-            [&] { return ui().lblConnectionStatus->text() == QStringLiteral("CONNECTED"); }, 3000));
-    }
-    Ui::MainWindow& ui() { return m_delegate.window().outlets(); }
+    ProgramTest() : SimulatedProgram({.scan = 20ms, .arrival = 1ms}) {}
 
-    WireLog m_log;
-    FaultPlan m_faults;
-    SimulatedController m_device{{}};
-    SimulatedSerialPortManager m_ports{m_log};
-    ModalPause m_pause;
-    YMessageController m_controller{m_ports, m_pause, {.scan = 20ms, .arrival = 1ms}};
-    NotificationCenter m_notifications;
-    AQDataSource m_data{m_notifications, [this] { return m_controller.device(); }};
-    ScriptedPrompts m_prompts;
-    AppDelegate m_delegate{{m_data, m_controller, m_prompts}};
+    void connect() {
+        plug();
+        ASSERT_TRUE(runUntil([&] { return isConnected(); }));
+    }
+    void choose(const char* path) {
+        Q_EMIT delegate.window().findChild<SelectDevicePanel*>()->chosen(path);
+    }
+    static bool gets(const SimulatedController& controller, const char* command, int times = 1) {
+        return runUntil([&] {
+            const auto found = controller.commandCounts().find(command);
+            return found != controller.commandCounts().end() && found->second >= times;
+        });
+    }
 };
 
 TEST_F(ProgramTest, looksForPortsAfterTheFirstPaintAndEnablesTheDevice) {
-    start();
+    delegate.applicationDidFinishLaunching({});
+    EXPECT_EQ(ports.listings(), 0) << "before the first paint";
     const std::initializer_list<QWidget*> controls{ui().bttnLoad, ui().bttnSend, ui().bttnRunDemo,
                                                    ui().bttnLiveModeSwitch};
-    for (const QWidget* control : controls) {
-        EXPECT_FALSE(control->isEnabled());
-        EXPECT_FALSE(control->toolTip().isEmpty()) << "disabled unexplained";
-    }
+    for (const QWidget* control : controls)
+        EXPECT_FALSE(control->isEnabled() || control->toolTip().isEmpty()) << "unexplained";
     connect();
     for (const QWidget* control : controls)
         EXPECT_TRUE(control->isEnabled());
@@ -75,7 +55,7 @@ TEST_F(ProgramTest, looksForPortsAfterTheFirstPaintAndEnablesTheDevice) {
 
 TEST_F(ProgramTest, smallestWindowSqueezesNothingInAnyFont) {
     start();
-    QWidget& window = m_delegate.window();
+    QWidget& window = delegate.window();
     const auto squeezed = [&window] {
         window.resize(1, 1);
         QStringList names;
@@ -93,8 +73,7 @@ TEST_F(ProgramTest, smallestWindowSqueezesNothingInAnyFont) {
     for (const int size : {12, 18, 24}) {
         font.setPixelSize(size);
         window.setFont(font);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return squeezed().empty(); }, 1000))
-            << size << ": " << squeezed();
+        EXPECT_TRUE(runUntil([&] { return squeezed().empty(); }, 1s)) << size << ": " << squeezed();
     }
 }
 
@@ -109,94 +88,59 @@ TEST_F(ProgramTest, aControllerLetGoForOneThatFailsIsNotShownAsConnected) {
         {0, SimulatedSerialDevice::Opening::Succeeds, "unsupported device version 1.0"},
     };
     for (const auto& test : cases) {
-        m_controller.openWithPath("/dev/ttyUSB0");
+        controller.openWithPath("/dev/ttyUSB0");
         connect();
         SimulatedController other{{.versionMinor = test.minorVersion}};
-        m_ports.plug("ttyUSB1", other, m_faults).opening = test.opening;
-        Q_EMIT m_delegate.window().findChild<SelectDevicePanel*>()->chosen("/dev/ttyUSB1");
-        EXPECT_TRUE(QTest::qWaitFor(
-            [&] { return ui().lblPortProblem->text() == QLatin1String(test.problem); }));
+        ports.plug("ttyUSB1", other, faults).opening = test.opening;
+        choose("/dev/ttyUSB1");
+        EXPECT_TRUE(
+            runUntil([&] { return ui().lblPortProblem->text() == QLatin1String(test.problem); }));
         EXPECT_EQ(ui().lblConnectionStatus->text(), QStringLiteral("NOT CONNECTED"));
         EXPECT_FALSE(ui().bttnSend->isEnabled());
-        m_ports.unplug("ttyUSB1");
-        EXPECT_TRUE(QTest::qWaitFor([&] { return !ui().lblPortProblem->isVisible(); }));
-        m_ports.unplug("ttyUSB0");
+        ports.unplug("ttyUSB1");
+        EXPECT_TRUE(runUntil([&] { return !ui().lblPortProblem->isVisible(); }));
+        ports.unplug("ttyUSB0");
     }
     // A choice starts anew the search that the refusal has ended.
-    Q_EMIT m_delegate.window().findChild<SelectDevicePanel*>()->chosen("/dev/ttyUSB0");
+    choose("/dev/ttyUSB0");
     connect();
-}
-
-TEST_F(ProgramTest, theReasonWhyAPortCannotBeUsedGoesWithThePort) {
-    start();
-    for (const char* chosen : {"", "/dev/ttyUSB0"}) {
-        m_controller.openWithPath(chosen);
-        m_ports.plug("ttyUSB0", m_device, m_faults).opening = SimulatedSerialDevice::Opening::Fails;
-        EXPECT_TRUE(QTest::qWaitFor([&] { return ui().lblPortProblem->isVisible(); }));
-        m_ports.unplug("ttyUSB0");
-        EXPECT_TRUE(QTest::qWaitFor([&] { return !ui().lblPortProblem->isVisible(); }, 1000))
-            << chosen;
-    }
-}
-
-// Behind 23:59 there is no room: the new point takes the row of the one that is selected.
-TEST_F(ProgramTest, liveModeShowsTheNewPointAlsoWhenItsRowWasSelected) {
-    m_data.sequence().replacePoints({{{23, 59}, 0.5, 1.0}});
-    start();
-    connect();
-    m_delegate.window().tableView().setSelectedRow(0);
-    ui().bttnLiveModeSwitch->click();
-    const auto lampShows = [&](std::uint8_t level) {
-        return QTest::qWaitFor(
-            [&] {
-                return m_device.lampLevels() == std::array{level, level};
-            },
-            3000);
-    };
-    EXPECT_TRUE(lampShows(254));
-    ui().bttnTableItemAdd->click();
-    EXPECT_TRUE(lampShows(levelsFromLight(0.5, 0.5).cold));
 }
 
 TEST_F(ProgramTest, aLampInPreviewIsGivenBackBeforeAnotherIsChosen) {
     start();
-    m_controller.openWithPath("/dev/ttyUSB0");
+    controller.openWithPath("/dev/ttyUSB0");
     connect();
-    m_delegate.window().tableView().setSelectedRow(0);
+    delegate.window().tableView().setSelectedRow(0);
     ui().bttnLiveModeSwitch->click();
-    const auto waitForCommand = [](SimulatedController& device, const char* command) {
-        return QTest::qWaitFor([&] { return device.commandCounts().contains(command); }, 3000);
-    };
-    ASSERT_TRUE(waitForCommand(m_device, "CmdEnableDemoMode"));
+    ASSERT_TRUE(gets(device, "CmdEnableDemoMode"));
     SimulatedController other{{}};
-    m_ports.plug("ttyUSB1", other, m_faults);
-    auto* panel = m_delegate.window().findChild<SelectDevicePanel*>();
-    Q_EMIT panel->chosen("/dev/ttyUSB1");
-    EXPECT_TRUE(waitForCommand(m_device, "CmdDisableDemoMode"));
-    EXPECT_TRUE(waitForCommand(other, "CmdEnableDemoMode")) << "live mode goes on there";
+    ports.plug("ttyUSB1", other, faults);
+    choose("/dev/ttyUSB1");
+    EXPECT_TRUE(gets(device, "CmdDisableDemoMode"));
+    EXPECT_TRUE(gets(other, "CmdEnableDemoMode")) << "live mode goes on there";
     // One that is not there: the preview goes on where it is.
-    Q_EMIT panel->chosen("/dev/ttyUSB7");
-    EXPECT_TRUE(QTest::qWaitFor([&] { return other.commandCounts().at("CmdEnableDemoMode") > 1; }));
+    choose("/dev/ttyUSB7");
+    EXPECT_TRUE(gets(other, "CmdEnableDemoMode", 2));
 }
 
 TEST_F(ProgramTest, loadAsksAboutUnsavedChangesBeforeAndAfter) {
     start();
     connect();
     ui().sliderTaskBrightness->userSetValue(0.5);
-    m_prompts.saveAnswers = {Prompts::SaveAnswer::Cancel};
+    prompts.saveAnswers = {Prompts::SaveAnswer::Cancel};
     ui().bttnLoad->click();
-    EXPECT_EQ(m_prompts.asked.size(), 1);
+    EXPECT_EQ(prompts.asked.size(), 1);
     // A person goes on working while the answers are on their way: that work is asked about, too,
     // once, and at the end.
-    m_faults.add(*Fault::parse("delay=10"));
-    m_prompts.saveAnswers = {Prompts::SaveAnswer::Discard, Prompts::SaveAnswer::Cancel};
+    faults.add(*Fault::parse("delay=10"));
+    prompts.saveAnswers = {Prompts::SaveAnswer::Discard, Prompts::SaveAnswer::Cancel};
     ui().bttnLoad->click();
     ui().sliderTaskBrightness->userSetValue(0.125);
     ui().bttnLoad->click();
-    EXPECT_EQ(m_prompts.asked.size(), 2);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return m_prompts.asked.size() == 3; }, 3000));
-    EXPECT_EQ(m_data.taskLight().brightness, 0.125);
-    EXPECT_EQ(m_device.commandCounts().at("CmdGetTaskMode"), 2) << "cancelling sent nothing";
+    EXPECT_EQ(prompts.asked.size(), 2);
+    EXPECT_TRUE(runUntil([&] { return prompts.asked.size() == 3; }));
+    EXPECT_EQ(data.taskLight().brightness, 0.125);
+    EXPECT_EQ(received("CmdGetTaskMode"), 2) << "cancelling sent nothing";
 }
 
 // What was loaded stands in the controller, but not in the file.
@@ -204,145 +148,116 @@ TEST_F(ProgramTest, aLoadLeavesTheDocumentCleanAndGuardsItsFile) {
     start();
     connect();
     const QTemporaryDir folder;
-    m_prompts.placesToSave = {folder.filePath(QStringLiteral("lamp.sq"))};
+    prompts.placesToSave = {folder.filePath(QStringLiteral("lamp.sq"))};
     ui().menuitemSave->trigger();
-    m_device.editState().taskLight.minutes = 7;
+    device.editState().taskLight.minutes = 7;
     ui().bttnLoad->click();
     ui().bttnLoad->click();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return m_data.taskLight().time.minute == 7; }, 3000));
-    EXPECT_FALSE(m_data.isDirty());
+    EXPECT_TRUE(runUntil([&] { return data.taskLight().time.minute == 7; }));
+    EXPECT_FALSE(data.isDirty());
     ui().menuitemSave->trigger();
-    EXPECT_EQ(m_prompts.asked.size(), 2) << "where to save, and whether to overwrite";
+    EXPECT_EQ(prompts.asked.size(), 2) << "where to save, and whether to overwrite";
 }
 
 TEST_F(ProgramTest, aSendEndsBeforeTheProgram) {
     start();
     connect();
-    m_faults.add(*Fault::parse("delay=20"));
-    const QSignalSpy terminated(&m_delegate, &AppDelegate::terminated);
-    m_prompts.confirmations = {true};
+    faults.add(*Fault::parse("delay=20"));
+    const QSignalSpy terminated(&delegate, &AppDelegate::terminated);
+    prompts.confirmations = {true};
     ui().bttnSend->click();
     ui().bttnLoad->click();
     ui().sliderTaskBrightness->userSetValue(0.5);
-    m_prompts.saveAnswers = {Prompts::SaveAnswer::Discard};
-    m_delegate.window().close();
-    m_delegate.window().close();
-    m_delegate.applicationShouldTerminate(AppDelegate::Ask::Nothing);
+    prompts.saveAnswers = {Prompts::SaveAnswer::Discard};
+    delegate.window().close();
+    delegate.window().close();
+    delegate.applicationShouldTerminate(AppDelegate::Ask::Nothing);
     EXPECT_TRUE(ui().lblPreview->isVisible());
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !terminated.isEmpty(); }, 3000));
-    EXPECT_EQ(m_device.commandCounts().at("CmdSetTaskMode"), 1);
-    EXPECT_TRUE(m_prompts.told.isEmpty());
-    EXPECT_EQ(m_prompts.asked.size(), 2) << "whether to send, and once whether to save";
+    EXPECT_TRUE(runUntil([&] { return !terminated.isEmpty(); }));
+    EXPECT_EQ(received("CmdSetTaskMode"), 1);
+    EXPECT_TRUE(prompts.told.isEmpty());
+    EXPECT_EQ(prompts.asked.size(), 2) << "whether to send, and once whether to save";
 }
 
 TEST_F(ProgramTest, whatIsAskedForLastWins) {
     start();
-    m_controller.openWithPath("/dev/ttyUSB0");
+    controller.openWithPath("/dev/ttyUSB0");
     connect();
     SimulatedController other{{}};
     FaultPlan sound;
-    m_ports.plug("ttyUSB1", other, sound);
-    auto* panel = m_delegate.window().findChild<SelectDevicePanel*>();
+    ports.plug("ttyUSB1", other, sound);
     const auto turnLiveOn = [this] {
         ui().bttnLiveModeSwitch->setChecked(true);
-        return QTest::qWaitFor([&] { return m_device.state().demoActive; });
+        return runUntil([&] { return device.state().demoActive; });
     };
     ASSERT_TRUE(turnLiveOn());
-    const auto events = m_log.events().size();
-    Q_EMIT panel->chosen("/dev/ttyUSB0");
-    EXPECT_EQ(m_log.events().size(), events) << "chosen already";
+    const auto events = log.events().size();
+    choose("/dev/ttyUSB0");
+    EXPECT_EQ(log.events().size(), events) << "chosen already";
 
     // A silent controller is given up for the chosen one.
-    m_faults.add(*Fault::parse("deaf"));
-    Q_EMIT panel->chosen("/dev/ttyUSB1");
-    EXPECT_TRUE(QTest::qWaitFor([&] { return other.state().demoActive; }, 5000));
-    EXPECT_EQ(m_prompts.told.size(), 1);
+    faults.add(*Fault::parse("deaf"));
+    choose("/dev/ttyUSB1");
+    EXPECT_TRUE(runUntil([&] { return other.state().demoActive; }));
+    EXPECT_EQ(prompts.told.size(), 1);
 
     // The end wins over a choice that waits for a silent controller.
-    const QSignalSpy terminated(&m_delegate, &AppDelegate::terminated);
+    const QSignalSpy terminated(&delegate, &AppDelegate::terminated);
     sound.add(*Fault::parse("deaf"));
-    Q_EMIT panel->chosen("/dev/ttyUSB0");
-    m_delegate.window().close();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !terminated.isEmpty(); }, 3000));
+    choose("/dev/ttyUSB0");
+    delegate.window().close();
+    EXPECT_TRUE(runUntil([&] { return !terminated.isEmpty(); }));
 }
 
 TEST_F(ProgramTest, droppedFileIsOpened) {
     start();
     const QTemporaryDir folder;
     const QUrl url = QUrl::fromLocalFile(folder.filePath(QStringLiteral("lamp.sq")));
-    m_data.sequence().replacePoints({});
-    ASSERT_TRUE(AQDataSourceWriter(m_data).saveToFile(url.toLocalFile()));
-    m_data.loadDefaults();
+    data.sequence().replacePoints({});
+    ASSERT_TRUE(AQDataSourceWriter(data).saveToFile(url.toLocalFile()));
+    data.loadDefaults();
     const auto drop = [&](const QList<QUrl>& urls) {
-        QMimeData data;
-        data.setUrls(urls);
-        QDragEnterEvent enter({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(&m_delegate.window(), &enter);
+        QMimeData mime;
+        mime.setUrls(urls);
+        QDragEnterEvent enter({9, 9}, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&delegate.window(), &enter);
         if (!enter.isAccepted())
             return false;
-        QDropEvent event({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(&m_delegate.window(), &event);
-        return event.isAccepted();
+        QDropEvent event({9, 9}, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+        return QApplication::sendEvent(&delegate.window(), &event);
     };
     EXPECT_FALSE(drop({QUrl(QStringLiteral("https://example.org/lamp.sq"))}));
     EXPECT_FALSE(drop({url, url}));
     EXPECT_TRUE(drop({url}));
-    EXPECT_EQ(m_delegate.window().windowTitle(), QStringLiteral("Aquelon - lamp.sq"));
-    EXPECT_EQ(m_data.sequence().count(), 0);
-}
-
-// Values that come from the document are no edits.
-TEST_F(ProgramTest, cellsFollowTheDocumentWithoutMarkingItDirty) {
-    const auto cell = [&](int column) {
-        return m_delegate.window().findChild<AQSlider*>(QStringLiteral("cell_2_%1").arg(column));
-    };
-    cell(2)->userSetValue(0.25);
-    cell(1)->userSetValue(0.75);
-    EXPECT_EQ(m_data.sequence().at(2), (AQTimePoint{{15, 0, 0}, 0.75, 0.25}));
-    EXPECT_EQ(dynamic_cast<AQSliderColorTemp*>(cell(1))->maxValue(), 0.25);
-    EXPECT_TRUE(m_data.isDirty());
-    m_data.setIsDirty(false);
-    m_data.loadDefaults();
-    EXPECT_FALSE(m_data.isDirty());
-    EXPECT_EQ(cell(2)->value(), 1.0);
-    EXPECT_EQ(m_data.sequence().at(2).brightness, 1.0);
-}
-
-TEST_F(ProgramTest, deletingByKeyboardGoesOn) {
-    start();
-    m_delegate.window().tableView().setSelectedRow(5);
-    ui().bttnTableItemDelete->setFocus();
-    for (int count = 6; count > 0; --count) {
-        QTest::keyClick(m_delegate.window().focusWidget(), Qt::Key_Space);
-        EXPECT_EQ(m_data.sequence().count(), count);
-    }
+    EXPECT_EQ(delegate.window().windowTitle(), QStringLiteral("Aquelon - lamp.sq"));
+    EXPECT_EQ(data.sequence().count(), 0);
 }
 
 // A shortcut and the window's own close button leave the focus in the field that is typed into.
 TEST_F(ProgramTest, whatIsBeingTypedIsNotLost) {
     start();
     ui().pickerTaskTime->setFocus();
-    auto* field = m_delegate.window().focusWidget();
-    ASSERT_TRUE(field);
-    QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
-    QTest::keyClicks(field, QStringLiteral("2:30"));
-    m_prompts.placesToSave = {std::nullopt};
+    auto* field = delegate.window().focusWidget();
+    const auto type = [&](const char* text) {
+        QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(field, QLatin1String(text));
+    };
+    type("2:30");
+    prompts.placesToSave = {std::nullopt};
     ui().menuitemSave->trigger();
-    EXPECT_EQ(m_data.taskLight().time, (AQTime{0, 2, 30}));
+    EXPECT_EQ(data.taskLight().time, (AQTime{0, 2, 30}));
 
-    m_data.setIsDirty(false);
-    QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
-    QTest::keyClicks(field, QStringLiteral("3"));
-    m_prompts.saveAnswers = {Prompts::SaveAnswer::Cancel};
-    m_prompts.asked.clear();
-    m_delegate.window().close();
-    EXPECT_EQ(m_prompts.asked.size(), 1) << "closing asks about what was typed";
+    data.setIsDirty(false);
+    type("3");
+    prompts.saveAnswers = {Prompts::SaveAnswer::Cancel};
+    prompts.asked.clear();
+    delegate.window().close();
+    EXPECT_EQ(prompts.asked.size(), 1) << "closing asks about what was typed";
 
     // What is refused is shown, and the window with it.
-    m_data.setIsDirty(false);
-    const QSignalSpy terminated(&m_delegate, &AppDelegate::terminated);
-    QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
-    QTest::keyClicks(field, QStringLiteral("later"));
+    data.setIsDirty(false);
+    const QSignalSpy terminated(&delegate, &AppDelegate::terminated);
+    type("later");
     ui().menuitemQuit->trigger();
     EXPECT_TRUE(terminated.isEmpty());
     ui().menuitemQuit->trigger();

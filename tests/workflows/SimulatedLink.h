@@ -75,12 +75,11 @@ struct SimulatedLink final : YMessageControllerDelegate {
     SimulatedController device;
     SimulatedSerialPortManager ports{log};
     ModalPause pause;
-    YMessageController controller{
-        ports,
-        pause,
-        {.scan = std::chrono::milliseconds(20),
-         .answer = std::chrono::milliseconds(100),
-         .arrival = std::chrono::milliseconds(1)}};
+    YMessageController controller{ports,
+                                  pause,
+                                  {.scan = std::chrono::milliseconds(20),
+                                   .answer = std::chrono::milliseconds(100),
+                                   .arrival = std::chrono::milliseconds(1)}};
     bool isConnected = false;
     std::function<void(bool)> connectedChanged; ///< as the window would be told
 

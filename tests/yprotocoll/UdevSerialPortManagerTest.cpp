@@ -1,22 +1,16 @@
 #include "yprotocoll/link/UdevSerialPortManager.h"
 
-#include <QTest>
-
 #include <gtest/gtest.h>
 #include <umockdev.h>
 
 namespace {
 
-using Story = std::vector<std::string>;
-
 /// The process runs with umockdev preloaded and sees only the devices of this test bed.
-class UdevSerialPortManagerTest : public testing::Test, public SerialPortManagerDelegate {
+class UdevSerialPortManagerTest : public testing::Test {
 public:
     ~UdevSerialPortManagerTest() override { g_object_unref(bed); }
 
 protected:
-    void serialPortsChanged() override { ++changes; }
-
     /// `lines` are the device's properties and attributes in the words of umockdev.
     void add(const std::string& path, const std::string& lines) const {
         GError* error = nullptr;
@@ -34,7 +28,6 @@ protected:
     }
 
     UMockdevTestbed* bed = umockdev_testbed_new();
-    int changes = 0;
 };
 
 TEST_F(UdevSerialPortManagerTest, theNearestUsbDeviceWithBothNumbersDecides) {
@@ -61,26 +54,6 @@ TEST_F(UdevSerialPortManagerTest, theNearestUsbDeviceWithBothNumbersDecides) {
     }
     addTty("/devices/virtual", "tty1"); // a console
     EXPECT_EQ(UdevSerialPortManager().availablePorts(), expected);
-}
-
-TEST_F(UdevSerialPortManagerTest, tellsArrivalAndRemovalAtOnce) {
-    UdevSerialPortManager manager;
-    manager.setDelegate(this);
-    Story removed;
-    QObject::connect(&manager, &UdevSerialPortManager::deviceRemoved,
-                     [&](const std::string& path) { removed.push_back(path); });
-
-    const std::string adapter = "/devices/pci0000:00/usb1/1-1";
-    addUsb(adapter, "7a51", "0c24");
-    addTty(adapter, "ttyUSB0");
-    EXPECT_TRUE(QTest::qWaitFor([&] { return changes > 0; }));
-    EXPECT_EQ(manager.availablePorts().size(), 1U);
-    EXPECT_EQ(removed, Story{});
-
-    changes = 0;
-    umockdev_testbed_uevent(bed, ("/sys" + adapter + "/tty/ttyUSB0").c_str(), "remove");
-    EXPECT_TRUE(QTest::qWaitFor([&] { return changes > 0; }));
-    EXPECT_EQ(removed, Story{"/dev/ttyUSB0"});
 }
 
 } // namespace

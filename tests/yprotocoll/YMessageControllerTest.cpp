@@ -6,8 +6,8 @@
 
 #include <QDeadlineTimer>
 #include <QElapsedTimer>
-#include <QTimer>
 #include <QTest>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
@@ -155,9 +155,30 @@ TEST_F(YMessageControllerTest, goesByNumbersWhereChannelsAreNotNamed) {
     link->sendCommands(commands, [this](const auto& answers) {
         story.push_back(std::to_string(answers.size()) + " answers");
     });
-    expectStory({"got an unrequested answer #45", "timeout 1: no answer for command #44",
-                 "6 answers"});
+    expectStory(
+        {"got an unrequested answer #45", "timeout 1: no answer for command #44", "6 answers"});
     EXPECT_EQ(takeCommands().size(), 7U) << "one of them twice";
+}
+
+TEST_F(YMessageControllerTest, opensFromVersion1Point1WithEntriesOfThreeBytes) {
+    const struct {
+        ControllerConfig config;
+        const char* told;
+    } cases[] = {
+        {{.versionMajor = 0, .versionMinor = 9}, "unsupported device version 0.9"},
+        {{.versionMinor = 0}, "unsupported device version 1.0"},
+        {{.versionMinor = 1}, "open"},
+        {{.versionMajor = 2, .versionMinor = 0}, "open"},
+        {{.entrySize = 4}, "port closed: unsupported sequence data format"},
+    };
+    for (const auto& test : cases) {
+        restart({.scan = 5ms, .arrival = 1ms});
+        device = SimulatedController(test.config);
+        plug();
+        link->run();
+        expectStory({test.told});
+        ports.unplug("ttyUSB0");
+    }
 }
 
 TEST_F(YMessageControllerTest, theOpenSequenceHasATimeLimitAndIsNotTriedAgain) {
@@ -198,46 +219,6 @@ TEST_F(YMessageControllerTest, sendsOneAfterAnotherAndAnswersInOrder) {
     EXPECT_EQ(takeCommands(), (Story{"42 1", "46 1", "46", "48 0"}));
 }
 
-TEST_F(YMessageControllerTest, silenceEndsInTheFifthTimeout) {
-    restart({.scan = 5s, .open = 5s, .answer = 3ms});
-    connectDevice();
-    addFault("silence");
-    link->send(CmdGetTaskMode(), note("never"));
-    link->send(CmdDisableDemoMode(), note("never"));
-    expectStory({"timeout 1: no answer for command #50", "timeout 2: no answer for command #50",
-                 "timeout 3: no answer for command #50", "timeout 4: no answer for command #50",
-                 "timeout 5: no answer for command #50",
-                 "port closed: too many timeouts while trying to send"});
-    EXPECT_EQ(takeCommands(), Story(5, "50"));
-
-    // The count outlives the link: the next silence closes it at once ...
-    const SerialPortInfo port = link->availablePorts().front();
-    link->open(port);
-    expectStory({"timeout 6: no answer for command #1",
-                 "port closed: too many timeouts while trying to send"});
-    // ... unless an answer came in between.
-    faults.clear();
-    link->open(port);
-    expectStory({"open"});
-    addFault("silence@1");
-    link->send(CmdGetTaskMode(), note("then"));
-    expectStory({"timeout 1: no answer for command #50", "then AnswerTaskMode"});
-}
-
-TEST_F(YMessageControllerTest, wrongAndUnrequestedAnswersKeepTheLink) {
-    restart({.scan = 5s, .open = 5s, .answer = 20ms});
-    connectDevice();
-    addFault("wrong-number=43@1");
-    addFault("wrong-checksum@2");
-    addFault("unasked=43@3");
-    link->send(CmdGetTaskMode(), note("at last"));
-    expectStory({"answer not matching: expected #51 got #43",
-                 "timeout 1: no answer for command #50", "checksum doesn't match",
-                 "timeout 2: no answer for command #50", "at last AnswerTaskMode",
-                 "got an unrequested answer #43"});
-    EXPECT_EQ(takeCommands(), Story(3, "50"));
-}
-
 TEST_F(YMessageControllerTest, anAnswerInTheBufferIsNoTimeout) {
     restart({.scan = 5s, .open = 5s, .answer = 6ms});
     connectDevice();
@@ -266,32 +247,6 @@ TEST_F(YMessageControllerTest, lostLinksAreReportedOnceAndFoundAgain) {
     port.openPort->fail("framing");
     expectStory({"port error: framing"});
     EXPECT_TRUE(link->isConnected());
-}
-
-TEST_F(YMessageControllerTest, withoutPortNothingIsSent) {
-    link->send(CmdGetTaskMode(), note("never"));
-    link->sendCommands({CmdGetTaskMode(), CmdGetVersion()}, [](const auto&) { FAIL(); });
-    link->sendStream(CmdSetDemoModeLevels(1, 1), 1ms);
-    EXPECT_TRUE(story.empty()); // never from inside the call
-    expectStory(Story(2, "cannot send: port is closed"));
-}
-
-TEST_F(YMessageControllerTest, timersWaitForTheModalWindowButBytesDoNot) {
-    restart({.scan = 5s, .open = 5s, .answer = 10ms});
-    connectDevice();
-    pause.setActive(true);
-    addFault("silence@1");
-    link->send(CmdGetTaskMode(), note("a"));
-    passTime(30ms);
-    ports.device("ttyUSB0")->line->send(YMessage("Answer", 51, {5, 0, 0, 0, 0}).frame(), "late");
-    expectStory({"a AnswerTaskMode"});
-
-    addFault("silence@1");
-    link->send(CmdGetTaskMode(), note("b"));
-    passTime(30ms);
-    EXPECT_EQ(story, Story{});
-    pause.setActive(false);
-    expectStory({"timeout 1: no answer for command #50", "b AnswerTaskMode"});
 }
 
 } // namespace
