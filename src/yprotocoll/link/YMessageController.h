@@ -50,6 +50,15 @@ struct LinkIntervals {
 /// Main thread only. Failures go to the delegate as `YMessageError`; nothing here opens a dialog.
 /// Callbacks are called at most once, from the event loop, in the order of the reports; the
 /// callback of a command whose link is lost is never called.
+///
+///     YMessageController controller(ports, pause);
+///     controller.setDelegate(&window); // hears messageControllerDidOpen(), then may send:
+///     controller.run();                // looks for the controller from now on
+///     controller.send(CmdGetTaskMode(), [](const YAnswer& answer) { show(answer); });
+///     controller.sendCommands({CmdGetSequenceData(0, controller.device()),
+///                              CmdGetSequenceData(1, controller.device())},
+///                             [](const auto& answers) { show(answers); }); // all at once
+///     controller.sendStream(CmdSetDemoModeLevels(254, 254), 1s); // while a slider moves
 class YMessageController : public QObject {
     Q_OBJECT
 
