@@ -98,11 +98,6 @@ void AQPointList::focusEditor(int row, int column, Qt::FocusReason reason) {
         wanted->editor(column).setFocus(reason);
 }
 
-int AQPointList::focusedColumn() const {
-    const PlacedRow* focused = focusedRow();
-    return focused ? focused->widget->focusedColumn() : -1;
-}
-
 const AQPointList::PlacedRow* AQPointList::placed(int row) const {
     const auto found = std::ranges::lower_bound(m_rows, row, {}, &PlacedRow::row);
     return found != m_rows.end() && found->row == row ? &*found : nullptr;

@@ -48,8 +48,6 @@ public:
     const AQSequence& sequence() const { return m_sequence; }
     /// The keyboard focus goes to the editor of `column` in `row`, which is scrolled into view.
     void focusEditor(int row, int column, Qt::FocusReason reason);
-    /// -1 when none of the editors is the window's keyboard focus.
-    int focusedColumn() const;
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
