@@ -63,8 +63,6 @@ struct Editor {
         Journey::drag(third, {plot.center(), above});
         expectSoon([&] { return intensity.value(); }, 100.0);
         expectSoon([this] { return remove.isEnabled(); }, true);
-        EXPECT_EQ(journey.title(), "Aquelon - Untitled *");
-
         Journey::click(place(cell(2, "Intensity"), 0.25));
         expectPoint(2, "7, 10:00, intensity 25 %, colour temperature 56 %, selected");
         Journey::keys("Right Up Up");
@@ -186,9 +184,6 @@ TEST(EditorJourneys, analogModeLeavesTheTaskLight) {
     ASSERT_TRUE(journey.waitForCommand("CmdSetDeviceMode"));
 
     const UiElement duration = journey.find("spin button", "Task light duration");
-    Editor::typeInto(duration, QStringLiteral("4:58"));
-    Journey::keys("Up Right Up Up");
-    expectSoon([&] { return duration.text(); }, "6 min 00 s");
     Editor::typeInto(duration, QStringLiteral("256:00"));
     expectSoon([&] { return duration.description(); },
                "Type minutes and seconds up to 255 min 59 s, for example 1:30.");

@@ -85,22 +85,12 @@ TEST_F(DeviceTimePanelTest, clocksGoOnOverTheTurnOfAnHourByLawAndBehindModalWind
     const std::string behind =
         "The controller's clock is 3 minutes 12 seconds behind the computer's.";
     EXPECT_TRUE(link.waitFor([&] { return difference() == behind; })) << difference();
-    EXPECT_EQ(text("lblComputerTime"), "12/24/2017, 08:15:30 AM");
-    EXPECT_EQ(text("lblDeviceTime"), "12/24/2017, 08:12:18 AM");
     link.pause.setActive(true);
     now = utc("2018-03-25T12:15:30");
     EXPECT_TRUE(
         link.waitFor([this] { return text("lblComputerTime") == "03/25/2018, 02:15:30 PM"; }));
     EXPECT_EQ(text("lblDeviceTime"), "03/25/2018, 01:12:18 PM");
     EXPECT_EQ(difference(), "The controller's clock is 1 hour 3 minutes behind the computer's.");
-    // What counts is what the computer shows.
-    panel.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
-    EXPECT_TRUE(link.waitFor([this] { return link.commands().size() == 2; }));
-    EXPECT_EQ(link.commands().front(), "CmdSetRTC 30 15 14 25 3 18");
-    // Unanswered, the next opening says that it is not sure.
-    link.faults.add(*Fault::parse("silence"));
-    panel.menuSetDeviceTime();
-    EXPECT_EQ(difference(), "The controller has not told the time of its clock yet.");
 }
 
 TEST_F(DeviceTimePanelTest, whatOkSends) {
