@@ -233,6 +233,16 @@ TEST_F(ProgramTest, droppedFileIsOpened) {
     EXPECT_EQ(data.sequence().count(), 0);
 }
 
+TEST_F(ProgramTest, deletingByKeyboardGoesOn) {
+    start();
+    delegate.window().tableView().setSelectedRow(5);
+    ui().bttnTableItemDelete->setFocus();
+    for (int count = 6; count > 0; --count) {
+        QTest::keyClick(delegate.window().focusWidget(), Qt::Key_Space);
+        EXPECT_EQ(data.sequence().count(), count);
+    }
+}
+
 // A shortcut and the window's own close button leave the focus in the field that is typed into.
 TEST_F(ProgramTest, whatIsBeingTypedIsNotLost) {
     start();
