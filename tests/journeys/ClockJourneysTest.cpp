@@ -60,10 +60,11 @@ TEST(ClockJourneys, clockIsComparedAndSet) {
     EXPECT_EQ(storedOffset(), here + 2);
 
     openPanel();
-    Journey::keys("alt+u");
     const auto isPicker = [](const UiElement& element) {
         return element.role() != "radio button" && element.name() == "Custom time";
     };
+    EXPECT_FALSE(journey.front().find(isPicker).isEnabled());
+    Journey::keys("alt+u");
     expectSoon([&] { return journey.front().find(isPicker).isEnabled(); }, true);
     Journey::keys("Tab");
     Journey::type(QStringLiteral("02282031051530PM"));
