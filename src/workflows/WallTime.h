@@ -5,8 +5,8 @@
 
 #include <optional>
 
-class AnswerRTC;
 class QTimeZone;
+struct AnswerRTC;
 
 /// Clock times as a clock on the wall shows them.
 ///

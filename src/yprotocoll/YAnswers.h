@@ -24,32 +24,29 @@ struct AnswerAddress {
 };
 
 /// #2
-class AnswerVersion : public YAnswer {
-public:
+struct AnswerVersion : YAnswer {
+    using YAnswer::YAnswer;
+
     DeviceVersion version;
     std::uint8_t build = 0;
     std::uint8_t deviceType = 0; ///< 0 when the controller does not tell
-
-protected:
-    using YAnswer::YAnswer;
 };
 
 /// #4
-class AnswerProductInfo : public YAnswer {
-public:
+struct AnswerProductInfo : YAnswer {
+    using YAnswer::YAnswer;
+
     std::uint8_t week = 0; ///< of the year of manufacture
     std::uint16_t year = 0;
     std::uint8_t pcbVersion = 0;
     std::uint8_t assemblyVersion = 0;
     std::uint32_t serialNumber = 0;
-
-protected:
-    using YAnswer::YAnswer;
 };
 
 /// #33
-class AnswerDebugInfo : public YAnswer {
-public:
+struct AnswerDebugInfo : YAnswer {
+    using YAnswer::YAnswer;
+
     std::uint8_t status = 0;
     std::uint16_t URef_dig = 0;
     std::uint16_t UInA_dig = 0;
@@ -70,94 +67,77 @@ public:
     std::uint16_t appFilteredAvg1 = 0;
     std::uint16_t appFilteredAvg2 = 0;
     std::uint16_t appDemoModeTimeout = 0;
-
-protected:
-    using YAnswer::YAnswer;
 };
 
 /// #35
-class AnswerDebugTxRxDALI : public YAnswer {
-public:
+struct AnswerDebugTxRxDALI : YAnswer {
+    using YAnswer::YAnswer;
+
     std::uint8_t status = 0;
     std::uint8_t answer = 0;
-
-protected:
-    using YAnswer::YAnswer;
 };
 
 /// #41
-class AnswerTime : public YAnswer {
-public:
+struct AnswerTime : YAnswer {
+    using YAnswer::YAnswer;
+
     std::uint8_t hour = 0;
     std::uint8_t minute = 0;
-
-protected:
-    using YAnswer::YAnswer;
 };
 
 /// #43
-class AnswerDeviceMode : public YAnswer {
-public:
+struct AnswerDeviceMode : YAnswer {
+    using YAnswer::YAnswer;
+
     std::uint8_t mode = 0; ///< 1: light program, 0: analog input
     bool demoModeActive = false;
     bool taskModeActive = false;
     std::array<AnswerLevel, 2> levels; ///< cold, warm
-
-protected:
-    using YAnswer::YAnswer;
 };
 
 /// #45, and #47 with a payload of any length but 3
-class AnswerSequenceData : public YAnswer {
-public:
+struct AnswerSequenceData : YAnswer {
+    using YAnswer::YAnswer;
+
     std::uint8_t channel = 0;
     std::vector<SequenceEntry> seqData; ///< whole entries only
-
-protected:
-    using YAnswer::YAnswer;
 };
 
 /// #47 with a payload of exactly 3 bytes
-class AnswerSequenceDataInfo : public YAnswer {
-public:
+struct AnswerSequenceDataInfo : YAnswer {
+    using YAnswer::YAnswer;
+
     std::uint8_t channelCount = 0;
     std::uint8_t maxPoints = 0;   ///< most entries per channel
     std::uint8_t sizeOfEntry = 0; ///< bytes; this program speaks 3
-
-protected:
-    using YAnswer::YAnswer;
 };
 
 /// #49 with a payload of exactly 1 byte
-class AnswerDemoModeTransmitBuffer : public YAnswer {
-public:
-    std::uint8_t freeBlocks = 0;
-
-protected:
+struct AnswerDemoModeTransmitBuffer : YAnswer {
     using YAnswer::YAnswer;
+
+    std::uint8_t freeBlocks = 0;
 };
 
 /// #49 with a payload of any length but 1
-class AnswerDemoMode : public AnswerDeviceMode {
-protected:
+struct AnswerDemoMode : AnswerDeviceMode {
     using AnswerDeviceMode::AnswerDeviceMode;
 };
 
 /// #51
-class AnswerTaskMode : public YAnswer {
-public:
+struct AnswerTaskMode : YAnswer {
+    using YAnswer::YAnswer;
+
     std::uint8_t minutes = 0;
     std::uint8_t seconds = 0;
     std::array<AnswerLevel, 2> levels; ///< cold, warm
     std::uint8_t fadeTime = 0;
-
-protected:
-    using YAnswer::YAnswer;
 };
 
 /// #53
-class AnswerAnalogMode : public YAnswer {
-public:
+struct AnswerAnalogMode : YAnswer {
+    using YAnswer::YAnswer;
+
     std::uint8_t fadeTime = 0;
     AnswerLevel minLevel;
     AnswerLevel maxLevel;
@@ -166,53 +146,42 @@ public:
     std::uint16_t inOn_mV = 0;
     std::uint16_t inMax_mV = 0;
     std::uint16_t in100perc_mV = 0;
-
-protected:
-    using YAnswer::YAnswer;
 };
 
 /// #55
-class AnswerDeviceSettings : public YAnswer {
-public:
+struct AnswerDeviceSettings : YAnswer {
+    using YAnswer::YAnswer;
+
     std::array<AnswerAddress, 2> addresses;
     std::uint8_t sequenceFadeTime = 0;
     AnswerLevel minOnOutLevel;
-
-protected:
-    using YAnswer::YAnswer;
 };
 
 /// #71
-class AnswerRTC : public YAnswer {
-public:
+struct AnswerRTC : YAnswer {
+    using YAnswer::YAnswer;
+
     std::uint8_t second = 0;
     std::uint8_t minute = 0;
     std::uint8_t hour = 0;
     std::uint8_t day = 0;
     std::uint8_t month = 0;
     std::uint16_t year = 0; ///< 2000...2255
-
-protected:
-    using YAnswer::YAnswer;
 };
 
 /// #73
-class AnswerBufferInfo : public YAnswer {
-public:
+struct AnswerBufferInfo : YAnswer {
+    using YAnswer::YAnswer;
+
     std::uint8_t bufferSize = 0;
     std::uint8_t bufferFree = 0;
-
-protected:
-    using YAnswer::YAnswer;
 };
 
 /// #75
-class AnswerDaylightInfo : public YAnswer {
-public:
+struct AnswerDaylightInfo : YAnswer {
+    using YAnswer::YAnswer;
+
     bool enabled = false;
     bool summerTime = false;
     std::int8_t UTCOffset = 0;
-
-protected:
-    using YAnswer::YAnswer;
 };

@@ -10,12 +10,6 @@ YBufferWriter& YBufferWriter::writeUInt16(std::uint16_t value) {
         .writeUInt8(static_cast<std::uint8_t>(value >> 8U));
 }
 
-YBufferWriter& YBufferWriter::writeUInt32(std::uint32_t value) {
-    for (const unsigned shift : {24U, 16U, 8U, 0U})
-        writeUInt8(static_cast<std::uint8_t>((value >> shift) & 0xffU));
-    return *this;
-}
-
 YBufferWriter& YBufferWriter::writeBytes(std::span<const std::uint8_t> bytes) {
     m_data.insert(m_data.end(), bytes.begin(), bytes.end());
     return *this;

@@ -57,33 +57,19 @@ public:
         std::uint8_t forCommand;
         bool operator==(const AnswerTimeout&) const = default;
     };
-    struct PortClosedSend {
-        bool operator==(const PortClosedSend&) const = default;
+    /// What the kinds without fields have in common.
+    struct Plain {
+        bool operator==(const Plain&) const = default;
     };
-    struct PortClosedUnexpectedly {
-        bool operator==(const PortClosedUnexpectedly&) const = default;
-    };
-    struct PortRemoved {
-        bool operator==(const PortRemoved&) const = default;
-    };
-    struct SequenceDataFormat {
-        bool operator==(const SequenceDataFormat&) const = default;
-    };
-    struct PacketStart {
-        bool operator==(const PacketStart&) const = default;
-    };
-    struct Checksum {
-        bool operator==(const Checksum&) const = default;
-    };
-    struct BufferOverflow {
-        bool operator==(const BufferOverflow&) const = default;
-    };
-    struct OpenTimeout {
-        bool operator==(const OpenTimeout&) const = default;
-    };
-    struct AnswerTooManyTimeouts {
-        bool operator==(const AnswerTooManyTimeouts&) const = default;
-    };
+    struct PortClosedSend : Plain {};
+    struct PortClosedUnexpectedly : Plain {};
+    struct PortRemoved : Plain {};
+    struct SequenceDataFormat : Plain {};
+    struct PacketStart : Plain {};
+    struct Checksum : Plain {};
+    struct BufferOverflow : Plain {};
+    struct OpenTimeout : Plain {};
+    struct AnswerTooManyTimeouts : Plain {};
 
     using Kind =
         std::variant<PortWrongType, PortError, PortClosedError, DeviceVersion, UnknownPacket,

@@ -6,6 +6,5 @@ void registerIdleBenches();
 void registerPaintBenches();
 void registerDragBenches();
 void registerDemoBenches();
-void registerProtocolBenches();
 void registerTransferBenches();
 void registerTurnRoundBenches();

@@ -28,11 +28,8 @@ public:
         window.installEventFilter(this);
         control.installEventFilter(this);
     }
-    /// Runs the event loop until the window has painted what is pending; what the painting took.
-    double waitForOne() {
-        m_loop.exec();
-        return m_paintTime;
-    }
+    /// Runs the event loop until the window has painted what is pending.
+    void waitForOne() { m_loop.exec(); }
     int paintsOfControl = 0;
 
     bool eventFilter(QObject* watched, QEvent* event) override {
@@ -40,7 +37,7 @@ public:
             ++paintsOfControl;
         if (watched != &m_window || event->type() != QEvent::UpdateRequest)
             return false;
-        m_paintTime = milliseconds([&] { watched->event(event); });
+        watched->event(event);
         m_loop.quit();
         return true;
     }
@@ -49,7 +46,6 @@ private:
     QWidget& m_window;
     QWidget& m_control;
     QEventLoop m_loop;
-    double m_paintTime = 0.0;
 };
 
 void sendMouse(QWidget& target, QEvent::Type type, QPointF inWindow) {
@@ -60,19 +56,13 @@ void sendMouse(QWidget& target, QEvent::Type type, QPointF inWindow) {
     QApplication::sendEvent(&target, &event);
 }
 
-struct Step {
-    double latency = 0.0; ///< from before the event to after the frame
-    double work = 0.0;    ///< what the event and the painting took of it
-};
-
+/// From before the event to after the frame, in milliseconds.
 template <typename Event>
-Step measureStep(Frames& frames, Event event) {
-    Step step;
-    step.latency = milliseconds([&] {
-        step.work = milliseconds(event);
-        step.work += frames.waitForOne();
+double measureStep(Frames& frames, Event event) {
+    return milliseconds([&] {
+        event();
+        frames.waitForOne();
     });
-    return step;
 }
 
 /// The floor: a control that fills itself with a gradient at each event.
@@ -120,27 +110,18 @@ void drag(benchmark::State& state) {
     frames.paintsOfControl = 0;
 
     Samples latency;
-    Samples work;
     Samples floor;
-    Samples floorWork;
     double direction = 1.0;
     int steps = 0;
     for (auto _ : state) {
         if (++steps % 60 == 0)
             direction = -direction;
         at.ry() += direction;
-        const Step ours = measureStep(frames, [&] { sendMouse(point, QEvent::MouseMove, at); });
-        const Step theirs =
-            measureStep(plainFrames, [&] { sendMouse(plain, QEvent::MouseMove, at); });
-        latency.add(ours.latency);
-        work.add(ours.work);
-        floor.add(theirs.latency);
-        floorWork.add(theirs.work);
+        latency.add(measureStep(frames, [&] { sendMouse(point, QEvent::MouseMove, at); }));
+        floor.add(measureStep(plainFrames, [&] { sendMouse(plain, QEvent::MouseMove, at); }));
     }
     Table::add({"drag, 20 points: mouse event to painted frame", "ms", latency.median(),
                 floor.median(), "one gradient, the same way", Promise::atMost(frameTime)});
-    Table::add({"drag: of which work on curve and table", "ms", work.median(), floorWork.median(),
-                "one gradient, the same way", Promise::atMost(frameTime)});
     Table::add({"drag: repaints of the curve a step", "",
                 static_cast<double>(frames.paintsOfControl) / steps, 1.0, "one a step",
                 Promise::atMost(1.0)});

@@ -7,8 +7,6 @@
 #include "WholeProgram.h"
 #include "controls/curve/AQCurveView.h"
 #include "controls/points/AQPointList.h"
-#include "controls/sliders/AQSliderBrightness.h"
-#include "controls/sliders/AQSliderColorTemp.h"
 #include "data/AQDataSource.h"
 #include "data/AQDataSourceReader.h"
 #include "data/AQDataSourceWriter.h"
@@ -71,30 +69,6 @@ void curveStep(benchmark::State& state) {
     });
 }
 
-/// Each new size draws axes and labels anew.
-void curveResize(benchmark::State& state) {
-    ShownCurve curve;
-    bool isNarrow = false;
-    measure(state, "curve: a resize and its repaint", Promise::none(), ShownCurve::area, [&] {
-        isNarrow = !isNarrow;
-        curve.view.resize(ShownCurve::area - QSize(isNarrow ? 1 : 0, 0));
-        curve.view.repaint();
-    });
-}
-
-template <typename Slider>
-void slider(benchmark::State& state, const char* name) {
-    constexpr QSize area{240, 40};
-    Slider slider;
-    show(slider, area);
-    double value = 0.0;
-    measure(state, name, Promise::none(), area, [&] {
-        value = value < 0.99 ? value + 0.01 : 0.0;
-        slider.setValue(value);
-        slider.repaint();
-    });
-}
-
 void table(benchmark::State& state) {
     NotificationCenter notifications;
     AQDataSource document{notifications};
@@ -139,13 +113,6 @@ void registerPaintBenches() {
     constexpr int repaints = 400;
     benchmark::RegisterBenchmark("curve", curve)->Iterations(repaints);
     benchmark::RegisterBenchmark("curve edit", curveStep)->Iterations(repaints);
-    benchmark::RegisterBenchmark("curve resize", curveResize)->Iterations(repaints);
-    benchmark::RegisterBenchmark("brightness slider", slider<AQSliderBrightness>,
-                                 "intensity slider, 240 x 40: an edit and its repaint")
-        ->Iterations(repaints);
-    benchmark::RegisterBenchmark("colour slider", slider<AQSliderColorTemp>,
-                                 "colour slider, 240 x 40: an edit and its repaint")
-        ->Iterations(repaints);
     benchmark::RegisterBenchmark("table", table)->Iterations(repaints);
     for (const int points : {7, 84, 1440})
         benchmark::RegisterBenchmark("opening", opening, points)->Iterations(10);

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <chrono>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -13,15 +12,11 @@ struct ProgramCall {
     std::string platform = "offscreen";
 };
 
-struct FirstPaint {
-    double clock = 0.0;     ///< ms from the start of the process to the end of the first picture
-    double processor = 0.0; ///< ms of processor time until then, in all threads
-};
-
 // All throw std::runtime_error when the program does not do what it is expected to.
 
-/// Runs a program until it has shown its first picture.
-FirstPaint runToFirstPaint(const ProgramCall& call);
+/// Runs a program until it has shown its first picture; ms from the start of its process to the end
+/// of that picture.
+double runToFirstPaint(const ProgramCall& call);
 /// The same under callgrind, whose profile is written to `profile`; the number of instructions.
 std::uint64_t instructionsToFirstPaint(const ProgramCall& call, const std::string& profile);
 

@@ -19,37 +19,17 @@ ProgramCall emptyWindow(const std::string& platform) {
     return {{EMPTY_WINDOW_PROGRAM}, platform};
 }
 
-ProgramCall blankWindow(const std::string& platform) {
-    return {{EMPTY_WINDOW_PROGRAM, "--blank"}, platform};
-}
-
-struct StartTimes {
-    void add(const FirstPaint& shown) {
-        clock.add(shown.clock);
-        processor.add(shown.processor);
-    }
-    Samples clock;
-    Samples processor;
-};
-
 void start(benchmark::State& state, const std::string& platform) {
-    StartTimes ours;
-    StartTimes empty;
-    StartTimes blank;
+    Samples ours;
+    Samples empty;
     runToFirstPaint(program(platform)); // the files are in memory from here on
     runToFirstPaint(emptyWindow(platform));
     for (auto _ : state) {
         ours.add(runToFirstPaint(program(platform)));
         empty.add(runToFirstPaint(emptyWindow(platform)));
-        blank.add(runToFirstPaint(blankWindow(platform)));
     }
-    const std::string name = "start to first paint, " + platform;
-    Table::add({name, "ms", ours.clock.median(), empty.clock.median(), "an empty window",
-                Promise::timesFloor(1.5)});
-    Table::add({name + ", of which on a processor", "ms", ours.processor.median(),
-                empty.processor.median(), "an empty window", Promise::timesFloor(1.5)});
-    Table::add({"  the empty window itself, " + platform, "ms", empty.clock.median(),
-                blank.clock.median(), "a window without a letter", Promise::none()});
+    Table::add({"start to first paint, " + platform, "ms", ours.median(), empty.median(),
+                "an empty window", Promise::timesFloor(1.5)});
 }
 
 void instructions(benchmark::State& state) {

@@ -47,31 +47,21 @@ double limitOf(const Row& row) {
 }
 
 bool isKept(const Row& row) {
-    return row.promise.kind == Promise::Kind::None || row.measured <= limitOf(row);
+    return row.measured <= limitOf(row);
 }
 
 std::string promiseText(const Row& row) {
-    switch (row.promise.kind) {
-    case Promise::Kind::None:
-        return "-";
-    case Promise::Kind::AtMost:
-        return "<= " + number(row.promise.limit) + " " + row.unit;
-    case Promise::Kind::TimesFloor:
-        return "<= " + number(row.promise.limit) + " x floor";
-    }
-    return {};
+    const bool isTimesFloor = row.promise.kind == Promise::Kind::TimesFloor;
+    return "<= " + number(row.promise.limit) + " " + (isTimesFloor ? "x floor" : row.unit);
 }
 
 void printRow(const Row& row) {
     const bool hasFloor = row.floor > 0.0;
     const std::string floor = hasFloor ? number(row.floor) + " " + row.unit : "-";
     const std::string ratio = hasFloor ? number(row.measured / row.floor) : "-";
-    const char* verdict = row.promise.kind == Promise::Kind::None ? ""
-                          : isKept(row)                           ? "kept"
-                                                                  : "MISSED";
     std::printf("%-57s %10s %10s %6s  %-16s %-7s %s\n", row.what.c_str(),
                 (number(row.measured) + " " + row.unit).c_str(), floor.c_str(), ratio.c_str(),
-                promiseText(row).c_str(), verdict, row.floorIs.c_str());
+                promiseText(row).c_str(), isKept(row) ? "kept" : "MISSED", row.floorIs.c_str());
 }
 
 } // namespace

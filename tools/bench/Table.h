@@ -4,11 +4,10 @@
 
 /// What a measurement must not exceed.
 struct Promise {
-    enum class Kind { None, AtMost, TimesFloor };
-    Kind kind = Kind::None;
-    double limit = 0.0;
+    enum class Kind { AtMost, TimesFloor };
+    Kind kind;
+    double limit;
 
-    static Promise none() { return {}; }
     static Promise atMost(double limit) { return {Kind::AtMost, limit}; }
     static Promise timesFloor(double limit) { return {Kind::TimesFloor, limit}; }
 };

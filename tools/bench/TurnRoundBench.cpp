@@ -1,5 +1,5 @@
 // From the last byte of an answer to the first byte of the next command, seen by the device at the
-// other end of a tty. The same with plain system calls, and with Qt's port and nothing else.
+// other end of a tty; and the same with plain system calls.
 
 #include "Benches.h"
 #include "Measure.h"
@@ -13,8 +13,6 @@
 #include <benchmark/benchmark.h>
 
 #include <QEventLoop>
-#include <QSerialPort>
-#include <QTimer>
 
 #include <array>
 #include <atomic>
@@ -115,34 +113,6 @@ double plainCalls() {
     return device.turnRound();
 }
 
-double qtSignals() {
-    Device device;
-    const auto frame = command().frame();
-    const auto answer = static_cast<qsizetype>(answerLength());
-    QSerialPort port(QString::fromStdString(device.tty()));
-    port.open(QIODevice::ReadWrite);
-    QEventLoop loop;
-    qsizetype received = 0;
-    int left = exchanges;
-    const auto send = [&] {
-        port.write(reinterpret_cast<const char*>(frame.data()), static_cast<qint64>(frame.size()));
-        port.flush();
-    };
-    QObject::connect(&port, &QSerialPort::readyRead, &loop, [&] {
-        received += port.readAll().size();
-        if (received < answer)
-            return;
-        received = 0;
-        if (--left < 0)
-            loop.quit();
-        else
-            send();
-    });
-    QTimer::singleShot(0, &loop, send);
-    loop.exec();
-    return device.turnRound();
-}
-
 class Opened final : public YMessageControllerDelegate {
 public:
     explicit Opened(QEventLoop& loop) : m_loop(loop) {}
@@ -175,17 +145,13 @@ double program() {
 
 void turnRound(benchmark::State& state) {
     Samples ours;
-    Samples qt;
     Samples plain;
     for (auto _ : state) {
         ours.add(program());
-        qt.add(qtSignals());
         plain.add(plainCalls());
     }
     Table::add({"turn-round: answer's last to next command's first byte", "us", ours.median(),
                 plain.median(), "poll, read and write", Promise::atMost(120.0)});
-    Table::add({"  the same with Qt's port and nothing else", "us", qt.median(), plain.median(),
-                "poll, read and write", Promise::none()});
 }
 
 } // namespace

@@ -19,8 +19,7 @@ public:
     bool ReportContext(const Context& /*context*/) override { return true; }
     void ReportRuns(const std::vector<Run>& runs) override {
         for (const Run& run : runs)
-            std::fprintf(stderr, "%s%s %s\n", run.error_occurred ? "FAILED " : "",
-                         run.benchmark_name().c_str(), run.error_message.c_str());
+            std::fprintf(stderr, "%s\n", run.benchmark_name().c_str());
     }
 };
 
@@ -39,7 +38,6 @@ int main(int argc, char** argv) {
     registerPaintBenches();
     registerDragBenches();
     registerDemoBenches();
-    registerProtocolBenches();
     registerTransferBenches();
     registerTurnRoundBenches();
     Progress progress;

@@ -31,7 +31,7 @@ ControllerLine::ControllerLine(SimulatedController& controller, FaultPlan& fault
     connect(m_notifier, &QSocketNotifier::activated, this, [this] {
         std::uint64_t expirations = 0;
         [[maybe_unused]] const auto count = ::read(m_timer, &expirations, sizeof expirations);
-        work();
+        catchUp();
     });
 }
 
@@ -103,10 +103,10 @@ void ControllerLine::schedule(std::vector<LinePiece> pieces) {
         m_sendEnd = start + (m_paced ? lineTime(piece.bytes.size()) : 0ns);
         m_leaving.push_back({start, std::move(piece)});
     }
-    work();
+    catchUp();
 }
 
-void ControllerLine::work() {
+void ControllerLine::catchUp() {
     const Instant now = Steady::now();
     while (!m_arriving.empty() && m_arriving.front().complete <= now) {
         const Bytes bytes = std::move(m_arriving.front().bytes);

@@ -44,8 +44,7 @@ public:
     /// nothing for `deafFor`.
     void reset(std::chrono::milliseconds deafFor);
     /// Delivers and executes what is due by now, without waiting for the event loop.
-    void catchUp() { work(); }
-    const std::string& name() const { return m_name; }
+    void catchUp();
 
 Q_SIGNALS:
     /// A fault pulls the cable; zero: it stays out. To be connected queued when the slot destroys
@@ -68,7 +67,6 @@ private:
     void handle(const Bytes& bytes);
     void handleCommand(const SimulatedController::Received& received);
     void schedule(std::vector<LinePiece> pieces);
-    void work();
     /// Delivers what is due of the front piece; true when all of it is.
     bool deliverFront(Instant now);
     void armTimer();

@@ -26,8 +26,6 @@ public:
     const std::string& path() const { return m_pty.slavePath(); }
     /// True while a program has it open.
     bool isInUse() const { return m_users > 0; }
-    /// Null without a controller.
-    ControllerLine* line() { return m_line.get(); }
 
     /// Ends the tty: a program that has it open gets a hang-up. There is no way back.
     void hangUp();

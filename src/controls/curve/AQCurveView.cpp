@@ -1,9 +1,12 @@
 #include "controls/curve/AQCurveView.h"
 
+#include "controls/AccessibleFactory.h"
 #include "controls/DisplayColors.h"
+#include "controls/LetGo.h"
 #include "controls/Percent.h"
 #include "controls/Strokes.h"
 #include "controls/curve/AQCurvePoint.h"
+#include "controls/curve/AQCurvePointAccessible.h"
 #include "controls/curve/AQCurveViewAccessible.h"
 #include "controls/curve/CurvePainter.h"
 #include "controls/popovers/AQCurvePointPopover.h"
@@ -36,7 +39,8 @@ void announce(QWidget* widget, QAccessible::Event type) {
 AQCurveView::AQCurveView(AQSequence& sequence, AQSelection& selection, QWidget* parent)
     : QWidget(parent), m_sequence(sequence), m_selection(selection),
       m_pointPopover(new AQCurvePointPopover(this)) {
-    AQCurveViewAccessible::install();
+    AccessibleFactory::install<AQCurveView, AQCurveViewAccessible>();
+    AccessibleFactory::install<AQCurvePoint, AQCurvePointAccessible>();
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
@@ -137,7 +141,7 @@ void AQCurveView::matchPointViews(std::span<const AQTimePoint> points) {
         m_pointViews.back()->raise();
     }
     for (const auto& [id, view] : former)
-        letGo(*view);
+        letGo(*view, *this);
 }
 
 AQCurvePoint* AQCurveView::makePointView(AQPointId id) {
@@ -148,14 +152,6 @@ AQCurvePoint* AQCurveView::makePointView(AQPointId id) {
     connect(view, &AQCurvePoint::hoverEnded, this, &AQCurveView::onPointHoverOut);
     view->show();
     return view;
-}
-
-void AQCurveView::letGo(AQCurvePoint& view) {
-    // It may be in the middle of a mouse event that led here.
-    view.disconnect(this);
-    view.hide();
-    view.setParent(nullptr);
-    view.deleteLater();
 }
 
 void AQCurveView::describePoint(int row) {

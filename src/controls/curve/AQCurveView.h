@@ -102,7 +102,6 @@ private:
     void layoutPoints();
     void matchPointViews(std::span<const AQTimePoint> points);
     AQCurvePoint* makePointView(AQPointId id);
-    void letGo(AQCurvePoint& view);
     void describePoint(int row);
     void makeBackground();
     void drawBackground(QPainter& painter, double scale);

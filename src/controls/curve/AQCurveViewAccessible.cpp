@@ -1,29 +1,12 @@
 #include "controls/curve/AQCurveViewAccessible.h"
 
 #include "controls/curve/AQCurvePoint.h"
-#include "controls/curve/AQCurvePointAccessible.h"
 #include "controls/curve/AQCurveView.h"
 
 #include <algorithm>
 
-namespace {
-
-QAccessibleInterface* makeInterface(const QString&, QObject* object) {
-    if (auto* view = qobject_cast<AQCurveView*>(object))
-        return new AQCurveViewAccessible(*view);
-    if (auto* point = qobject_cast<AQCurvePoint*>(object))
-        return new AQCurvePointAccessible(*point);
-    return nullptr;
-}
-
-} // namespace
-
 AQCurveViewAccessible::AQCurveViewAccessible(AQCurveView& view)
     : QAccessibleWidget(&view, QAccessible::List) {}
-
-void AQCurveViewAccessible::install() {
-    QAccessible::installFactory(makeInterface);
-}
 
 AQCurveView* AQCurveViewAccessible::view() const {
     return qobject_cast<AQCurveView*>(widget());

@@ -9,9 +9,6 @@ class AQCurveViewAccessible : public QAccessibleWidget {
 public:
     explicit AQCurveViewAccessible(AQCurveView& view);
 
-    /// Makes QAccessible use this and AQCurvePointAccessible; any number of times.
-    static void install();
-
     int childCount() const override;
     QAccessibleInterface* child(int index) const override;
     int indexOfChild(const QAccessibleInterface* child) const override;

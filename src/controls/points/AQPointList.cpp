@@ -2,6 +2,8 @@
 
 #include "controls/AQValueView.h"
 #include "controls/AccentColor.h"
+#include "controls/AccessibleFactory.h"
+#include "controls/LetGo.h"
 #include "controls/Strokes.h"
 #include "controls/points/AQPointListAccessible.h"
 #include "controls/points/AQPointListHeader.h"
@@ -34,7 +36,7 @@ constexpr int neighbours = 6;
 AQPointList::AQPointList(AQSequence& sequence, AQSelection& selection, QWidget* parent)
     : QScrollArea(parent), m_sequence(sequence), m_selection(selection),
       m_header(new AQPointListHeader(this)), m_rowHeight(usualRowHeight) {
-    AQPointListAccessible::install();
+    AccessibleFactory::install<AQPointList, AQPointListAccessible>();
     setVerticalScrollBar(new AQScrollBar(this));
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setFrameStyle(QFrame::Box | QFrame::Plain);
@@ -172,7 +174,7 @@ void AQPointList::placeRows() {
     if (focusedWidget && focus < 0)
         focusEditor(m_selection.row(), focusedWidget->focusedColumn(), Qt::OtherFocusReason);
     for (const auto& [id, widget] : former)
-        letGo(*widget);
+        letGo(*widget, *this);
 }
 
 bool AQPointList::isKept(int row, int focusedRow) const {
@@ -189,14 +191,6 @@ AQPointRow* AQPointList::makeRow(AQPointId id) {
     connect(row, &AQPointRow::turnedTo, this,
             [this](AQPointId turnedTo) { m_selection.select(turnedTo, this); });
     return row;
-}
-
-void AQPointList::letGo(AQPointRow& row) {
-    // It may be in the middle of an event of the mouse or of a key that led here.
-    row.disconnect(this);
-    row.hide();
-    row.setParent(nullptr);
-    row.deleteLater();
 }
 
 void AQPointList::setTabAnchor(QWidget& previous) {

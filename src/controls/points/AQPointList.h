@@ -71,7 +71,6 @@ private:
     void placeRows();
     bool isKept(int row, int focusedRow) const;
     AQPointRow* makeRow(AQPointId id);
-    void letGo(AQPointRow& row);
     void linkTabs();
     const PlacedRow* placed(int row) const;
     const PlacedRow* focusedRow() const;

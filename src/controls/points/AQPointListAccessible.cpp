@@ -72,11 +72,6 @@ private:
 
 namespace {
 
-QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* object) {
-    auto* list = qobject_cast<AQPointList*>(object);
-    return list ? new AQPointListAccessible(*list) : nullptr;
-}
-
 void tell(QAccessibleInterface* item, QAccessible::Event type) {
     QAccessibleEvent event(item, type);
     QAccessible::updateAccessibility(&event);
@@ -90,11 +85,6 @@ AQPointListAccessible::AQPointListAccessible(AQPointList& list)
 AQPointListAccessible::~AQPointListAccessible() {
     for (const auto& [id, item] : m_items)
         QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(item));
-}
-
-void AQPointListAccessible::install() {
-    static const bool installed = (QAccessible::installFactory(makeInterface), true);
-    Q_UNUSED(installed)
 }
 
 const AQPointListAccessible* AQPointListAccessible::of(AQPointList* list) {

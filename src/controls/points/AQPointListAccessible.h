@@ -18,9 +18,6 @@ public:
     explicit AQPointListAccessible(AQPointList& list);
     ~AQPointListAccessible() override;
 
-    /// Makes QAccessible use this; any number of times.
-    static void install();
-
     // What `list` has to tell; costs nothing while no assistive program runs.
 
     /// The rows that were asked for and have other names now.

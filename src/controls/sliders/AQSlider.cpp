@@ -1,6 +1,7 @@
 #include "controls/sliders/AQSlider.h"
 
 #include "controls/AccentColor.h"
+#include "controls/AccessibleFactory.h"
 #include "controls/DisplayColors.h"
 #include "controls/Percent.h"
 #include "controls/Strokes.h"
@@ -8,7 +9,6 @@
 
 #include <QAccessible>
 #include <QFontInfo>
-#include <QFontMetrics>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -31,7 +31,7 @@ AQSlider::AQSlider(QWidget* parent) : AQSlider(parent, std::nullopt) {}
 AQSlider::AQSlider(QWidget* parent, std::optional<QLinearGradient> gradient)
     : AQValueView(parent), m_gradient(std::move(gradient)), m_selectColor(DisplayColors::line),
       m_knobColor(QColor::fromRgbF(1.0F, 1.0F, 1.0F, 0.5F)) {
-    AQSliderAccessible::install();
+    AccessibleFactory::install<AQSlider, AQSliderAccessible>();
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
 

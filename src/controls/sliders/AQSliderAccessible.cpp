@@ -2,22 +2,8 @@
 
 #include "controls/sliders/AQSlider.h"
 
-namespace {
-
-QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* object) {
-    auto* slider = qobject_cast<AQSlider*>(object);
-    return slider == nullptr ? nullptr : new AQSliderAccessible(slider);
-}
-
-} // namespace
-
-AQSliderAccessible::AQSliderAccessible(AQSlider* slider)
-    : QAccessibleWidget(slider, QAccessible::Slider) {}
-
-void AQSliderAccessible::install() {
-    static const bool installed = (QAccessible::installFactory(makeInterface), true);
-    Q_UNUSED(installed)
-}
+AQSliderAccessible::AQSliderAccessible(AQSlider& slider)
+    : QAccessibleWidget(&slider, QAccessible::Slider) {}
 
 AQSlider* AQSliderAccessible::slider() const {
     return static_cast<AQSlider*>(widget());
@@ -45,14 +31,6 @@ QVariant AQSliderAccessible::currentValue() const {
 void AQSliderAccessible::setCurrentValue(const QVariant& value) {
     if (slider()->isEnabled())
         slider()->userSetValue(value.toDouble() / 100.0);
-}
-
-QVariant AQSliderAccessible::maximumValue() const {
-    return 100.0;
-}
-
-QVariant AQSliderAccessible::minimumValue() const {
-    return 0.0;
 }
 
 QVariant AQSliderAccessible::minimumStepSize() const {

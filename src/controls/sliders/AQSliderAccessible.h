@@ -7,10 +7,7 @@ class AQSlider;
 /// An AQSlider as screen readers see it: a slider from 0 to 100 percent.
 class AQSliderAccessible : public QAccessibleWidget, public QAccessibleValueInterface {
 public:
-    explicit AQSliderAccessible(AQSlider* slider);
-
-    /// Makes Qt use this class for all AQSliders; further calls do nothing.
-    static void install();
+    explicit AQSliderAccessible(AQSlider& slider);
 
     void* interface_cast(QAccessible::InterfaceType type) override;
     QAccessibleInterface* parent() const override;
@@ -19,8 +16,8 @@ public:
     QVariant currentValue() const override;
     /// An edit by the person.
     void setCurrentValue(const QVariant& value) override;
-    QVariant maximumValue() const override;
-    QVariant minimumValue() const override;
+    QVariant maximumValue() const override { return 100.0; }
+    QVariant minimumValue() const override { return 0.0; }
     QVariant minimumStepSize() const override;
 
 private:

@@ -1,5 +1,6 @@
 #include "controls/time/TimeFieldAccessible.h"
 
+#include "controls/AccessibleFactory.h"
 #include "controls/time/AQTimeValueView.h"
 #include "controls/time/TimeField.h"
 
@@ -61,17 +62,9 @@ public:
     }
 };
 
-QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* object) {
-    if (auto* field = qobject_cast<TimeField*>(object))
-        return new FieldAccessible(*field);
-    if (auto* editor = qobject_cast<AQTimeValueView*>(object))
-        return new EditorAccessible(*editor);
-    return nullptr;
-}
-
 } // namespace
 
 void TimeFieldAccessible::install() {
-    static const bool installed = (QAccessible::installFactory(makeInterface), true);
-    Q_UNUSED(installed)
+    AccessibleFactory::install<TimeField, FieldAccessible>();
+    AccessibleFactory::install<AQTimeValueView, EditorAccessible>();
 }

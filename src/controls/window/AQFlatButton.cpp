@@ -4,7 +4,6 @@
 #include "controls/DisplayColors.h"
 
 #include <QFontMetrics>
-#include <QKeyEvent>
 #include <QPainter>
 
 #include <algorithm>
@@ -17,7 +16,7 @@ constexpr double cornerRadius = 6.0;
 
 } // namespace
 
-AQFlatButton::AQFlatButton(QWidget* parent) : QPushButton(parent) {
+AQFlatButton::AQFlatButton(QWidget* parent) : EnterClicks(parent) {
     setAttribute(Qt::WA_Hover);
     setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
 }
@@ -78,13 +77,4 @@ void AQFlatButton::paintEvent(QPaintEvent* /*event*/) {
         painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset),
                                 cornerRadius - inset / 2.0, cornerRadius - inset / 2.0);
     }
-}
-
-void AQFlatButton::keyPressEvent(QKeyEvent* event) {
-    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (isEnter && !event->isAutoRepeat()) {
-        click();
-        return;
-    }
-    QPushButton::keyPressEvent(event);
 }

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "controls/window/EnterClicks.h"
+
 #include <QPushButton>
 
 /// A push button without relief: quiet (a thin outline), or primary (filled with the accent) for
 /// what matters most. It shows its text only. Enter presses it as Space does.
-class AQFlatButton : public QPushButton {
+class AQFlatButton : public EnterClicks<QPushButton> {
     Q_OBJECT
     Q_PROPERTY(bool primary READ isPrimary WRITE setPrimary)
     Q_PROPERTY(QString widestText READ widestText WRITE setWidestText)
@@ -25,7 +27,6 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     struct Look {

@@ -2,12 +2,11 @@
 
 #include "controls/AccentColor.h"
 
-#include <QKeyEvent>
 #include <QPainter>
 
 #include <algorithm>
 
-AQHelpButton::AQHelpButton(QWidget* parent) : QPushButton(parent) {
+AQHelpButton::AQHelpButton(QWidget* parent) : EnterClicks(parent) {
     setAttribute(Qt::WA_Hover);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setText(QStringLiteral("?"));
@@ -42,13 +41,4 @@ void AQHelpButton::paintEvent(QPaintEvent* /*event*/) {
         painter.setPen(QPen(color, 2.0));
         painter.drawEllipse(circle.adjusted(-2.5, -2.5, 2.5, 2.5));
     }
-}
-
-void AQHelpButton::keyPressEvent(QKeyEvent* event) {
-    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (isEnter && !event->isAutoRepeat()) {
-        click();
-        return;
-    }
-    QPushButton::keyPressEvent(event);
 }

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "controls/window/EnterClicks.h"
+
 #include <QPushButton>
 
 /// A small round "?" that opens a help text; a push button to keyboards and screen readers.
-class AQHelpButton : public QPushButton {
+class AQHelpButton : public EnterClicks<QPushButton> {
     Q_OBJECT
 
 public:
@@ -14,5 +16,4 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
 };

@@ -4,7 +4,6 @@
 #include "controls/DisplayColors.h"
 
 #include <QFontMetrics>
-#include <QKeyEvent>
 #include <QPainter>
 #include <QStyle>
 
@@ -20,7 +19,7 @@ constexpr int animationMilliseconds = 120;
 
 } // namespace
 
-AQSwitchButton::AQSwitchButton(QWidget* parent) : QCheckBox(parent) {
+AQSwitchButton::AQSwitchButton(QWidget* parent) : EnterClicks(parent) {
     m_animation.setDuration(animationMilliseconds);
     m_animation.setEasingCurve(QEasingCurve::OutCubic);
     connect(&m_animation, &QVariantAnimation::valueChanged, this, [this](const QVariant& position) {
@@ -100,13 +99,4 @@ void AQSwitchButton::paintEvent(QPaintEvent* /*event*/) {
                                   Qt::TextShowMnemonic,
                               palette(), isEnabled(), text(), QPalette::WindowText);
     }
-}
-
-void AQSwitchButton::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        if (!event->isAutoRepeat())
-            click();
-        return;
-    }
-    QCheckBox::keyPressEvent(event);
 }

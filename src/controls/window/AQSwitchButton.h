@@ -1,5 +1,7 @@
 #pragma once
 
+#include "controls/window/EnterClicks.h"
+
 #include <QCheckBox>
 #include <QVariantAnimation>
 
@@ -7,7 +9,7 @@
 /// once, only the knob takes its time (and none where the style animates nothing).
 ///
 /// A text, if there is one, stands to the right of the track.
-class AQSwitchButton : public QCheckBox {
+class AQSwitchButton : public EnterClicks<QCheckBox> {
     Q_OBJECT
 
 public:
@@ -19,7 +21,6 @@ public:
 protected:
     bool hitButton(const QPoint& position) const override;
     void paintEvent(QPaintEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void moveKnob(bool isOn);
