@@ -132,10 +132,8 @@ void AppDelegate::connectDevice() {
             &ModalPause::setActive);
     connect(&w.selectDevice, &SelectDevicePanel::chosen, &w.departure, &Departure::leaveFor);
     connect(&w.departure, &Departure::leftFor, this, &AppDelegate::openChosenDevice);
-    connect(&w.departure, &Departure::ended, this, [this] {
-        m_services.controller.stop();
-        Q_EMIT terminated();
-    });
+    connect(&w.departure, &Departure::ended, this, &AppDelegate::onDepartureEnded);
+    connect(&w.transfers, &Transfers::arrived, m_window.get(), &MainWindow::finishTyping);
     connect(&w.departure, &Departure::changed, this, [this] {
         m_workflows->transfer.setQuiet(m_workflows->departure.isEnding());
         showSign();
@@ -233,11 +231,27 @@ void AppDelegate::showTitle() {
 }
 
 void AppDelegate::applicationShouldTerminate(Ask ask) {
+    if (ask == Ask::Nothing)
+        m_agreedTo.reset();
     if (ask == Ask::AboutChanges && !m_workflows->departure.isEnding())
         m_workflows->documents.askAboutChanges(QStringLiteral("Save changed before quitting?"),
-                                               [this] { closeDialogsThenTerminate(); });
+                                               [this] {
+                                                   m_agreedTo = m_services.data.contents();
+                                                   closeDialogsThenTerminate();
+                                               });
     else
         closeDialogsThenTerminate();
+}
+
+void AppDelegate::onDepartureEnded() {
+    // The window can be worked in while the controller is waited for.
+    if (m_agreedTo && *m_agreedTo != m_services.data.contents()) {
+        m_workflows->departure.stay();
+        applicationShouldTerminate(Ask::AboutChanges);
+        return;
+    }
+    m_services.controller.stop();
+    Q_EMIT terminated();
 }
 
 void AppDelegate::closeDialogsThenTerminate() {

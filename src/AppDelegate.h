@@ -1,11 +1,13 @@
 #pragma once
 
+#include "data/AQDataSource.h"
+
 #include <QObject>
 #include <QString>
 
 #include <memory>
+#include <optional>
 
-class AQDataSource;
 class MainWindow;
 class Prompts;
 class YMessageController;
@@ -51,6 +53,7 @@ private:
     void connectHelp();
     void startDiscovery();
     void closeDialogsThenTerminate();
+    void onDepartureEnded();
     void onConnectedChanged(bool isConnected);
     void openChosenDevice(const std::string& path);
     void menuSetDeviceTime();
@@ -64,4 +67,6 @@ private:
     std::unique_ptr<MainWindow> m_window;
     std::unique_ptr<Workflows> m_workflows;
     bool m_discoveryStarted = false;
+    /// What the document held when the person agreed to a quit; none when nobody is asked.
+    std::optional<AQDataSource::Contents> m_agreedTo;
 };

@@ -34,6 +34,10 @@ public:
     /// The sign that the lamp shows a preview; an empty text hides it.
     void showPreview(const QString& text);
 
+    /// What is being typed counts for a command that is given before the focus leaves its field.
+    /// False when it was refused.
+    bool finishTyping();
+
 Q_SIGNALS:
     /// Once, when the window has been painted for the first time.
     void firstPainted();
@@ -55,9 +59,6 @@ protected:
 private:
     void placeEditors();
     void setShortcuts();
-    /// What is being typed counts for a command that is given before the focus leaves its field.
-    /// False when it was refused.
-    bool finishTyping();
     void requestClose();
 
     std::unique_ptr<Ui::MainWindow> m_ui;

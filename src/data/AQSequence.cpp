@@ -134,11 +134,6 @@ void AQSequence::replacePoints(std::vector<AQTimePoint> points) {
         giveId(point);
 }
 
-void AQSequence::appendPoint(const AQTimePoint& point) {
-    m_data.push_back(point);
-    giveId(m_data.back());
-}
-
 void AQSequence::giveId(AQTimePoint& point) {
     if (point.id == AQPointId::none)
         point.id = AQPointId{++m_lastId};

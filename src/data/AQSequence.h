@@ -57,8 +57,7 @@ public:
     /// Posts cellChanged twice: column 1, whose swatch depends on brightness, then column 2.
     void updateWithRow(int row, Brightness value, const QObject* sender);
     /// Returns -1 when the point stayed in place (cellChanged, column 0), else its new row after a
-    /// reorder (dataChanged), which the caller selects. An invalid row or time returns -1 and
-    /// changes nothing.
+    /// reorder (dataChanged). An invalid row or time returns -1 and changes nothing.
     int setTime(int row, AQTime time, const QObject* sender);
     /// Inserts a point (colour temperature 0.5, intensity 0.5) half way to the next one, or at the
     /// latest free minute of the day. Returns its row. Posts dataChanged.
@@ -79,7 +78,6 @@ public:
     /// Their times must be valid. Points that bear an id keep it, as those that come back to the
     /// program do; the others get one.
     void replacePoints(std::vector<AQTimePoint> points);
-    void appendPoint(const AQTimePoint& point);
 
 private:
     bool isRow(int row) const { return row >= 0 && row < count(); }

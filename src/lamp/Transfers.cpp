@@ -30,6 +30,7 @@ void Transfers::onAnswers(const Answers& answers, const DeviceInfo& device) {
         return;
     m_answers = answers;
     m_device = device;
+    Q_EMIT arrived();
     // The dirty mark does not tell: it may stand from before, and have been asked about.
     if (m_data.contents() == m_undisturbed)
         replaceDocument();
@@ -75,7 +76,6 @@ void Transfers::onSent() {
 void Transfers::dropLoads() {
     ++m_droppings;
     m_loads = 0;
-    m_answers.clear();
 }
 
 void Transfers::afterSends(std::function<void()> done) {

@@ -32,7 +32,7 @@ public:
     void send();
     bool isSending() const { return m_sends > 0; }
 
-    /// Forgets the loads on their way.
+    /// Forgets the loads on their way, but not one that was `disturbed`.
     void dropLoads();
     /// Calls `done` after the sends on their way, behind their `sent`; at once when there are none;
     /// never when their link fails. A second call takes the place of the first.
@@ -41,6 +41,8 @@ public:
     void linkWasLost();
 
 Q_SIGNALS:
+    /// A load has arrived and is compared with the document next.
+    void arrived();
     /// With `ok` the document holds what the controller does and is clean; `isOther` tells whether
     /// that is something else than it held before.
     void loaded(const TransferResult& result, bool isOther);

@@ -29,6 +29,12 @@ void Departure::end() {
     leave();
 }
 
+void Departure::stay() {
+    m_isEnding = false;
+    Q_EMIT changed();
+    m_lamp.resume();
+}
+
 void Departure::leave() {
     m_isLeaving = true;
     m_transfers.afterSends([this] {

@@ -25,6 +25,8 @@ public:
     /// Ends in `ended`. Loads are dropped. A link that fails meanwhile calls it off, unless the
     /// program was to end while the controller was being left already: then that is the end, too.
     void end();
+    /// After `ended`, when the program stays all the same.
+    void stay();
     bool isEnding() const { return m_isEnding; }
     /// What to show while the end waits for a send; empty when it does not.
     QString sign() const;

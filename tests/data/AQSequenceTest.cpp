@@ -20,9 +20,10 @@ struct Document {
     QObject view;
 
     explicit Document(const Minutes& minutes) {
-        sequence.replacePoints({});
+        std::vector<AQTimePoint> points;
         for (const int minute : minutes)
-            sequence.appendPoint({.time = AQTime::fromMinuteOfDay(minute)});
+            points.push_back({.time = AQTime::fromMinuteOfDay(minute)});
+        sequence.replacePoints(points);
     }
     Minutes minutes() const {
         Minutes result;

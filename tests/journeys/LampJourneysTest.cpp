@@ -129,6 +129,30 @@ TEST_F(LampJourneys, liveModeFollowsTheHand) {
     expectOrderlyLine();
 }
 
+TEST_F(LampJourneys, everyCommandHasItsKey) {
+    Journey::keys("ctrl+i");
+    expectSoon([this] { return sign(); }, "LIVE PREVIEW: select a point or the task light");
+    Journey::keys("ctrl+i");
+    ASSERT_TRUE(journey.waitForCommand(disable));
+    Journey::keys("ctrl+r");
+    expectSoon([this] { return sign().starts_with("DEMO "); }, true);
+    Journey::keys("ctrl+r");
+    expectSoon([this] { return sign(); }, "");
+    Journey::keys("ctrl+l");
+    ASSERT_TRUE(journey.waitForCommand("CmdGetTaskMode"));
+    const std::pair<const char*, const char*> dialogs[] = {
+        {"ctrl+d", "Controller to connect to:"},
+        {"ctrl+t", "Controller's clock"},
+        {"ctrl+e", "The device settings will be overwritten!"}};
+    for (const auto& [key, text] : dialogs) {
+        expectSoon([this] { return curve.isFocused(); }, true);
+        Journey::keys(key);
+        EXPECT_NE(journey.dialog(text), "") << key;
+        Journey::keys("Escape");
+        ASSERT_TRUE(journey.waitForNoDialog());
+    }
+}
+
 TEST_F(LampJourneys, workDuringADemoDoesNoHarm) {
     ASSERT_TRUE(journey.press("Run Demo"));
     ASSERT_TRUE(journey.waitForCommand(levels));

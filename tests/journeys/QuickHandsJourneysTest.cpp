@@ -78,6 +78,12 @@ TEST_F(QuickHandsJourneys, aPressCountsForThePointUnderThePointer) {
     expectSoon([&] { return light("10:00"); }, "100 %, selected");
     EXPECT_EQ(light("09:30"), "0 %");
     expectSoon([&] { return journey.controller("lamp").toArray().first().toInt(); }, 254);
+
+    // Another field is no slider: it stores nothing by which its point could be known.
+    typeTime("09:30", "1100");
+    hands(at(cell("10:00", "Time").screenRect().center()) + " click 1");
+    expectSoon([&] { return cell("10:00", "Time").isFocused(); }, true);
+    EXPECT_EQ(light("11:00") + ", " + light("10:00"), "0 %, 100 %, selected");
 }
 
 TEST_F(QuickHandsJourneys, keysGoToThePointThatMoves) {

@@ -95,7 +95,7 @@ TEST_F(LampTest, liveModeKeepsThePreviewAliveBehindModalWindowsToo) {
     button.setChecked(true);
     ASSERT_TRUE(receives({enable}));
     ASSERT_TRUE(receives({enable, enable}));
-    EXPECT_NEAR(times[1] - times[0], 0.150, 0.050);
+    EXPECT_GT(times[1] - times[0], 0.120);
     // Half way to the next one the levels start the time anew.
     ASSERT_TRUE(link.waitFor([&] { return link.log.secondsNow() > times[1] + 0.075; }));
     touch(2);

@@ -9,11 +9,14 @@
 
 #include <QApplication>
 #include <QDropEvent>
+#include <QLabel>
 #include <QMimeData>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QUrl>
+
+#include <cmath>
 
 namespace {
 
@@ -74,6 +77,38 @@ TEST_F(ProgramTest, smallestWindowSqueezesNothingInAnyFont) {
         font.setPixelSize(size);
         window.setFont(font);
         EXPECT_TRUE(runUntil([&] { return squeezed().empty(); }, 1s)) << size << ": " << squeezed();
+    }
+}
+
+// By the picture: the lightest and the darkest place of each text.
+TEST_F(ProgramTest, textsStandOutOnLightAndOnDark) {
+    start();
+    connect();
+    const auto luminance = [](QRgb pixel) {
+        const auto linear = [](int value) { return std::pow(value / 255.0, 2.2); };
+        return 0.2126 * linear(qRed(pixel)) + 0.7152 * linear(qGreen(pixel)) +
+               0.0722 * linear(qBlue(pixel));
+    };
+    for (const QColor& ground : {QColor(240, 240, 240), QColor(40, 42, 46)}) {
+        delegate.window().setPalette(QPalette(ground));
+        QCoreApplication::processEvents();
+        const QImage picture = delegate.window().grab().toImage();
+        for (const QWidget* text : delegate.window().findChildren<QWidget*>()) {
+            const bool isText =
+                qobject_cast<const QLabel*>(text) || qobject_cast<const QPushButton*>(text);
+            if (!isText || !text->isVisible() || !text->isEnabled())
+                continue;
+            double darkest = 1.0;
+            double lightest = 0.0;
+            const QRect place(text->mapTo(&delegate.window(), QPoint()), text->size());
+            for (int y = place.top(); y <= place.bottom(); ++y)
+                for (int x = place.left(); x <= place.right(); ++x) {
+                    darkest = std::min(darkest, luminance(picture.pixel(x, y)));
+                    lightest = std::max(lightest, luminance(picture.pixel(x, y)));
+                }
+            EXPECT_GE((lightest + 0.05) / (darkest + 0.05), 4.5)
+                << text->objectName().toStdString();
+        }
     }
 }
 

@@ -19,6 +19,7 @@
 
 #include <algorithm>
 #include <unordered_map>
+#include <utility>
 
 namespace {
 
@@ -131,7 +132,10 @@ void AQPointList::onSelectionChanged() {
     if (selected < 0)
         return;
     AQPointListAccessible::tellSelection(*this);
-    if (const PlacedRow* focused = focusedRow(); focused && focused->row != selected)
+    // A point that only stands elsewhere now takes no focus: a press may be on its way to another
+    // editor, which has it already.
+    const bool isAnother = std::exchange(m_shownId, m_selection.id()) != m_selection.id();
+    if (const PlacedRow* focused = focusedRow(); isAnother && focused && focused->row != selected)
         focusEditor(selected, focused->widget->focusedColumn(), Qt::OtherFocusReason);
     QScrollBar* bar = verticalScrollBar();
     const int top = selected * m_rowHeight;
@@ -233,6 +237,7 @@ void AQPointList::layOut() {
     const int header = m_header->sizeHint().height();
     const int room = height() - 2 * frameWidth() - header;
     // No row is cut in half: when they do not all fit, those that do share the room.
+    const int firstSeen = verticalScrollBar()->value() / m_rowHeight;
     m_rowHeight = std::max(usualRowHeight, m_leastRowHeight);
     const bool isTight = count() * m_rowHeight > room && room >= m_leastRowHeight;
     if (isTight)
@@ -242,6 +247,7 @@ void AQPointList::layOut() {
     m_header->setGeometry(frameWidth(), frameWidth(), width() - 2 * frameWidth(), header);
     m_header->setColumns(m_timeWidth, viewport()->width() - m_timeWidth);
     widget()->resize(viewport()->width(), count() * m_rowHeight);
+    verticalScrollBar()->setValue(firstSeen * m_rowHeight);
     placeRows();
 }
 

@@ -84,5 +84,6 @@ private:
     int m_leastRowHeight = 0;
     int m_timeWidth = 0;
     int m_leastSliderWidth = 0;
-    int m_wantedRow = -1; ///< that somebody asked for, seen or not
+    AQPointId m_shownId = AQPointId::none; ///< as selected
+    int m_wantedRow = -1;                  ///< that somebody asked for, seen or not
 };

@@ -21,14 +21,14 @@ AQPointRow::AQPointRow(AQSequence& sequence, AQPointId id, QWidget* parent)
         editor->setDelegate(this);
     // Also where a limit keeps the value: the person has edited the document all the same.
     connect(m_colorTemp, &AQSlider::edited, this, [this] {
+        const AQSequence::ColorTemp value{m_colorTemp->value()}; // before a draft elsewhere ends
         turnTo();
-        m_sequence.updateWithRow(m_sequence.rowOf(m_id),
-                                 AQSequence::ColorTemp{m_colorTemp->value()}, this);
+        m_sequence.updateWithRow(m_sequence.rowOf(m_id), value, this);
     });
     connect(m_brightness, &AQSlider::edited, this, [this] {
+        const AQSequence::Brightness value{m_brightness->value()};
         turnTo();
-        m_sequence.updateWithRow(m_sequence.rowOf(m_id),
-                                 AQSequence::Brightness{m_brightness->value()}, this);
+        m_sequence.updateWithRow(m_sequence.rowOf(m_id), value, this);
     });
 }
 

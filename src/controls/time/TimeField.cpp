@@ -131,7 +131,7 @@ bool TimeField::offerTime(const AQTime& time) {
         showTime();
         return true;
     }
-    // Whoever is asked may bind this field to another value, or delete it, before the answer.
+    // Whoever is asked may delete this field before the answer.
     const QPointer<TimeField> alive(this);
     const bool accepted = m_offer(time);
     if (!alive)
