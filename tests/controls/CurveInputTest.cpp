@@ -26,16 +26,6 @@ protected:
 
 } // namespace
 
-TEST(CurveGeometry, MapsMinutesAndIntensitiesIntoThePlotAndHeightsBack) {
-    const CurveGeometry geometry(QSizeF(1560.0, 600.0));
-    EXPECT_EQ(geometry.position({AQTime{12, 0, 59}, 0.5, 0.25}), QPointF(780.0, 430.0));
-    EXPECT_DOUBLE_EQ(geometry.x(1440), 1500.0);
-    EXPECT_EQ(geometry.intensityAt(430.0), 0.25);
-    const CurveGeometry noRoom(QSizeF(50.0, 30.0));
-    EXPECT_EQ(noRoom.x(0), noRoom.x(1440));
-    EXPECT_EQ(noRoom.intensityAt(noRoom.bottom()), 0.0);
-}
-
 TEST_F(CurveInput, PressSelectsAndDragSetsTheIntensityAlone) {
     const AQTimePoint before = document.sequence().at(1);
     const QSignalSpy cells(&notifications, &NotificationCenter::cellChanged);
