@@ -1,6 +1,5 @@
 #include "workflows/DeviceTimePanel.h"
 #include "workflows/SimulatedLink.h"
-#include "workflows/WallTime.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -46,18 +45,6 @@ protected:
                           ComputerClock{[this] { return now; }, [this] { return zone; }},
                           DeviceTimePanel::Intervals{.update = std::chrono::milliseconds(1)}};
 };
-
-TEST(WallTime, differenceInWords) {
-    const std::pair<double, const char*> cases[] = {
-        {1.2, "shows the same time as the computer's."},
-        {2.0, "is 2 seconds ahead of the computer's."},
-        {-192.4, "is 3 minutes 12 seconds behind the computer's."},
-        {-86400.0 - 7260.0, "is 1 day 2 hours behind the computer's."},
-    };
-    for (const auto& [seconds, text] : cases)
-        EXPECT_EQ(WallTime::differenceText(seconds),
-                  QStringLiteral("The controller's clock ") + QLatin1String(text));
-}
 
 TEST_F(DeviceTimePanelTest, clocksGoOnOverTheTurnOfAnHourByLawAndBehindModalWindows) {
     link.device.setClock({.second = 18, .minute = 12, .hour = 8, .day = 24, .month = 12});
