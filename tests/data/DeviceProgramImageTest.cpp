@@ -1,21 +1,14 @@
 #include "data/DeviceProgramImage.h"
 #include "data/AQDataSource.h"
-#include "data/ColorMapping.h"
-#include "yprotocoll/DimmingCurve.h"
 #include "yprotocoll/YAnswers.h"
 
 #include <gtest/gtest.h>
-
-#include <cmath>
 
 namespace {
 
 using Bytes = std::vector<std::uint8_t>;
 using Answers = std::vector<std::shared_ptr<const YAnswer>>;
 using Points = std::vector<AQTimePoint>;
-
-/// Half a step of the dimming curve (253 steps for three decades) and half a step of a byte.
-const double rounding = std::pow(10.0, 1.5 / 253.0) - 1.0 + 0.5 / 255.0;
 
 DeviceInfo controller(int channels, int maxPoints = 20) {
     return {{1, 4}, 17, 5, channels, maxPoints};
@@ -70,20 +63,6 @@ Answers stored(const std::vector<Bytes>& payloads) {
     for (std::size_t index = 0; index + 1 < payloads.size() && index < 4; ++index)
         answers.push_back(YAnswer::create(47, payloads[index]));
     return answers;
-}
-
-TEST(ColorMapping, isItsOwnInverseButForRounding) {
-    for (int color = 0; color <= 255; ++color) {
-        for (int light = 0; light <= 255; ++light) {
-            const ChannelLevels levels = levelsFromLight(color / 255.0, light / 255.0);
-            const Light back = lightFromLevels(levels.cold, levels.warm);
-            ASSERT_NEAR(back.brightness, light / 255.0, rounding) << color << ' ' << light;
-            // In the dark the few levels left tell little about the colour.
-            if (light >= 128) {
-                ASSERT_NEAR(back.colorTemp, color / 255.0, rounding) << color << ' ' << light;
-            }
-        }
-    }
 }
 
 TEST(DeviceProgramImage, checksTheController) {

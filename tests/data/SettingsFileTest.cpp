@@ -46,8 +46,6 @@ TEST(AQDataSourceReader, takesWhatItUnderstands) {
          taskLight("<nMinutes>61</nMinutes><nSeconds>75</nSeconds>"
                    "<color>1</color><intensity>2</intensity>"),
          defaultPoints, "1:1:75/1/2 1"},
-        {"long task light", taskLight("<nMinutes>1445</nMinutes>"), defaultPoints,
-         "0:5:0/128/255 1"},
         {"only 1 is program mode", "<settings><mode1_10v>2</mode1_10v></settings>", defaultPoints,
          "0:1:0/128/255 0"},
     };

@@ -125,7 +125,6 @@ TEST_F(HostileFiles, areReadAsFarAsTheyAreSound) {
                                  "<!ENTITY b '&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;'>"
                                  "<!ENTITY c '&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;'>]>"
                                  "<mode1_10v>&c;</mode1_10v>"},
-        {"UTF-7", "<?xml version='1.0' encoding='UTF-7'?>" + start + end},
         {"ISO-8859-1", "<?xml version='1.0' encoding = \"Iso-8859-1\" ?><!--\xe9-->" + start + end,
          true, first},
         {"UTF-16 without a mark", utf16(wide)},
@@ -137,8 +136,6 @@ TEST_F(HostileFiles, areReadAsFarAsTheyAreSound) {
         {"tags at the limit", full("<r>", manyAttributes(GuardedXml::maxTagLength) + "/>", "</r>"),
          true},
         {"one attribute", full("<a b='", "&lt;", "'/>")},
-        {"nothing but tags", full("", "<a>")},
-        {"references", full("<r>", "1&#50;", "</r>"), true},
         {"a point for each minute", "<timeline>" + next.repeated(1440) + "</timeline>", true,
          QByteArray("6/2/1 ").repeated(1440).toStdString() + defaultRest},
         {"largest file", start + end + QByteArray(maxSize - (start + end).size(), ' '), true,
