@@ -54,6 +54,7 @@ struct Editor {
         // A hand that trembles does not drag, and nor does a pointer that only passes over.
         Journey::drag(third, {third.screenRect().center() + QPoint(0, 2)});
         Journey::hands(Journey::at(plot.center()));
+        EXPECT_EQ(intensity.value(), 100.0);
         expectSoon([this] { return remove.isEnabled(); }, true);
         Journey::click(Journey::placeOn(cell(2, "Intensity"), 0.25));
         expectPoint(2, "7, 10:00, intensity 25 %, colour temperature 56 %, selected");
