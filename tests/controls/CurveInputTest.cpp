@@ -2,7 +2,6 @@
 
 #include <QDialog>
 #include <QMouseEvent>
-#include <QSignalSpy>
 
 namespace {
 
@@ -25,37 +24,6 @@ protected:
 };
 
 } // namespace
-
-TEST(CurveGeometry, MapsMinutesAndIntensitiesIntoThePlotAndHeightsBack) {
-    const CurveGeometry geometry(QSizeF(1560.0, 600.0));
-    EXPECT_EQ(geometry.position({AQTime{12, 0, 59}, 0.5, 0.25}), QPointF(780.0, 430.0));
-    EXPECT_DOUBLE_EQ(geometry.x(1440), 1500.0);
-    EXPECT_EQ(geometry.intensityAt(430.0), 0.25);
-    const CurveGeometry noRoom(QSizeF(50.0, 30.0));
-    EXPECT_EQ(noRoom.x(0), noRoom.x(1440));
-    EXPECT_EQ(noRoom.intensityAt(noRoom.bottom()), 0.0);
-}
-
-TEST_F(CurveInput, PressSelectsAndDragSetsTheIntensityAlone) {
-    const AQTimePoint before = document.sequence().at(1);
-    const QSignalSpy cells(&notifications, &NotificationCenter::cellChanged);
-    press(1);
-    EXPECT_TRUE(point(1)->isSelected());
-    dragTo(1, point(1)->geometry().center().y() + 2);
-    EXPECT_TRUE(cells.isEmpty()) << "a hand that trembles does not drag";
-    const std::pair<int, double> steps[] = {{130, 0.775}, {240, 0.5}, {-50, 1.0}, {900, 0.0}};
-    for (const auto& [y, expected] : steps) {
-        dragTo(1, y);
-        EXPECT_NEAR(brightness(1), expected, 1e-12);
-        EXPECT_EQ(view.pointPopover().value(), document.sequence().at(1));
-    }
-    EXPECT_EQ(cells.count(), 8) << "both columns that show the intensity";
-    EXPECT_EQ(document.sequence().at(1), (AQTimePoint{before.time, before.colorTemp, 0.0}));
-    EXPECT_TRUE(document.isDirty());
-    release(1);
-    dragTo(1, 200);
-    EXPECT_EQ(brightness(1), 0.0) << "the pointer that only passes over is no drag";
-}
 
 TEST_F(CurveInput, PopoverFollowsHoverPressAndPoint) {
     auto& popover = view.pointPopover();

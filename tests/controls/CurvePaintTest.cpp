@@ -29,11 +29,11 @@ protected:
         CurveFixture::SetUp();
         show({{AQTime{6, 0, 0}, 0.0, 0.5}, {AQTime{18, 0, 0}, 1.0, 0.5}});
     }
-    QImage picture(double scale, QPoint place = {}) {
+    QImage picture(double scale) {
         QImage target(QSizeF(view.size() * scale).toSize(), QImage::Format_RGB32);
         target.fill(Qt::white);
         target.setDevicePixelRatio(scale);
-        view.render(&target, place);
+        view.render(&target);
         return target;
     }
     void expectPixels(std::initializer_list<Pixel> pixels) {
@@ -81,38 +81,14 @@ TEST_F(CurvePaint, AxesFillPointsMarkerAndPlayhead) {
         expectPixels({{x, 280, warm}, {x, 439, warm}, {x, 200, grid}, {x - 1, 236, white}});
 }
 
-TEST_F(CurvePaint, TheKeyboardAloneShowsItsFrame) {
-    window.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-    view.setFocus(Qt::MouseFocusReason);
-    expectPixels({{0, 0, white}});
-    QTest::keyClick(&view, Qt::Key_Home);
-    expectPixels({{0, 0, cold}});
-    QTest::mouseClick(point(1), Qt::LeftButton);
-    expectPixels({{0, 0, white}});
-}
-
-TEST_F(CurvePaint, IsSharpAndTheSameEachTimeAtEveryScale) {
-    select(0);
-    for (const double scale : {1.0, 1.25, 1.5, 2.0}) {
-        // At a place between two pixels, as a layout may have it.
-        const QImage first = picture(scale, {1, 1});
-        EXPECT_TRUE(picture(scale, {1, 1}) == first) << scale; // the axes are kept from the first
-        // Across the marker: full or nothing, no shade between.
-        const int y = static_cast<int>(150 * scale);
-        for (int x = static_cast<int>(270 * scale); x < 290 * scale; ++x)
-            EXPECT_TRUE(first.pixelColor(x, y) == white || first.pixelColor(x, y) == black)
-                << scale << ' ' << x;
-    }
-}
-
-// The plot's edges go to whole pixels, past the first and the last minute of the day, and where the
-// light is off no colour lies on the time axis.
-TEST_F(CurvePaint, FillEndsWithThePlotAtEverySize) {
+// The plot's edges go to whole pixels, past the first and the last minute of the day; where the
+// light is off no colour lies on the time axis, and the marker's line has no shade beside it.
+TEST_F(CurvePaint, IsSharpAndFillsThePlotAtEverySize) {
     show({{AQTime{0, 0, 0}, 1.0, 1.0},
           {AQTime{0, 1, 0}, 1.0, 0.0},
           {AQTime{12, 0, 0}, 1.0, 0.0},
           {AQTime{23, 59, 0}, 1.0, 1.0}});
+    select(2);
     for (int size = 0; size < 10; ++size) {
         view.resize(480 + size, 300 + size);
         for (const double scale : {1.0, 1.15, 1.25, 1.5}) {
@@ -125,6 +101,13 @@ TEST_F(CurvePaint, FillEndsWithThePlotAtEverySize) {
             for (y = axis - 3; y < axis + 3; ++y) {
                 const QColor seen = image.pixelColor(static_cast<int>(150 * scale), y);
                 EXPECT_EQ(seen.red(), seen.blue()) << size << ' ' << scale << ' ' << y;
+            }
+            y = static_cast<int>(150 * scale);
+            const int noon = static_cast<int>((view.width() / 2) * scale);
+            const QColor beside = image.pixelColor(noon - 15, y);
+            for (int x = noon - 15; x < noon + 5; ++x) {
+                const QColor seen = image.pixelColor(x, y);
+                EXPECT_TRUE(seen == beside || seen == black) << size << ' ' << scale << ' ' << x;
             }
         }
     }

@@ -1,29 +1,12 @@
 #include "controls/popovers/AQHelpPopover.h"
-#include "controls/window/AQFlatButton.h"
 #include "controls/window/AQHelpButton.h"
-#include "controls/window/AQSwitchButton.h"
 
 #include <QPointer>
-#include <QSignalSpy>
 #include <QTest>
 
 #include <gtest/gtest.h>
 
 namespace {
-
-TEST(Buttons, answerToKeyboardAndMouseWhenEnabled) {
-    AQSwitchButton toggle;
-    AQFlatButton button;
-    toggle.resize(toggle.sizeHint());
-    for (QAbstractButton* each : std::initializer_list<QAbstractButton*>{&toggle, &button}) {
-        const QSignalSpy clicked(each, &QAbstractButton::clicked);
-        QTest::mouseClick(each, Qt::LeftButton, {}, {3, 3});
-        QTest::keyClick(each, Qt::Key_Return);
-        each->setEnabled(false);
-        QTest::keyClick(each, Qt::Key_Return);
-        EXPECT_EQ(clicked.count(), 2);
-    }
-}
 
 TEST(HelpPopover, standsInItsWindowAndClosesByItself) {
     QWidget window;

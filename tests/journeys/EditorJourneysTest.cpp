@@ -24,24 +24,13 @@ struct Editor {
     void expectPoint(std::size_t row, const std::string& rest) const {
         expectSoon([&] { return pointName(row); }, "Point " + std::to_string(row) + " of " + rest);
     }
-    /// "Time", "Colour temperature" or "Intensity".
     UiElement cell(int row, const std::string& column) const {
-        const std::string start = "Point " + std::to_string(row) + ", ";
-        return journey.find("frame", {}).find([&](const UiElement& element) {
-            return element.role() == (column == "Time" ? "spin button" : "slider") &&
-                   element.name().starts_with(start) && element.name().ends_with(", " + column);
-        });
+        return journey.cell("Point " + std::to_string(row), column);
     }
-    /// The place on a slider that stands for a value from 0 to 1.
-    static QPoint place(const UiElement& slider, double value) {
-        const QRect rect = slider.screenRect();
-        return {rect.x() + qRound(10 + value * (rect.width() - 20)), rect.center().y()};
-    }
-    static void typeInto(const UiElement& field, const QString& text) {
+    static void typeInto(const UiElement& field, const std::string& text) {
         Journey::click(field);
         Journey::waitUntil([&] { return field.isFocused(); });
-        Journey::keys("ctrl+a");
-        Journey::type(text);
+        Journey::hands("key ctrl+a type " + text);
         Journey::keys("Return");
     }
 
@@ -62,11 +51,15 @@ struct Editor {
         EXPECT_NE(Journey::colorAt(QPoint(above.x(), plot.bottom() - 40) + fromPoint), "808080");
         Journey::drag(third, {plot.center(), above});
         expectSoon([&] { return intensity.value(); }, 100.0);
+        // A hand that trembles does not drag, and nor does a pointer that only passes over.
+        Journey::drag(third, {third.screenRect().center() + QPoint(0, 2)});
+        Journey::hands(Journey::at(plot.center()));
+        EXPECT_EQ(intensity.value(), 100.0);
         expectSoon([this] { return remove.isEnabled(); }, true);
-        Journey::click(place(cell(2, "Intensity"), 0.25));
+        Journey::click(Journey::placeOn(cell(2, "Intensity"), 0.25));
         expectPoint(2, "7, 10:00, intensity 25 %, colour temperature 56 %, selected");
         Journey::keys("Right Up Up");
-        Journey::click(place(cell(2, "Colour temperature"), 0.75));
+        Journey::click(Journey::placeOn(cell(2, "Colour temperature"), 0.75));
         expectPoint(2, "7, 10:00, intensity 28 %, colour temperature 75 %, selected");
         Journey::keys("Left Down");
         expectPoint(2, "7, 10:00, intensity 28 %, colour temperature 74 %, selected");
@@ -74,12 +67,12 @@ struct Editor {
 
     void timesAreTypedAndStepped() const {
         const UiElement third = cell(3, "Time");
-        typeInto(third, QStringLiteral("10:00"));
+        typeInto(third, "10:00");
         expectSoon([&] { return third.text() + ", " + third.description(); },
                    "15:00, Another point already has the time 10:00.");
         EXPECT_TRUE(third.isFocused());
 
-        typeInto(third, QStringLiteral("7:15"));
+        typeInto(third, "7:15");
         expectPoint(1, "7, 07:15, intensity 100 %, colour temperature 50 %, selected");
         expectSoon(
             [&] {
@@ -90,6 +83,13 @@ struct Editor {
         Journey::keys("Up Up");
         expectPoint(2, "7, 09:15, intensity 100 %, colour temperature 50 %, selected");
         expectSoon([&] { return cell(2, "Time").isFocused(); }, true);
+        // The hour alone is selected; typing goes on to the minutes.
+        Journey::hands("type 0945");
+        Journey::keys("Return");
+        expectPoint(2, "7, 09:45, intensity 100 %, colour temperature 50 %, selected");
+        Journey::hands("type 12");
+        Journey::keys("Escape");
+        expectSoon([&] { return cell(2, "Time").text(); }, "09:45");
         EXPECT_EQ(cell(1, "Time").text(), "08:30");
     }
 
@@ -97,7 +97,7 @@ struct Editor {
         Journey::click(curve.screenRect().topLeft() + QPoint(100, 15));
         expectSoon([this] { return curve.isFocused(); }, true);
         Journey::keys("Home Right Right Left shift+Down Down Down Up");
-        expectPoint(2, "7, 09:15, intensity 89 %, colour temperature 50 %, selected");
+        expectPoint(2, "7, 09:45, intensity 89 %, colour temperature 50 %, selected");
         Journey::keys("Escape");
         expectSoon([this] { return remove.isEnabled(); }, false);
     }
@@ -106,7 +106,7 @@ struct Editor {
         Journey::keys("Home");
         expectSoon([&] { return point(1).isSelected(); }, true);
         add.press(); // after the selected one, in the middle
-        expectPoint(2, "8, 08:53, intensity 50 %, colour temperature 50 %, selected");
+        expectPoint(2, "8, 09:08, intensity 50 %, colour temperature 50 %, selected");
         for (std::size_t points = 9; points <= limit; ++points) {
             Journey::keys("Insert");
             expectSoon([this] { return count(); }, points);
@@ -184,7 +184,7 @@ TEST(EditorJourneys, analogModeLeavesTheTaskLight) {
     ASSERT_TRUE(journey.waitForCommand("CmdSetDeviceMode"));
 
     const UiElement duration = journey.find("spin button", "Task light duration");
-    Editor::typeInto(duration, QStringLiteral("256:00"));
+    Editor::typeInto(duration, "256:00");
     expectSoon([&] { return duration.description(); },
                "Type minutes and seconds up to 255 min 59 s, for example 1:30.");
 

@@ -36,14 +36,6 @@ bool pressFirst(const std::function<UiElement()>& window, const Matches& matches
     });
 }
 
-void xdotool(const QStringList& arguments) {
-    EXPECT_EQ(QProcess::execute(QStringLiteral("xdotool"), arguments), 0);
-}
-
-QStringList moveTo(QPoint place) {
-    return {QStringLiteral("mousemove"), QString::number(place.x()), QString::number(place.y())};
-}
-
 } // namespace
 
 Journey::Journey(const std::string& simulatorOptions, const QStringList& programArguments) {
@@ -131,6 +123,19 @@ bool Journey::shows(const std::string& text) const {
     return bool(front().find(says));
 }
 
+UiElement Journey::cell(const std::string& point, const std::string& column) const {
+    return find("frame", {}).find([&](const UiElement& element) {
+        const std::string name = ", " + element.name();
+        return element.role() == (column == "Time" ? "spin button" : "slider") &&
+               name.find(", " + point + ", ") != std::string::npos && name.ends_with(", " + column);
+    });
+}
+
+QPoint Journey::placeOn(const UiElement& slider, double value) {
+    const QRect rect = slider.screenRect();
+    return {rect.x() + qRound(10 + value * (rect.width() - 20)), rect.center().y()};
+}
+
 bool Journey::waitForText(const std::string& text) const {
     return waitUntil([&] { return shows(text); });
 }
@@ -195,24 +200,20 @@ bool Journey::chooseFile(const QString& path) const {
     return isOpen && pressFirst([this] { return front(); }, accepts);
 }
 
-void Journey::keys(const char* names) {
-    xdotool(QStringList{QStringLiteral("key")} + QString::fromLatin1(names).split(u' '));
+void Journey::hands(const std::string& actions) {
+    const QStringList arguments = QString::fromStdString(actions).split(u' ');
+    EXPECT_EQ(QProcess::execute(QStringLiteral("xdotool"), arguments), 0);
 }
 
-void Journey::type(const QString& text) {
-    xdotool({QStringLiteral("type"), text});
-}
-
-void Journey::click(QPoint place) {
-    xdotool(moveTo(place) + QStringList{QStringLiteral("click"), QStringLiteral("1")});
+std::string Journey::at(QPoint place) {
+    return "mousemove " + std::to_string(place.x()) + ' ' + std::to_string(place.y());
 }
 
 void Journey::drag(const UiElement& element, const std::vector<QPoint>& places) {
-    QStringList steps = moveTo(element.screenRect().center());
-    steps += {QStringLiteral("mousedown"), QStringLiteral("1")};
+    std::string steps = at(element.screenRect().center()) + " mousedown 1 ";
     for (const QPoint place : places)
-        steps += moveTo(place);
-    xdotool(steps + QStringList{QStringLiteral("mouseup"), QStringLiteral("1")});
+        steps += at(place) + ' ';
+    hands(steps + "mouseup 1");
 }
 
 std::string Journey::colorAt(QPoint place) {

@@ -48,6 +48,11 @@ public:
     /// A label, button, time in the table or other element with exactly this text.
     bool shows(const std::string& text) const;
     bool waitForText(const std::string& text) const;
+    /// The table's editor of a point, by its number or its time now: "Point 3" or "08:30". Columns
+    /// are "Time", "Colour temperature" and "Intensity".
+    UiElement cell(const std::string& point, const std::string& column) const;
+    /// The place on a slider that stands for a value from 0 to 1.
+    static QPoint placeOn(const UiElement& slider, double value);
     bool waitForTitle(const std::string& text) const; ///< with no dialog open
     /// Waits for a dialog that shows this text and describes it in one line, as a person reads it:
     /// "Aquelon|message|informative text|Yes No Cancel", title first and buttons from left to
@@ -63,11 +68,13 @@ public:
     /// Waits for a file dialog, fills in the path and accepts it.
     bool chooseFile(const QString& path) const;
 
+    /// What xdotool is told in one go: "mousemove 1 2 click 1 key --delay 0 ctrl+a type 12".
+    static void hands(const std::string& actions);
+    static std::string at(QPoint place); ///< the pointer there, for `hands`
     /// Keys by their X names with blanks between them, "ctrl+s Return", to the focused window.
-    static void keys(const char* names);
-    static void type(const QString& text);
+    static void keys(const std::string& names) { hands("key " + names); }
     /// The pointer's left button, at a place on the screen.
-    static void click(QPoint place);
+    static void click(QPoint place) { hands(at(place) + " click 1"); }
     static void click(const UiElement& element) { click(element.screenRect().center()); }
     /// Presses there, moves through the places and lets go at the last one.
     static void drag(const UiElement& element, const std::vector<QPoint>& places);

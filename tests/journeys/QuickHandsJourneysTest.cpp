@@ -7,13 +7,8 @@ namespace {
 /// Hands that do not wait: everything in one `hands` call comes in one go.
 class QuickHandsJourneys : public testing::Test {
 protected:
-    static void hands(const std::string& actions) {
-        const QStringList arguments = QString::fromStdString(actions).split(u' ');
-        EXPECT_EQ(QProcess::execute(QStringLiteral("xdotool"), arguments), 0);
-    }
-    static std::string at(QPoint place) {
-        return "mousemove " + std::to_string(place.x()) + ' ' + std::to_string(place.y());
-    }
+    static void hands(const std::string& actions) { Journey::hands(actions); }
+    static std::string at(QPoint place) { return Journey::at(place); }
     static std::string press(QPoint place) { return at(place) + " mousedown 1"; }
 
     void SetUp() override {
@@ -23,16 +18,11 @@ protected:
         expectSoon([&] { return curve.isFocused(); }, true);
     }
 
-    /// The editor of the point that has this time now.
     UiElement cell(const std::string& time, const std::string& column) const {
-        return journey.front().find([&](const UiElement& element) {
-            return element.role() == (column == "Time" ? "spin button" : "slider") &&
-                   element.name().ends_with(", " + time + ", " + column);
-        });
+        return journey.cell(time, column);
     }
     QPoint place(const std::string& time, double value) const {
-        const QRect bar = cell(time, "Intensity").screenRect();
-        return {bar.x() + qRound(10 + value * (bar.width() - 20)), bar.center().y()};
+        return Journey::placeOn(cell(time, "Intensity"), value);
     }
     UiElement point(const std::string& time) const {
         return journey.find("list", "Light program curve").find([&](const UiElement& element) {

@@ -146,7 +146,7 @@ TEST_F(ProgramTest, aLampInPreviewIsGivenBackBeforeAnotherIsChosen) {
     controller.openWithPath("/dev/ttyUSB0");
     connect();
     delegate.window().tableView().setSelectedRow(0);
-    ui().bttnLiveModeSwitch->click();
+    QTest::keyClick(ui().bttnLiveModeSwitch, Qt::Key_Return);
     ASSERT_TRUE(gets(device, "CmdEnableDemoMode"));
     SimulatedController other{{}};
     ports.plug("ttyUSB1", other, faults);
@@ -163,7 +163,7 @@ TEST_F(ProgramTest, loadAsksAboutUnsavedChangesBeforeAndAfter) {
     connect();
     ui().sliderTaskBrightness->userSetValue(0.5);
     prompts.saveAnswers = {Prompts::SaveAnswer::Cancel};
-    ui().bttnLoad->click();
+    QTest::keyClick(ui().bttnLoad, Qt::Key_Return);
     EXPECT_EQ(prompts.asked.size(), 1);
     // A person goes on working while the answers are on their way: that work is asked about, too,
     // once, and at the end.

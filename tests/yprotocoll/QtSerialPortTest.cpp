@@ -57,18 +57,13 @@ TEST_F(QtSerialPortTest, carriesBytesBothWays) {
 }
 
 TEST_F(QtSerialPortTest, saysWhyItCannotBeOpened) {
-    QtSerialPort missing(SerialPortInfo{"ttyUSB9", "/dev/ttyUSB9-absent", {}});
-    missing.setDelegate(this);
-    missing.open();
-    EXPECT_EQ(story, Story{"No such file or directory"});
-
     port.open();
     QtSerialPort again(port.info());
     again.setDelegate(this);
     again.open();
-    ASSERT_EQ(story.size(), 3U);
-    EXPECT_NE(story[2].find(pty.slavePath() + " is in use by another program"), std::string::npos)
-        << story[2];
+    ASSERT_EQ(story.size(), 2U);
+    EXPECT_NE(story[1].find(pty.slavePath() + " is in use by another program"), std::string::npos)
+        << story[1];
 
     // The superuser may use everything, and so becomes somebody else.
     const PtyPair theirs;

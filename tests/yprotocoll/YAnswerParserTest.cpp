@@ -49,10 +49,6 @@ TEST(YAnswerParser, findsItsWayThroughNoise) {
         std::vector<Bytes> chunks;
         Story story;
     } rows[] = {
-        // The byte that was left of the noise is noise of the next chunk.
-        {{Bytes{0, 0, 0, 0}, version}, {noStart, noStart, versionText}},
-        {{Bytes{'A', 'T', '\r', 0, 0, 'Y'}, Bytes(version.begin() + 1, version.end())},
-         {noStart, versionText}},
         {{Bytes{1, 2, 3, 'Y'} + Bytes{0, 0, 0} + version},
          {noStart, "unknown answer #0", versionText}},
         // A false start costs the length it announces.

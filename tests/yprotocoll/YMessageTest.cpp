@@ -18,13 +18,8 @@ TEST(YMessage, framesWithStartLengthAndChecksum) {
 // Those that no other test compares.
 TEST(YMessageError, describesWhatHappenedAndToWhat) {
     const std::pair<E, const char*> texts[] = {
-        {E::PortError{"Permission denied", {}}, "port error: Permission denied"},
-        {E::PacketLength{"AnswerRTC", 5}, "AnswerRTC: wrong packet length: 5"},
-        {E::AnswerUnexpected{47}, "got an unrequested answer #47"},
         {E::AnswerWrongId{2, 4}, "answer not matching: expected #2 got #4"},
-        {E::AnswerTimeout{3, 46}, "timeout 3: no answer for command #46"},
         {E::BufferOverflow{}, "buffer overflow"},
-        {E::OpenTimeout{}, "timeout while trying to open device"},
     };
     for (const auto& [error, text] : texts) {
         EXPECT_EQ(error.description(), text);
