@@ -82,6 +82,10 @@ void AQCurveView::onDataChanged(const QObject* sender) {
 }
 
 void AQCurveView::onSelectionChanged() {
+    // What the keyboard showed goes with it; what the pointer shows stays.
+    if (const AQCurvePoint* shown = pointView(m_popoverId);
+        shown && hasFocus() && !shown->underMouse())
+        m_popoverId = m_selection.id();
     refresh();
     if (AQCurvePoint* selected = selectedPoint()) {
         announce(selected, QAccessible::Selection);

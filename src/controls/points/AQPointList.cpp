@@ -58,6 +58,8 @@ AQPointList::AQPointList(AQSequence& sequence, AQSelection& selection, QWidget* 
     });
     connect(&notifications, &NotificationCenter::sectionChanged, this,
             &AQPointList::onSelectionChanged);
+    connect(&notifications, &NotificationCenter::dataLoaded, this,
+            [this] { verticalScrollBar()->setValue(0); });
     fitToFont();
     layOut();
 }
