@@ -41,20 +41,6 @@ protected:
     bool isReleased() {
         return link.waitFor([this] { return !lamp.hasLamp() && !demo.isRunning(); });
     }
-    /// Longer than what waits in the stream would take: its interval and an answer.
-    bool passesTheInterval() {
-        const double later = link.log.secondsNow() + 0.08;
-        return link.waitFor([&] { return link.log.secondsNow() > later; });
-    }
-    /// What the lamp is shown when live mode is switched on anew.
-    Commands shownAnew() {
-        liveSwitch.setChecked(false);
-        EXPECT_TRUE(isReleased() && passesTheInterval());
-        link.ignoreSoFar();
-        liveSwitch.setChecked(true);
-        EXPECT_TRUE(passesTheInterval());
-        return link.commands();
-    }
 
     SimulatedLink link;
     NotificationCenter notifications;
@@ -67,19 +53,6 @@ protected:
     LiveMode live{data, lamp, liveSwitch};
     DemoMode demo{data, lamp, curveView, bttnRunDemo, DemoMode::Intervals{.tick = 1ms}};
 };
-
-TEST_F(LampTest, liveModeKnowsItsPointWhenRowsMove) {
-    touch(3);
-    const AQTimePoint edited = sequence.at(3);
-    sequence.deleteWithRow(0, nullptr);
-    EXPECT_EQ(shownAnew(), Commands({enable, levels(edited)}));
-    sequence.setTime(0, {23, 0}, nullptr);
-    EXPECT_EQ(shownAnew(), Commands({enable, levels(edited)}));
-    sequence.deleteWithRow(1, nullptr);
-    EXPECT_EQ(shownAnew(), Commands({enable, levels(sequence.at(1))})) << "what is selected then";
-    data.loadDefaults();
-    EXPECT_EQ(shownAnew(), Commands({enable}));
-}
 
 TEST_F(LampTest, liveModeKeepsThePreviewAliveBehindModalWindowsToo) {
     EXPECT_EQ(LiveMode::Intervals().keepAlive, 50s);

@@ -6,25 +6,12 @@
 namespace {
 
 using Bytes = std::vector<std::uint8_t>;
-using E = YMessageError;
 
 TEST(YMessage, framesWithStartLengthAndChecksum) {
     EXPECT_EQ(YMessage("CmdGetVersion", 1, {}).frame(), (Bytes{'Y', 1, 0, 1}));
     EXPECT_EQ(YMessage("CmdSetTime", 40, {8, 30}).frame(), (Bytes{'Y', 40, 2, 8, 30, 60}));
     EXPECT_EQ(YMessage("Cmd", 7, Bytes(255)).frame().size(), 259U);
     EXPECT_THROW(YMessage("Cmd", 44, Bytes(256)), YMessageError);
-}
-
-// Those that no other test compares.
-TEST(YMessageError, describesWhatHappenedAndToWhat) {
-    const std::pair<E, const char*> texts[] = {
-        {E::AnswerWrongId{2, 4}, "answer not matching: expected #2 got #4"},
-        {E::BufferOverflow{}, "buffer overflow"},
-    };
-    for (const auto& [error, text] : texts) {
-        EXPECT_EQ(error.description(), text);
-        EXPECT_EQ(E::portClosed(error).description(), std::string("port closed: ") + text);
-    }
 }
 
 } // namespace
