@@ -1,8 +1,10 @@
 #include "controls/points/AQPointListHeader.h"
 
 #include "controls/AccentColor.h"
+#include "controls/FittingFont.h"
 #include "data/PointColumn.h"
 
+#include <QFontInfo>
 #include <QPainter>
 
 namespace {
@@ -29,9 +31,10 @@ void AQPointListHeader::paintEvent(QPaintEvent* /*event*/) {
     painter.setPen(palette().color(QPalette::Text));
     const int left[] = {0, m_timeWidth, m_timeWidth + m_rest / 2, m_timeWidth + m_rest};
     for (int column = 0; column < PointColumn::count; ++column) {
-        const int width = left[column + 1] - left[column];
-        painter.drawText(QRect(left[column], 0, width, height()), Qt::AlignCenter,
-                         fontMetrics().elidedText(QLatin1String(PointColumn::title(column)),
-                                                  Qt::ElideRight, width - 2 * textMargin));
+        const QRect cell(left[column], 0, left[column + 1] - left[column], height());
+        const QString title = QLatin1String(PointColumn::title(column));
+        painter.setFont(fittingFont(font(), QFontInfo(font()).pixelSize(),
+                                    cell.size() - QSize(2 * textMargin, 0), title));
+        painter.drawText(cell, Qt::AlignCenter, title);
     }
 }
