@@ -74,8 +74,8 @@ public:
 
     Contents contents() const { return {m_sequence.points(), m_taskLight, m_isProgramMode}; }
 
-    /// For who has replaced the contents: posts sectionChanged (-1) and dataChanged if that took the
-    /// points in, dataLoaded always.
+    /// For who has replaced the contents: posts sectionChanged (-1) and dataChanged if that took
+    /// the points in, dataLoaded always.
     void announceReplacement(const QObject* sender, bool pointsReplaced = true);
 
     /// Installs the defaults and posts sectionChanged (-1), dataChanged, dataLoaded. Leaves the
