@@ -1,0 +1,108 @@
+#include "data/ProgramText.h"
+
+#include "data/TypedValue.h"
+
+#include <QStringTokenizer>
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+constexpr qsizetype columns = 3;
+
+/// For each minute of the day the number of the line that has it, 0 for none.
+using LineNumbers = std::array<int, AQTime::minutesPerDay>;
+
+QString percentText(double fraction) {
+    const std::uint8_t byte = byteFromFraction(fraction);
+    // What is no number gives 0, as it does in the byte.
+    const double percent = std::min(1.0, std::max(0.0, fraction)) * 100.0;
+    for (const int decimals : {0, 1}) {
+        QString text = QString::number(percent, 'f', decimals);
+        if (byteFromFraction(text.toDouble() / 100.0) == byte)
+            return text;
+    }
+    // Close to the limit between two bytes a decimal is too coarse, but not from the byte's middle.
+    return QString::number(fractionFromByte(byte) * 100.0, 'f', 1);
+}
+
+QStringList cellsOf(QStringView line) {
+    for (const char16_t separator : {u'\t', u';'}) {
+        if (!line.contains(separator))
+            continue;
+        QStringList cells = line.toString().split(separator);
+        while (cells.size() > columns && cells.last().trimmed().isEmpty())
+            cells.removeLast();
+        return cells;
+    }
+    // In "80 %" the blank separates nothing.
+    return line.toString()
+        .simplified()
+        .replace(QStringLiteral(" %"), QStringLiteral("%"))
+        .split(u' ');
+}
+
+TypedValue<AQTimePoint> pointFrom(QStringView line, int number, LineNumbers& lineNumbers) {
+    const QStringList cells = cellsOf(line);
+    if (cells.size() != columns)
+        return {{}, QStringLiteral("A time, an intensity and a colour temperature are needed")};
+    const auto time = pastedTime(cells[0]);
+    if (!time.value)
+        return {{}, time.fault};
+    int& earlier = lineNumbers[static_cast<std::size_t>(time.value->minuteOfDay())];
+    if (earlier != 0)
+        return {{},
+                QStringLiteral("%1 stands in line %2 already")
+                    .arg(cells[0].trimmed(), QString::number(earlier))};
+    earlier = number;
+    const auto brightness = pastedFraction(cells[1]);
+    if (!brightness.value)
+        return {{}, brightness.fault};
+    const auto colorTemp = pastedFraction(cells[2]);
+    if (!colorTemp.value)
+        return {{}, colorTemp.fault};
+    return {AQTimePoint{*time.value, *colorTemp.value, *brightness.value}, {}};
+}
+
+} // namespace
+
+QString ProgramText::write(std::span<const AQTimePoint> points) {
+    QString text;
+    for (const AQTimePoint& point : points)
+        text += QStringLiteral("%1:%2\t%3\t%4\n")
+                    .arg(point.time.hour, 2, 10, QLatin1Char('0'))
+                    .arg(point.time.minute, 2, 10, QLatin1Char('0'))
+                    .arg(percentText(point.brightness), percentText(point.colorTemp));
+    return text;
+}
+
+ProgramText::Reading ProgramText::read(const QString& text) {
+    if (text.size() >= maxLength)
+        return {{}, {QStringLiteral("The text is too long to be a light program")}};
+    QString lines = text;
+    lines.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
+
+    Reading result;
+    LineNumbers lineNumbers{};
+    int number = 0;
+    int used = 0;
+    for (const QStringView line : qTokenize(lines, u'\n')) {
+        ++number;
+        if (line.trimmed().isEmpty())
+            continue;
+        if (++used > AQTime::minutesPerDay)
+            return {{}, {QStringLiteral("There are more lines than a day has minutes")}};
+        const auto point = pointFrom(line, number, lineNumbers);
+        if (point.value)
+            result.points.push_back(*point.value);
+        else
+            result.faults +=
+                QStringLiteral("Line %1: %2").arg(QString::number(number), point.fault);
+    }
+    if (used == 0)
+        result.faults += QStringLiteral("There is no line with a time point");
+    if (!result.faults.isEmpty())
+        result.points.clear();
+    return result;
+}
