@@ -1,11 +1,16 @@
 #include "data/AQDataSource.h"
+#include "data/ProgramChanges.h"
+#include "data/ProgramInterpolation.h"
 #include "data/ProgramStatistics.h"
 
 #include <gtest/gtest.h>
 
 namespace {
 
+using namespace ProgramChanges;
 using Points = std::vector<AQTimePoint>;
+
+constexpr AQPointId a{1}, b{2};
 
 Points defaultProgram() {
     NotificationCenter notifications;
@@ -22,6 +27,48 @@ TEST(ProgramStatistics, measuresTheLightOfADay) {
     EXPECT_EQ(
         statisticsOf(Points{{{20, 0}, 0, 0}, {{20, 0}, 0, 1}, {{4, 0}, 0, 1}, {{5, 30}, 0, 0}}),
         (ProgramStatistics{570, 8.75}));
+}
+
+TEST(ProgramChanges, changesTheWholeProgram) {
+    const Points program = defaultProgram();
+    for (const int shift : {-1439, -511, 1439})
+        for (int minute = 0; minute < 1440; ++minute)
+            ASSERT_NEAR(lightAt(shiftedDay(program, shift),
+                                AQTime::fromMinuteOfDay((minute + shift + 1440) % 1440))
+                            .brightness,
+                        lightAt(program, AQTime::fromMinuteOfDay(minute)).brightness, 1e-9);
+    const Points points{{{23, 0}, 0.5, 0.4, a}, {{8, 0}, 0.5, 0.8, b}};
+    EXPECT_EQ(shiftedDay(points, 60)[0].id, a);
+    EXPECT_EQ(scaledIntensity(points, 2.0), (Points{{{8, 0}, 0.5, 1.0}, {{23, 0}, 0.5, 0.8}}));
+    const Points both = merged(points, Points{{{8, 0}, 0.1, 0.2, a}, {{7, 0}, 0.1, 0.3, a}});
+    EXPECT_EQ(both, (Points{{{7, 0}, 0.1, 0.3}, {{8, 0}, 0.1, 0.2}, {{23, 0}, 0.5, 0.4}}));
+    EXPECT_EQ(both[0].id, AQPointId::none);
+    EXPECT_EQ(both[1].id, b);
+}
+
+TEST(ProgramChanges, findsFreeMinutes) {
+    const Points points{{{0, 0}, 0, 0, a}, {{0, 30}, 0, 0, b}, {{0, 31}}};
+    EXPECT_EQ(nearestFreeMinute(points, 30), 29);
+    const struct {
+        int minute, step;
+        std::optional<int> next;
+    } steps[] = {{32, 5, 35},     {32, -5, 30},     {30, 5, 35},   {30, 1, 32},
+                 {1437, 5, 1439}, {1439, -5, 1435}, {1439, 1, {}}, {3, -5, {}}};
+    for (const auto& [minute, step, next] : steps)
+        EXPECT_EQ(freeMinuteFrom(points, minute, step, b), next) << minute;
+    EXPECT_EQ(freeMinuteFrom(points, 3, -5, a), 0);
+    const struct {
+        int wanted, snap, minute;
+    } drags[] = {{32, 5, 30},     {31, 1, 30},     {-9999, 5, 5},
+                 {1437, 5, 1435}, {1438, 5, 1439}, {9999, 1, 1439}};
+    for (const auto& [wanted, snap, minute] : drags)
+        EXPECT_EQ(draggedMinute(points, b, wanted, snap), minute) << wanted;
+    EXPECT_EQ(draggedMinute(points, a, 28, 5), 25); // 00:30 is taken
+    EXPECT_EQ(draggedMinute(points, a, 31, 5), 35);
+    Points full;
+    for (int minute = 0; minute < 1440; ++minute)
+        full.push_back({AQTime::fromMinuteOfDay(minute)});
+    EXPECT_EQ(nearestFreeMinute(full, 720), std::nullopt);
 }
 
 } // namespace
