@@ -38,6 +38,8 @@ AQPointList::AQPointList(AQSequence& sequence, AQSelection& selection, QWidget* 
     : QScrollArea(parent), m_sequence(sequence), m_selection(selection),
       m_header(new AQPointListHeader(this)), m_rowHeight(usualRowHeight) {
     AccessibleFactory::install<AQPointList, AQPointListAccessible>();
+    m_unseenRows.setSingleShot(true);
+    connect(&m_unseenRows, &QTimer::timeout, this, [this] { placeRows(Making::all); });
     setVerticalScrollBar(new AQScrollBar(this));
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setFrameStyle(QFrame::Box | QFrame::Plain);
@@ -81,7 +83,7 @@ AQPointRow* AQPointList::rowAt(int row) {
         return nullptr;
     m_wantedRow = row;
     if (!placed(row))
-        placeRows();
+        placeRows(Making::needed);
     return placed(row)->widget;
 }
 
@@ -147,7 +149,7 @@ void AQPointList::onSelectionChanged() {
 
 // Rows are kept by their points. One whose point went hands its focus on before it goes, or the
 // focus would land wherever the window's order leads, and select that.
-void AQPointList::placeRows() {
+void AQPointList::placeRows(Making making) {
     const PlacedRow* focused = focusedRow();
     AQPointRow* const focusedWidget = focused ? focused->widget : nullptr;
     const int focus = focused ? m_sequence.rowOf(focusedWidget->id()) : -1;
@@ -162,6 +164,10 @@ void AQPointList::placeRows() {
             continue;
         const AQPointId id = m_sequence.idAt(row);
         const auto known = former.extract(id);
+        if (!known && making == Making::needed && !isNeeded(row, focus)) {
+            m_unseenRows.start();
+            continue;
+        }
         AQPointRow* widget = known ? known.mapped() : makeRow(id);
         isReordered =
             isReordered || m_rows.size() <= rows.size() || m_rows[rows.size()].widget != widget;
@@ -184,12 +190,20 @@ void AQPointList::placeRows() {
 }
 
 bool AQPointList::isKept(int row, int focusedRow) const {
-    if (count() <= mostRowsKept || row == 0 || row == count() - 1 || row == m_wantedRow)
-        return true;
+    return count() <= mostRowsKept || isNeeded(row, focusedRow) || isNear(row, neighbours);
+}
+
+/// For the next thing that a person sees or does.
+bool AQPointList::isNeeded(int row, int focusedRow) const {
+    return row == 0 || row == count() - 1 || row == m_wantedRow || isNear(row, 0) ||
+           (focusedRow >= 0 && std::abs(row - focusedRow) <= 1);
+}
+
+/// At most `distance` rows beside what is seen.
+bool AQPointList::isNear(int row, int distance) const {
     const int first = verticalScrollBar()->value() / m_rowHeight;
     const int seen = viewport()->height() / m_rowHeight + 1;
-    return (row >= first - neighbours && row <= first + seen + neighbours) ||
-           (focusedRow >= 0 && std::abs(row - focusedRow) <= 1);
+    return row >= first - distance && row <= first + seen + distance;
 }
 
 AQPointRow* AQPointList::makeRow(AQPointId id) {
@@ -250,7 +264,7 @@ void AQPointList::layOut() {
     m_header->setColumns(m_timeWidth, viewport()->width() - m_timeWidth);
     widget()->resize(viewport()->width(), count() * m_rowHeight);
     verticalScrollBar()->setValue(firstSeen * m_rowHeight);
-    placeRows();
+    placeRows(Making::needed);
 }
 
 QSize AQPointList::sizeHint() const {
@@ -271,7 +285,7 @@ void AQPointList::resizeEvent(QResizeEvent* event) {
 void AQPointList::scrollContentsBy(int dx, int dy) {
     QScrollArea::scrollContentsBy(dx, dy);
     if (count() > mostRowsKept)
-        placeRows();
+        placeRows(Making::needed);
 }
 
 bool AQPointList::focusNextPrevChild(bool next) {

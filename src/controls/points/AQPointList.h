@@ -3,6 +3,7 @@
 #include "data/AQTimePoint.h"
 
 #include <QScrollArea>
+#include <QTimer>
 
 #include <vector>
 
@@ -14,9 +15,10 @@ class AQSequence;
 /// The light program as a list of rows, one for each point in the order of the day.
 ///
 /// Up to `mostRowsKept` rows exist as widgets, more only in and next to what is seen, at the focus
-/// and at both ends, so that Tab reaches every one. Focus and selection are one: who comes to an
-/// editor selects its point, and when another point is selected while an editor has the focus, the
-/// focus goes to the same column of that one.
+/// and at both ends, so that Tab reaches every one. Those out of sight come one turn of the event
+/// loop after the seen ones: a load is done before they are made. Focus and selection are one: who
+/// comes to an editor selects its point, and when another point is selected while an editor has the
+/// focus, the focus goes to the same column of that one.
 class AQPointList : public QScrollArea {
     Q_OBJECT
     Q_PROPERTY(int count READ count)
@@ -59,6 +61,7 @@ protected:
     void scrollContentsBy(int dx, int dy) override;
 
 private:
+    enum class Making { needed, all };
     struct PlacedRow {
         int row;
         AQPointRow* widget;
@@ -68,8 +71,10 @@ private:
     void onSelectionChanged();
     void fitToFont();
     void layOut();
-    void placeRows();
+    void placeRows(Making making);
     bool isKept(int row, int focusedRow) const;
+    bool isNeeded(int row, int focusedRow) const;
+    bool isNear(int row, int distance) const;
     AQPointRow* makeRow(AQPointId id);
     void linkTabs();
     const PlacedRow* placed(int row) const;
@@ -80,6 +85,7 @@ private:
     AQPointListHeader* m_header;
     QWidget* m_tabAnchor = nullptr;
     std::vector<PlacedRow> m_rows; ///< in the order of the day
+    QTimer m_unseenRows;           ///< runs while rows out of sight are still to be made
     int m_rowHeight;
     int m_leastRowHeight = 0;
     int m_timeWidth = 0;
