@@ -22,6 +22,7 @@
 #include "workflows/SelectDevicePanel.h"
 #include "workflows/TaskLightEditor.h"
 #include "workflows/TransferWorkflow.h"
+#include "workflows/UndoCommands.h"
 #include "yprotocoll/link/ModalPause.h"
 #include "yprotocoll/link/YMessageController.h"
 
@@ -32,7 +33,8 @@
 /// One member for each thing a person does; in this order each may use those above it.
 struct AppDelegate::Workflows {
     Workflows(const Services& services, MainWindow& window)
-        : ui(window.outlets()), documents(services.data, services.prompts), selectDevice(&window),
+        : ui(window.outlets()), documents(services.data, services.prompts),
+          undo(services.data.history(), *ui.menuitemUndo, *ui.menuitemRedo), selectDevice(&window),
           connection(services.controller, services.prompts, selectDevice),
           transfers(services.data, services.controller),
           transfer(transfers, documents, services.prompts),
@@ -47,6 +49,7 @@ struct AppDelegate::Workflows {
 
     Ui::MainWindow& ui;
     DocumentCommands documents;
+    UndoCommands undo;
     SelectDevicePanel selectDevice;
     ConnectionWorkflow connection;
     Transfers transfers;

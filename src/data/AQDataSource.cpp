@@ -16,6 +16,8 @@ AQDataSource::AQDataSource(NotificationCenter& notifications, DeviceInfoSource d
     : m_notifications(notifications), m_device(std::move(device)), m_sequence(*this),
       m_selection(*this) {
     installDefaults();
+    m_saved = contents();
+    m_history.restart();
 }
 
 std::optional<DeviceInfo> AQDataSource::device() const {
@@ -29,6 +31,38 @@ void AQDataSource::setIsDirty(bool isDirty) {
     Q_EMIT m_notifications.dataDirty(this);
 }
 
+void AQDataSource::markDirtyOrClean() {
+    const Contents present = contents();
+    setIsDirty(present != m_saved && present != m_loaded);
+}
+
+void AQDataSource::markSaved() {
+    m_saved = contents();
+    setIsDirty(false);
+}
+
+void AQDataSource::markLoaded() {
+    m_loaded = contents();
+    setIsDirty(false);
+}
+
+void AQDataSource::markSent(const Contents& sent) {
+    if (m_loaded == sent)
+        return;
+    m_loaded.reset();
+    markDirtyOrClean();
+}
+
+void AQDataSource::noteEdit(History::Value value) {
+    m_history.noteEdit(value);
+    markDirtyOrClean();
+}
+
+void AQDataSource::noteStep(const QString& name) {
+    m_history.noteStep(name);
+    markDirtyOrClean();
+}
+
 void AQDataSource::loadDefaults() {
     installDefaults();
     announceReplacement(this);
@@ -40,6 +74,27 @@ void AQDataSource::announceReplacement(const QObject* sender, bool pointsReplace
         m_sequence.notifyDataChange(sender, false);
     }
     Q_EMIT m_notifications.dataLoaded(sender);
+}
+
+void AQDataSource::restore(const Contents& contents, const ContentsChange& change,
+                           AQPointId selected, bool isEdit) {
+    using Kind = ContentsChange::Kind;
+    const bool arePointsChanged = contents.points != m_sequence.points();
+    m_taskLight = contents.taskLight;
+    m_isProgramMode = contents.isProgramMode;
+    m_sequence.replacePoints(contents.points);
+    markDirtyOrClean();
+    const bool isOnePoint = change.kind != Kind::points && change.kind != Kind::several;
+    if (arePointsChanged) {
+        m_selection.moveTo(selected, isOnePoint);
+        m_sequence.notifyDataChange(&m_history, false);
+    }
+    if (change.kind == Kind::taskLight)
+        Q_EMIT m_notifications.taskLightChanged(&m_history);
+    else if (change.kind == Kind::mode && isEdit)
+        Q_EMIT m_notifications.programModeChanged(&m_history);
+    else if (change.kind == Kind::mode || change.kind == Kind::several)
+        Q_EMIT m_notifications.dataLoaded(&m_history);
 }
 
 void AQDataSource::installDefaults() {

@@ -3,6 +3,8 @@
 #include "data/AQSelection.h"
 #include "data/AQSequence.h"
 #include "data/AQTimePoint.h"
+#include "data/DocumentContents.h"
+#include "data/History.h"
 #include "data/NotificationCenter.h"
 #include "yprotocoll/DeviceInfo.h"
 
@@ -12,10 +14,11 @@
 #include <optional>
 #include <vector>
 
-/// The document: the light program with its selection, the task light, the mode and the dirty
-/// flag.
+/// The document: the light program with its selection, the task light, the mode, the dirty flag and
+/// the history.
 ///
-/// Its contents are replaced in place, so observers register once. Nothing here can fail.
+/// Its contents are replaced in place, so observers register once. Nothing here can fail. Whoever
+/// changes them says so by `noteEdit` or `noteStep`, and then announces it.
 ///
 ///     NotificationCenter notifications;
 ///     AQDataSource document(notifications); // the default program, clean
@@ -34,13 +37,7 @@ public:
     /// What the link knows about the connected controller, asked for whenever a limit is needed.
     using DeviceInfoSource = std::function<std::optional<DeviceInfo>()>;
 
-    /// Everything a settings file or the controller holds of the document, as a value.
-    struct Contents {
-        std::vector<AQTimePoint> points;
-        AQTimePoint taskLight;
-        bool isProgramMode = true;
-        bool operator==(const Contents&) const = default;
-    };
+    using Contents = DocumentContents;
 
     /// Holds the default document, clean and unannounced. `notifications` must outlive it; without
     /// `device` there is never a controller.
@@ -57,6 +54,7 @@ public:
     AQSequence& sequence() { return m_sequence; }
     const AQSequence& sequence() const { return m_sequence; }
     AQSelection& selection() { return m_selection; }
+    History& history() { return m_history; }
 
     /// `time` is the duration: hour x 60 + minute minutes and `second` seconds.
     const AQTimePoint& taskLight() const { return m_taskLight; }
@@ -68,15 +66,34 @@ public:
     /// Plain store: posts nothing and does not mark dirty.
     void setIsProgramMode(bool isProgramMode) { m_isProgramMode = isProgramMode; }
 
+    /// One value, or everything, was changed by a person: a part of a step, or a step, of the
+    /// history. Marks dirty or clean.
+    void noteEdit(History::Value value);
+    void noteStep(const QString& name = {});
+
+    /// Clean is what equals the contents that were saved, opened or made new last, or loaded from
+    /// the controller last.
     bool isDirty() const { return m_isDirty; }
-    /// Posts dataDirty when the value changes.
+    /// Posts dataDirty when the value changes. The next change marks as the contents say.
     void setIsDirty(bool isDirty);
+    void markDirtyOrClean();
+    /// The contents are in a file, or the defaults.
+    void markSaved();
+    /// The contents are in the controller.
+    void markLoaded();
+    /// The controller has been given the present contents or others. If these are not the ones
+    /// that it was loaded from, those are nowhere any more.
+    void markSent(const Contents& sent);
 
     Contents contents() const { return {m_sequence.points(), m_taskLight, m_isProgramMode}; }
 
     /// For who has replaced the contents: posts sectionChanged (-1) and dataChanged if that took
     /// the points in, dataLoaded always.
     void announceReplacement(const QObject* sender, bool pointsReplaced = true);
+    /// For the history: as before or after `change`. `isEdit` tells a person's edit, which may be
+    /// announced as one, from a replacement.
+    void restore(const Contents& contents, const ContentsChange& change, AQPointId selected,
+                 bool isEdit);
 
     /// Installs the defaults and posts sectionChanged (-1), dataChanged, dataLoaded. Leaves the
     /// dirty flag to the caller.
@@ -94,4 +111,7 @@ private:
     AQTimePoint m_taskLight;
     bool m_isProgramMode = true;
     bool m_isDirty = false;
+    Contents m_saved;
+    std::optional<Contents> m_loaded;
+    History m_history{*this};
 };

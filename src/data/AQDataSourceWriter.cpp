@@ -76,6 +76,6 @@ bool AQDataSourceWriter::saveToFile(const QString& path) {
     m_errorString = AtomicFile::replace(path, text());
     if (!m_errorString.isEmpty())
         return false;
-    m_document.setIsDirty(false);
+    m_document.markSaved();
     return true;
 }

@@ -4,6 +4,12 @@
 
 #include <algorithm>
 
+namespace {
+
+constexpr int nothingAnnounced = -2;
+
+} // namespace
+
 int AQSelection::row() const {
     return m_document.sequence().rowOf(m_id);
 }
@@ -24,6 +30,12 @@ void AQSelection::selectAdded(AQPointId id, const QObject* sender) {
 void AQSelection::follow() {
     if (m_id != AQPointId::none && row() < 0)
         m_id = successor();
+}
+
+void AQSelection::moveTo(AQPointId id, bool isNews) {
+    m_id = id;
+    if (isNews)
+        m_announcedRow = nothingAnnounced;
 }
 
 AQPointId AQSelection::successor() const {

@@ -36,6 +36,9 @@ public:
     /// When the selected point is gone, selects the one that was selected when it was added, else
     /// the one that has its row now, else the last one. Posts nothing.
     void follow();
+    /// The history goes to a point. Posts nothing, but the next announceChange() does, with
+    /// `isNews` even for the point that was selected.
+    void moveTo(AQPointId id, bool isNews);
     /// Posts sectionChanged when the selected point or its row is another than was posted last.
     void announceChange(const QObject* sender);
 

@@ -23,6 +23,10 @@ NotificationCenter& AQSequence::notifications() const {
     return m_document.notifications();
 }
 
+History& AQSequence::history() const {
+    return m_document.history();
+}
+
 int AQSequence::pointLimit() const {
     const auto device = m_document.device();
     return device ? device->pointLimit(defaultPointLimit) : defaultPointLimit;
@@ -32,6 +36,7 @@ void AQSequence::updateWithRow(int row, ColorTemp value, const QObject* sender) 
     if (!isRow(row))
         return;
     m_data[static_cast<std::size_t>(row)].colorTemp = value.fraction;
+    m_document.noteEdit({idAt(row), PointColumn::colorTemp});
     notifyCellChange(row, PointColumn::colorTemp, sender);
 }
 
@@ -39,6 +44,7 @@ void AQSequence::updateWithRow(int row, Brightness value, const QObject* sender)
     if (!isRow(row))
         return;
     m_data[static_cast<std::size_t>(row)].brightness = value.fraction;
+    m_document.noteEdit({idAt(row), PointColumn::brightness});
     notifyCellChange(row, PointColumn::colorTemp, sender);
     notifyCellChange(row, PointColumn::brightness, sender);
 }
@@ -47,11 +53,13 @@ int AQSequence::setTime(int row, AQTime time, const QObject* sender) {
     if (!isRow(row) || !time.isValid())
         return -1;
     m_data[static_cast<std::size_t>(row)].time = time;
+    const History::Value edited{idAt(row), PointColumn::time};
 
     const int minute = time.minuteOfDay();
     const int previous = row > 0 ? minuteAt(row - 1) : -1;
     const int next = row + 1 < count() ? minuteAt(row + 1) : AQTime::minutesPerDay;
     if (previous < minute && minute < next) {
+        m_document.noteEdit(edited);
         notifyCellChange(row, PointColumn::time, sender);
         return -1;
     }
@@ -61,6 +69,7 @@ int AQSequence::setTime(int row, AQTime time, const QObject* sender) {
     const auto moved = std::ranges::find_if(
         m_data, [minute](const AQTimePoint& point) { return point.time.minuteOfDay() == minute; });
     const int newRow = static_cast<int>(moved - m_data.begin());
+    m_document.noteEdit(edited);
     notifyDataChange(sender, true);
     return newRow;
 }
@@ -83,6 +92,7 @@ int AQSequence::addNewAfter(int row, const QObject* sender) {
             minute = minuteAt(--newRow) - 1;
     }
     insert(newRow, minute);
+    m_document.noteStep();
     notifyDataChange(sender, true);
     return newRow;
 }
@@ -99,6 +109,7 @@ void AQSequence::deleteWithRow(int row, const QObject* sender) {
     if (!isRow(row))
         return;
     m_data.erase(m_data.begin() + row);
+    m_document.noteStep();
     notifyDataChange(sender, true);
 }
 
@@ -111,7 +122,7 @@ bool AQSequence::hasPointAt(AQTime time, int exceptRow) const {
 
 void AQSequence::notifyDataChange(const QObject* sender, bool dirty) {
     if (dirty)
-        m_document.setIsDirty(true);
+        m_document.markDirtyOrClean();
     // Who hears of the change finds the selection as it is afterwards.
     m_document.selection().follow();
     Q_EMIT notifications().dataChanged(sender);
@@ -124,7 +135,6 @@ void AQSequence::notifySelectionChange(int row, const QObject* sender) {
 }
 
 void AQSequence::notifyCellChange(int row, int column, const QObject* sender) {
-    m_document.setIsDirty(true);
     Q_EMIT notifications().cellChanged(row, column, sender);
 }
 

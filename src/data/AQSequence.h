@@ -7,6 +7,7 @@
 #include <vector>
 
 class AQDataSource;
+class History;
 class NotificationCenter;
 
 /// The daily light program: time points in ascending order of their minute of the day.
@@ -47,6 +48,8 @@ public:
     int rowOf(AQPointId id) const;
     /// Where its changes are announced.
     NotificationCenter& notifications() const;
+    /// Where its changes are noted.
+    History& history() const;
     /// The point limit of the connected controller, 20 without one or while it has not told.
     int pointLimit() const;
     /// True while `count()` is below `pointLimit()`. Insertion itself never refuses.

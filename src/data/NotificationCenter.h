@@ -19,6 +19,9 @@ Q_SIGNALS:
     void dataChanged(const QObject* sender);
     /// The whole document was replaced.
     void dataLoaded(const QObject* sender);
+    /// The task light, or the mode, was changed, alone.
+    void taskLightChanged(const QObject* sender);
+    void programModeChanged(const QObject* sender);
     /// One value of one point changed; `column` is a PointColumn.
     void cellChanged(int row, int column, const QObject* sender);
     /// The person turned to the point in this row, or the selected point is another or in another

@@ -43,7 +43,8 @@ void Transfers::replaceDocument() {
     const TransferResult result =
         DeviceProgramImage::apply(std::exchange(m_answers, {}), m_device, m_data);
     if (result.isOk()) {
-        m_data.setIsDirty(false);
+        m_data.noteStep(QStringLiteral("Load from Device"));
+        m_data.markLoaded();
         m_data.announceReplacement(this);
     }
     Q_EMIT loaded(result, m_data.contents() != before);

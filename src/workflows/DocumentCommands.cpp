@@ -48,7 +48,8 @@ void DocumentCommands::askAboutChanges(const QString& message, Continuation goOn
 void DocumentCommands::loadDefaults() {
     askAboutChanges(QStringLiteral("Save changes before loading defaults?"), [this] {
         m_data.loadDefaults();
-        m_data.setIsDirty(false);
+        m_data.markSaved();
+        m_data.history().restart();
         // A new document has no file yet: saving it must not replace the one that was open.
         m_openFilePath.clear();
         m_holdsPartsOfAnotherFile = false;
@@ -78,11 +79,15 @@ void DocumentCommands::read(const QString& path) {
         m_openFileContents = m_reader.fileContents();
         // Without a timeline the program in the window is still the one from before.
         m_holdsPartsOfAnotherFile = !m_reader.foundTimeline();
-        m_data.setIsDirty(false);
+        m_data.markSaved();
+        m_data.history().restart();
         Q_EMIT titleChanged();
         return;
     }
-    m_holdsPartsOfAnotherFile |= m_data.contents() != before;
+    if (m_data.contents() != before) {
+        m_holdsPartsOfAnotherFile = true;
+        m_data.noteStep(QStringLiteral("Open ") + QFileInfo(path).fileName());
+    }
     SPDLOG_ERROR("{}: {}", path.toStdString(), m_reader.errorString().toStdString());
     m_prompts.alert(
         QStringLiteral("Could not open file!"),

@@ -45,8 +45,12 @@ void PointTable::onTableItemAdd() {
 }
 
 void PointTable::onTableItemDelete() {
-    if (m_editingEnabled)
-        m_data.sequence().deleteWithRow(m_data.selection().row(), this);
+    if (!m_editingEnabled)
+        return;
+    // What a drag did to a point that is deleted in the middle of it is not what an undo should
+    // bring back.
+    m_data.history().cancelGesture();
+    m_data.sequence().deleteWithRow(m_data.selection().row(), this);
 }
 
 void PointTable::updateButtons() {

@@ -18,6 +18,8 @@ ProgramMode::ProgramMode(AQDataSource& data, YMessageController& controller,
     // The signal is not `clicked`, because screen readers toggle a switch without a click.
     connect(&m_switch, &QAbstractButton::toggled, this, &ProgramMode::onSwitched);
     connect(&data.notifications(), &NotificationCenter::dataLoaded, this, &ProgramMode::refresh);
+    connect(&data.notifications(), &NotificationCenter::programModeChanged, this,
+            &ProgramMode::onModeChanged);
     refresh();
 }
 
@@ -25,10 +27,15 @@ void ProgramMode::onSwitched(bool isProgramMode) {
     if (isProgramMode == m_data.isProgramMode())
         return; // the switch follows the document
     m_data.setIsProgramMode(isProgramMode);
-    m_data.setIsDirty(true);
+    m_data.noteStep();
+    Q_EMIT m_data.notifications().programModeChanged(this);
+}
+
+void ProgramMode::onModeChanged() {
     if (m_controller.isConnected())
-        m_controller.send(CmdSetDeviceMode(isProgramMode ? programModeByte : analogModeByte));
-    Q_EMIT changed(isProgramMode);
+        m_controller.send(
+            CmdSetDeviceMode(m_data.isProgramMode() ? programModeByte : analogModeByte));
+    refresh();
 }
 
 void ProgramMode::refresh() {

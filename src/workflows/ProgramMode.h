@@ -23,6 +23,7 @@ Q_SIGNALS:
 
 private:
     void onSwitched(bool isProgramMode);
+    void onModeChanged();
     void refresh();
 
     AQDataSource& m_data;

@@ -2,8 +2,10 @@
 
 #include "controls/sliders/AQSliderBrightness.h"
 #include "controls/sliders/AQSliderColorTemp.h"
+#include "controls/sliders/DragSteps.h"
 #include "controls/time/AQTimeDurationEdit.h"
 #include "data/AQDataSource.h"
+#include "data/PointColumn.h"
 
 #include <QScopedValueRollback>
 
@@ -12,12 +14,14 @@ TaskLightEditor::TaskLightEditor(AQDataSource& data, Outlets outlets, QObject* p
     m_outlets.pickerTaskTime.setDelegate(this);
     m_outlets.sliderTaskTemp.setDelegate(this);
     m_outlets.sliderTaskBrightness.setDelegate(this);
-    // Also where a limit keeps the value and nobody else hears of it.
-    const auto markDirty = [&data] { data.setIsDirty(true); };
-    connect(&outlets.sliderTaskTemp, &AQSlider::edited, this, markDirty);
-    connect(&outlets.sliderTaskBrightness, &AQSlider::edited, this, markDirty);
+    makeDragsSteps(outlets.sliderTaskTemp, data.history());
+    makeDragsSteps(outlets.sliderTaskBrightness, data.history());
     connect(&data.notifications(), &NotificationCenter::dataLoaded, this,
             &TaskLightEditor::refresh);
+    connect(&data.notifications(), &NotificationCenter::taskLightChanged, this, [this] {
+        refresh();
+        Q_EMIT touched();
+    });
     refresh();
 }
 
@@ -39,14 +43,18 @@ void TaskLightEditor::aqValueDidChange(AQValueView& view, const QVariant& value)
     if (m_refreshing)
         return;
     AQTimePoint light = m_data.taskLight();
-    if (&view == &m_outlets.pickerTaskTime)
+    int column = PointColumn::time;
+    if (&view == &m_outlets.pickerTaskTime) {
         light.time = value.value<AQTime>();
-    else if (&view == &m_outlets.sliderTaskTemp)
+    } else if (&view == &m_outlets.sliderTaskTemp) {
         light.colorTemp = value.toDouble();
-    else
+        column = PointColumn::colorTemp;
+    } else {
         light.brightness = value.toDouble();
+        column = PointColumn::brightness;
+    }
     m_data.setTaskLight(light);
-    m_data.setIsDirty(true);
+    m_data.noteEdit({AQPointId::none, column});
     // The colour slider's percentages are those at the present intensity.
     m_outlets.sliderTaskTemp.setMaxValue(light.brightness);
     if (&view != &m_outlets.pickerTaskTime)

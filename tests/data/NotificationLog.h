@@ -17,6 +17,10 @@ public:
         connect(&center, &Center::dataDirty, this, [this](auto* s) { add("dataDirty", s); });
         connect(&center, &Center::dataChanged, this, [this](auto* s) { add("dataChanged", s); });
         connect(&center, &Center::dataLoaded, this, [this](auto* s) { add("dataLoaded", s); });
+        connect(&center, &Center::taskLightChanged, this,
+                [this](auto* s) { add("taskLightChanged", s); });
+        connect(&center, &Center::programModeChanged, this,
+                [this](auto* s) { add("programModeChanged", s); });
         connect(&center, &Center::sectionChanged, this,
                 [this](int row, auto* s) { add("sectionChanged " + std::to_string(row), s); });
         connect(&center, &Center::cellChanged, this, [this](int row, int column, auto* s) {

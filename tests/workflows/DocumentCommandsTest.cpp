@@ -97,7 +97,7 @@ TEST_F(DocumentCommandsTest, brokenFileKeepsTheOldOneSafe) {
     write(path("broken.sq"), "<settings><timeline><point>");
     m_commands.openPath(path("broken.sq"));
     EXPECT_EQ(m_prompts.told.size(), 1);
-    EXPECT_EQ(title(), "Aquelon - a.sq");
+    EXPECT_EQ(title(), "Aquelon - a.sq *");
     EXPECT_EQ(m_data.sequence().count(), 0);
 
     // Now the window holds half of another file, which a plain save must not put over a.sq.

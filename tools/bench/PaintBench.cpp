@@ -10,6 +10,7 @@
 #include "data/AQDataSource.h"
 #include "data/AQDataSourceReader.h"
 #include "data/AQDataSourceWriter.h"
+#include "data/History.h"
 
 #include <benchmark/benchmark.h>
 
@@ -107,6 +108,37 @@ void opening(benchmark::State& state, int points) {
                 "", Promise::atMost(500.0)});
 }
 
+/// An undo in the whole program's window, without the painting that it asks for.
+void undoStep(benchmark::State& state) {
+    WholeProgram program({});
+    program.delegate.applicationDidFinishLaunching({});
+    if (!QTest::qWaitForWindowExposed(&program.delegate.window()))
+        qFatal("The window did not appear.");
+    AQSequence& sequence = program.data.sequence();
+    sequence.replacePoints(SampleProgram::points());
+    sequence.notifyDataChange(nullptr, true);
+    History& history = program.data.history();
+    history.restart();
+    sequence.updateWithRow(5, AQSequence::Brightness{0.1}, nullptr);
+    history.endStep();
+    sequence.setTime(5, {23, 0}, nullptr);
+    QCoreApplication::processEvents();
+    Samples edits;
+    Samples reorders;
+    for (auto _ : state) {
+        reorders.add(milliseconds([&] { history.undo(); }));
+        edits.add(milliseconds([&] { history.undo(); }));
+        QCoreApplication::processEvents();
+        history.redo();
+        history.redo();
+        QCoreApplication::processEvents();
+    }
+    Table::add({"undo of an intensity, 20 points, without painting", "ms", edits.median(), 0.0, "",
+                Promise::atMost(1.0)});
+    Table::add({"undo of a move past others, 20 points, without painting", "ms", reorders.median(),
+                0.0, "", Promise::atMost(1.0)});
+}
+
 } // namespace
 
 void registerPaintBenches() {
@@ -114,6 +146,7 @@ void registerPaintBenches() {
     benchmark::RegisterBenchmark("curve", curve)->Iterations(repaints);
     benchmark::RegisterBenchmark("curve edit", curveStep)->Iterations(repaints);
     benchmark::RegisterBenchmark("table", table)->Iterations(repaints);
+    benchmark::RegisterBenchmark("undo", undoStep)->Iterations(repaints);
     for (const int points : {7, 84, 1440})
         benchmark::RegisterBenchmark("opening", opening, points)->Iterations(10);
 }

@@ -4,12 +4,15 @@
 #include <QPainter>
 
 #include <cmath>
+#include <utility>
 
 namespace {
 
 constexpr double outlineWidth = 2.0;
 constexpr int side = static_cast<int>(2.0 * AQCurvePoint::sel_radius) + 4;
 constexpr int outOfSight = -100;
+/// What moving the pointer with Ctrl held counts for.
+constexpr double fineShare = 0.1;
 
 } // namespace
 
@@ -46,8 +49,7 @@ void AQCurvePoint::setIsSelected(bool isSelected) {
 bool AQCurvePoint::event(QEvent* event) {
     // The button will be released in the modal window, and nobody will tell this point.
     if (event->type() == QEvent::WindowBlocked && m_isMouseDown) {
-        m_isMouseDown = false;
-        m_isDragging = false;
+        endPress();
         Q_EMIT hoverEnded(this);
     }
     return QWidget::event(event);
@@ -73,21 +75,39 @@ void AQCurvePoint::mousePressEvent(QMouseEvent* event) {
     Q_EMIT pressed(this);
 }
 
+void AQCurvePoint::endPress() {
+    m_isDragging = false;
+    if (std::exchange(m_isMouseDown, false))
+        Q_EMIT released(this);
+}
+
+void AQCurvePoint::beginDrag(bool isFine) {
+    m_isDragging = true;
+    m_pointerY = m_pressY;
+    // A plain drag brings the disc to the pointer, a fine one begins where it is.
+    m_fromPointer = isFine ? y() + side / 2.0 + m_offset.y() - m_pressY : 0.0;
+}
+
 void AQCurvePoint::mouseMoveEvent(QMouseEvent* event) {
     if (!m_isMouseDown)
         return;
     const double y = mapToParent(event->position()).y();
     // Only the height counts: moving sideways changes nothing and so begins nothing.
-    m_isDragging = m_isDragging || std::abs(y - m_pressY) >= dragThreshold;
-    if (m_isDragging)
-        Q_EMIT dragged(this, y);
+    const bool isFine = event->modifiers() & Qt::ControlModifier;
+    if (!m_isDragging && std::abs(y - m_pressY) >= dragThreshold)
+        beginDrag(isFine);
+    if (!m_isDragging)
+        return;
+    if (isFine)
+        m_fromPointer -= (y - m_pointerY) * (1.0 - fineShare);
+    m_pointerY = y;
+    Q_EMIT dragged(this, y + m_fromPointer);
 }
 
 void AQCurvePoint::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton || !m_isMouseDown)
         return;
-    m_isMouseDown = false;
-    m_isDragging = false;
+    endPress();
     if (!QRectF(rect()).contains(event->position()))
         Q_EMIT hoverEnded(this);
 }

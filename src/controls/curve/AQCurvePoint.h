@@ -40,10 +40,15 @@ public:
 
     /// A press that began on this point is still held. A modal window ends it.
     bool isMouseDown() const { return m_isMouseDown; }
+    /// Ends such a press: the button that is still held drags no more.
+    void endPress();
 
 Q_SIGNALS:
     void pressed(AQCurvePoint* point);
-    /// The pointer is at height `y` of the parent; once for each move of a drag.
+    /// The press has ended, however it did.
+    void released(AQCurvePoint* point);
+    /// The disc shall be at height `y` of the parent; once for each move of a drag. That is where
+    /// the pointer is, unless it moved with Ctrl held, which counts for a tenth of the way.
     void dragged(AQCurvePoint* point, double y);
     void hovered(AQCurvePoint* point);
     /// The pointer has left, or a press ended elsewhere or in a modal window. Not sent while a
@@ -60,6 +65,8 @@ protected:
     void leaveEvent(QEvent* event) override;
 
 private:
+    void beginDrag(bool isFine);
+
     const AQPointId m_id;
     QColor m_color = DisplayColors::neutral;
     QPointF m_offset; ///< of the disc from the middle of the widget, below one pixel
@@ -67,4 +74,6 @@ private:
     bool m_isMouseDown = false;
     bool m_isDragging = false;
     double m_pressY = 0.0;
+    double m_pointerY = 0.0;    ///< in the last move
+    double m_fromPointer = 0.0; ///< where the disc shall be, seen from the pointer
 };

@@ -13,6 +13,7 @@
 #include "controls/time/TimeText.h"
 #include "data/AQSelection.h"
 #include "data/AQSequence.h"
+#include "data/History.h"
 #include "data/NotificationCenter.h"
 #include "data/ProgramInterpolation.h"
 
@@ -54,6 +55,7 @@ AQCurveView::AQCurveView(AQSequence& sequence, AQSelection& selection, QWidget* 
     connect(&center, &NotificationCenter::cellChanged, this,
             [this](int, int, const QObject* sender) { onDataChanged(sender); });
     connect(&center, &NotificationCenter::sectionChanged, this, &AQCurveView::onSelectionChanged);
+    connect(&sequence.history(), &History::gestureInterrupted, this, &AQCurveView::letGoOfPoint);
     refresh();
 }
 
@@ -151,6 +153,7 @@ void AQCurveView::matchPointViews(std::span<const AQTimePoint> points) {
 AQCurvePoint* AQCurveView::makePointView(AQPointId id) {
     auto* view = new AQCurvePoint(id, this);
     connect(view, &AQCurvePoint::pressed, this, &AQCurveView::onPointClicked);
+    connect(view, &AQCurvePoint::released, &m_sequence.history(), &History::endGesture);
     connect(view, &AQCurvePoint::dragged, this, &AQCurveView::onPointDragRequested);
     connect(view, &AQCurvePoint::hovered, this, &AQCurveView::onPointHover);
     connect(view, &AQCurvePoint::hoverEnded, this, &AQCurveView::onPointHoverOut);
@@ -190,11 +193,17 @@ void AQCurveView::deselect() {
 void AQCurveView::onPointClicked(AQCurvePoint* point) {
     showFocus(false);
     select(point->id());
+    m_sequence.history().beginGesture();
 }
 
 void AQCurveView::onPointDragRequested(AQCurvePoint* point, double y) {
     editIntensity(point->id(), curveGeometry().intensityAt(y));
     showPointPopover(point->id());
+}
+
+void AQCurveView::letGoOfPoint() {
+    for (AQCurvePoint* view : m_pointViews)
+        view->endPress();
 }
 
 void AQCurveView::onPointHover(AQCurvePoint* point) {
@@ -290,6 +299,10 @@ bool AQCurveView::handleKey(const QKeyEvent& event) {
         Q_EMIT deleteRequested();
         return true;
     case Qt::Key_Escape:
+        if (m_sequence.history().isInGesture()) {
+            m_sequence.history().cancelGesture();
+            return true;
+        }
         if (selected < 0 && m_popoverId == AQPointId::none)
             return false;
         deselect();

@@ -106,6 +106,7 @@ private:
     void makeBackground();
     void drawBackground(QPainter& painter, double scale);
 
+    void letGoOfPoint();
     void select(AQPointId id);
     void deselect();
     void showFocus(bool isShown);

@@ -4,6 +4,7 @@
 #include "controls/points/AQPointListAccessible.h"
 #include "controls/sliders/AQSliderBrightness.h"
 #include "controls/sliders/AQSliderColorTemp.h"
+#include "controls/sliders/DragSteps.h"
 #include "controls/time/AQTimeEdit.h"
 #include "controls/time/TimeText.h"
 #include "data/AQSequence.h"
@@ -19,6 +20,8 @@ AQPointRow::AQPointRow(AQSequence& sequence, AQPointId id, QWidget* parent)
       m_brightness(new AQSliderBrightness(this)), m_editors{m_time, m_colorTemp, m_brightness} {
     for (AQValueView* editor : m_editors)
         editor->setDelegate(this);
+    makeDragsSteps(*m_colorTemp, sequence.history());
+    makeDragsSteps(*m_brightness, sequence.history());
     // Also where a limit keeps the value: the person has edited the document all the same.
     connect(m_colorTemp, &AQSlider::edited, this, [this] {
         const AQSequence::ColorTemp value{m_colorTemp->value()}; // before a draft elsewhere ends

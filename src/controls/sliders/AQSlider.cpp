@@ -16,6 +16,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -160,6 +161,7 @@ void AQSlider::mousePressEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton)
         return event->ignore();
     m_isDragged = true;
+    Q_EMIT dragBegan();
     setFromPointer(event->position().x());
 }
 
@@ -174,12 +176,22 @@ void AQSlider::mouseMoveEvent(QMouseEvent* event) {
 
 void AQSlider::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() == Qt::LeftButton)
-        m_isDragged = false;
+        endDrag();
     else
         event->ignore();
 }
 
+void AQSlider::endDrag() {
+    if (std::exchange(m_isDragged, false))
+        Q_EMIT dragEnded();
+}
+
 void AQSlider::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape && m_isDragged) {
+        m_isDragged = false;
+        Q_EMIT dragCancelled();
+        return;
+    }
     const auto modifiers = event->modifiers() & ~Qt::KeypadModifier;
     const bool isLarge = modifiers == Qt::ShiftModifier;
     const double step = isLarge ? largeStep : valueIncrement();
@@ -219,7 +231,7 @@ void AQSlider::wheelEvent(QWheelEvent* event) {
 
 bool AQSlider::event(QEvent* event) {
     if (event->type() == QEvent::Hide || event->type() == QEvent::EnabledChange)
-        m_isDragged = false; // without a release
+        endDrag(); // without a release
     else if (event->type() == QEvent::FontChange)
         updateGeometry();
     return AQValueView::event(event);

@@ -32,6 +32,9 @@ public:
     /// The value in words, for screen readers.
     virtual QString valueText() const;
 
+    /// The button that is held moves the knob no more.
+    void endDrag();
+
     /// An edit by the person: `setValue`, then `edited`.
     void userSetValue(double value);
 
@@ -42,6 +45,11 @@ Q_SIGNALS:
     /// The person set a value, after the delegate heard of it; also where it stays the same, as at
     /// a limit, which the delegate does not hear of.
     void edited();
+    /// The left button went down here, and came up or was lost.
+    void dragBegan();
+    void dragEnded();
+    /// Escape during a drag, which ends it; the old value is wanted back.
+    void dragCancelled();
 
 protected:
     explicit AQSlider(QWidget* parent, std::optional<QLinearGradient> gradient);

@@ -1,0 +1,98 @@
+#include "data/ContentsChange.h"
+
+#include <QStringLiteral>
+
+#include <algorithm>
+#include <optional>
+#include <unordered_map>
+
+namespace {
+
+using Kind = ContentsChange::Kind;
+
+QString clock(const AQTime& time) {
+    return QStringLiteral("%1:%2")
+        .arg(time.hour, 2, 10, QLatin1Char('0'))
+        .arg(time.minute, 2, 10, QLatin1Char('0'));
+}
+
+Kind kindOf(const AQTimePoint& before, const AQTimePoint& after) {
+    const bool isMoved = before.time != after.time;
+    const bool isColored = before.colorTemp != after.colorTemp;
+    const bool isDimmed = before.brightness != after.brightness;
+    if (isMoved + isColored + isDimmed != 1)
+        return Kind::point;
+    return isMoved ? Kind::time : isColored ? Kind::colorTemp : Kind::brightness;
+}
+
+ContentsChange ofPoints(const std::vector<AQTimePoint>& before,
+                        const std::vector<AQTimePoint>& after) {
+    std::unordered_map<AQPointId, const AQTimePoint*> former;
+    for (const AQTimePoint& point : before)
+        former.emplace(point.id, &point);
+    ContentsChange change;
+    int changes = 0;
+    for (const AQTimePoint& point : after) {
+        const auto known = former.extract(point.id);
+        if (known && *known.mapped() == point)
+            continue;
+        ++changes;
+        change.kind = known ? kindOf(*known.mapped(), point) : Kind::added;
+        change.after = point;
+        if (known)
+            change.before = *known.mapped();
+    }
+    for (const auto& [id, point] : former) {
+        ++changes;
+        change.kind = Kind::deleted;
+        change.before = *point;
+    }
+    if (changes > 1)
+        change.kind = Kind::points;
+    return change;
+}
+
+} // namespace
+
+ContentsChange ContentsChange::between(const DocumentContents& before,
+                                       const DocumentContents& after) {
+    ContentsChange change = ofPoints(before.points, after.points);
+    const bool isLightChanged = before.taskLight != after.taskLight;
+    const bool isModeChanged = before.isProgramMode != after.isProgramMode;
+    if ((change.kind != Kind::none) + isLightChanged + isModeChanged > 1)
+        change.kind = Kind::several;
+    else if (isLightChanged)
+        change.kind = Kind::taskLight;
+    else if (isModeChanged)
+        change.kind = Kind::mode;
+    change.isProgramMode = after.isProgramMode;
+    return change;
+}
+
+QString ContentsChange::name() const {
+    switch (kind) {
+    case Kind::time:
+        return QStringLiteral("Move %1 to %2").arg(clock(before.time), clock(after.time));
+    case Kind::colorTemp:
+        return QStringLiteral("Colour Temperature at %1").arg(clock(after.time));
+    case Kind::brightness:
+        return QStringLiteral("Intensity at %1").arg(clock(after.time));
+    case Kind::point:
+        return QStringLiteral("Edit %1").arg(clock(before.time));
+    case Kind::added:
+        return QStringLiteral("Add %1").arg(clock(after.time));
+    case Kind::deleted:
+        return QStringLiteral("Delete %1").arg(clock(before.time));
+    case Kind::taskLight:
+        return QStringLiteral("Task Light");
+    case Kind::mode:
+        return isProgramMode ? QStringLiteral("Switch to Program")
+                             : QStringLiteral("Switch to Analog Input");
+    case Kind::points:
+        return QStringLiteral("Edit Program");
+    case Kind::several:
+    case Kind::none:
+        break;
+    }
+    return QStringLiteral("Change");
+}

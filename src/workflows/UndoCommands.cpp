@@ -1,0 +1,32 @@
+#include "workflows/UndoCommands.h"
+
+#include "data/History.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QWidget>
+
+namespace {
+
+void show(QAction& item, bool isEnabled, const QString& verb, const QString& step) {
+    item.setEnabled(isEnabled);
+    item.setText(step.isEmpty() ? verb : verb + u' ' + step);
+}
+
+} // namespace
+
+UndoCommands::UndoCommands(History& history, QAction& menuitemUndo, QAction& menuitemRedo,
+                           QObject* parent)
+    : QObject(parent), m_history(history), m_undo(menuitemUndo), m_redo(menuitemRedo) {
+    connect(&m_undo, &QAction::triggered, &history, &History::undo);
+    connect(&m_redo, &QAction::triggered, &history, &History::redo);
+    connect(&history, &History::changed, this, &UndoCommands::refresh);
+    // Edits of one value are one step only as long as the person stays with it.
+    connect(qApp, &QApplication::focusChanged, &history, &History::endStep);
+    refresh();
+}
+
+void UndoCommands::refresh() {
+    show(m_undo, m_history.canUndo(), QStringLiteral("&Undo"), m_history.undoName());
+    show(m_redo, m_history.canRedo(), QStringLiteral("&Redo"), m_history.redoName());
+}
