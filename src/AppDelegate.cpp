@@ -115,6 +115,8 @@ void AppDelegate::connectDocument() {
             &PointTable::onTableItemAdd);
     connect(&m_window->curveView(), &AQCurveView::deleteRequested, &w.table,
             &PointTable::onTableItemDelete);
+    connect(&m_window->curveView(), &AQCurveView::addAtRequested, &w.table, &PointTable::addAt);
+    connect(&w.table, &PointTable::refused, &m_window->curveView(), &AQCurveView::tell);
     connect(&w.programMode, &ProgramMode::changed, this, &AppDelegate::updateControls);
 }
 

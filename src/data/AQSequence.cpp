@@ -105,6 +105,18 @@ void AQSequence::insert(int row, int minuteOfDay) {
     giveId(*point);
 }
 
+int AQSequence::add(const AQTimePoint& point, const QObject* sender) {
+    const auto behind =
+        std::ranges::upper_bound(m_data, point.time.minuteOfDay(), {},
+                                 [](const AQTimePoint& other) { return other.time.minuteOfDay(); });
+    const auto added = m_data.insert(behind, {point.time, point.colorTemp, point.brightness});
+    giveId(*added);
+    const int row = static_cast<int>(added - m_data.begin());
+    m_document.noteStep();
+    notifyDataChange(sender, true);
+    return row;
+}
+
 void AQSequence::deleteWithRow(int row, const QObject* sender) {
     if (!isRow(row))
         return;

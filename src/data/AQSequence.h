@@ -65,6 +65,9 @@ public:
     /// Inserts a point (colour temperature 0.5, intensity 0.5) half way to the next one, or at the
     /// latest free minute of the day. Returns its row. Posts dataChanged.
     int addNewAfter(int row, const QObject* sender);
+    /// Inserts `point` behind those of its minute and gives it an id. Returns its row. Posts
+    /// dataChanged.
+    int add(const AQTimePoint& point, const QObject* sender);
     /// Posts dataChanged.
     void deleteWithRow(int row, const QObject* sender);
     /// True when another point than `exceptRow` has this hour and minute.

@@ -52,5 +52,7 @@ ControlState ControlStates::editing(const WindowState& state) {
     if (!state.isProgramMode)
         return {false, QStringLiteral("The lamp follows its analog 1-10 V input; switch to "
                                       "programmed mode to edit the light program")};
-    return {true, {}};
+    return {true, QStringLiteral("Double-click to add a point, drag points up or down and their "
+                                 "time tag sideways.\nArrow keys select and dim, with Alt they "
+                                 "move in time.")};
 }

@@ -2,6 +2,8 @@
 
 #include "controls/points/AQPointList.h"
 #include "data/AQDataSource.h"
+#include "data/ProgramChanges.h"
+#include "data/ProgramInterpolation.h"
 #include "workflows/ControlStates.h"
 
 #include <QAbstractButton>
@@ -37,11 +39,34 @@ void PointTable::setEditingEnabled(bool enabled) {
 }
 
 void PointTable::onTableItemAdd() {
-    AQSequence& sequence = m_data.sequence();
-    if (!m_editingEnabled || !sequence.hasSpace())
+    if (!canAdd())
         return;
+    AQSequence& sequence = m_data.sequence();
     const int row = sequence.addNewAfter(m_data.selection().row(), this);
     m_data.selection().selectAdded(sequence.idAt(row), this);
+}
+
+void PointTable::addAt(const AQTimePoint& point) {
+    AQSequence& sequence = m_data.sequence();
+    const auto minute =
+        ProgramChanges::nearestFreeMinute(sequence.points(), point.time.minuteOfDay());
+    if (!canAdd() || !minute)
+        return;
+    AQTimePoint added = point;
+    if (*minute != point.time.minuteOfDay())
+        added = lightAt(sequence.points(), AQTime::fromMinuteOfDay(*minute));
+    m_data.selection().selectAdded(sequence.idAt(sequence.add(added, this)), this);
+}
+
+bool PointTable::canAdd() {
+    if (m_editingEnabled && !m_data.sequence().hasSpace())
+        Q_EMIT refused(limitReason());
+    return m_editingEnabled && m_data.sequence().hasSpace();
+}
+
+QString PointTable::limitReason() const {
+    return QStringLiteral("The controller holds no more than %1 points")
+        .arg(m_data.sequence().pointLimit());
 }
 
 void PointTable::onTableItemDelete() {
@@ -56,8 +81,7 @@ void PointTable::onTableItemDelete() {
 void PointTable::updateButtons() {
     ControlState add{true, QStringLiteral("Add a point after the selected one")};
     if (!m_data.sequence().hasSpace())
-        add = {false, QStringLiteral("The controller holds no more than %1 points")
-                          .arg(m_data.sequence().pointLimit())};
+        add = {false, limitReason()};
     ControlState remove{true, QStringLiteral("Delete the selected point")};
     if (m_data.selection().row() < 0)
         remove = {false, QStringLiteral("Select a point first")};

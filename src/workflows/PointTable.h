@@ -1,9 +1,11 @@
 #pragma once
 
 #include <QObject>
+#include <QString>
 
 class AQDataSource;
 class AQPointList;
+struct AQTimePoint;
 class QAbstractButton;
 class QAction;
 
@@ -29,10 +31,19 @@ public:
 
     /// Adds a point after the selected one, if any, and selects it.
     void onTableItemAdd();
+    /// Adds this point, or one at the nearest free minute with the light that the program has
+    /// there, and selects it.
+    void addAt(const AQTimePoint& point);
     /// Deletes the selected point.
     void onTableItemDelete();
 
+Q_SIGNALS:
+    /// No point can be added, for this reason.
+    void refused(const QString& reason);
+
 private:
+    bool canAdd();
+    QString limitReason() const;
     void updateButtons();
 
     AQDataSource& m_data;

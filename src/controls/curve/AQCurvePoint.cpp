@@ -20,6 +20,8 @@ AQCurvePoint::AQCurvePoint(AQPointId id, QWidget* parent) : QWidget(parent), m_i
     setGeometry(outOfSight, outOfSight, side, side);
     setCursor(Qt::SizeVerCursor);
     setFocusPolicy(Qt::NoFocus);
+    setToolTip(QStringLiteral("Drag up or down, with Ctrl for a tenth of the way.\n"
+                              "Double-click or Enter to type the values."));
 }
 
 void AQCurvePoint::setCentre(QPointF centre) {
@@ -110,6 +112,13 @@ void AQCurvePoint::mouseReleaseEvent(QMouseEvent* event) {
     endPress();
     if (!QRectF(rect()).contains(event->position()))
         Q_EMIT hoverEnded(this);
+}
+
+void AQCurvePoint::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton)
+        Q_EMIT doubleClicked(this);
+    else
+        event->ignore();
 }
 
 void AQCurvePoint::enterEvent(QEnterEvent*) {

@@ -45,6 +45,7 @@ public:
 
 Q_SIGNALS:
     void pressed(AQCurvePoint* point);
+    void doubleClicked(AQCurvePoint* point);
     /// The press has ended, however it did.
     void released(AQCurvePoint* point);
     /// The disc shall be at height `y` of the parent; once for each move of a drag. That is where
@@ -60,6 +61,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void enterEvent(QEnterEvent* event) override;
     void leaveEvent(QEvent* event) override;

@@ -1,32 +1,55 @@
 #include "controls/curve/AQCurveView.h"
 
 #include "controls/AccessibleFactory.h"
+#include "controls/Announcement.h"
 #include "controls/DisplayColors.h"
 #include "controls/LetGo.h"
 #include "controls/Percent.h"
 #include "controls/Strokes.h"
 #include "controls/curve/AQCurvePoint.h"
 #include "controls/curve/AQCurvePointAccessible.h"
+#include "controls/curve/AQCurveTimeTag.h"
 #include "controls/curve/AQCurveViewAccessible.h"
 #include "controls/curve/CurvePainter.h"
 #include "controls/popovers/AQCurvePointPopover.h"
+#include "controls/popovers/RefusalTip.h"
 #include "controls/time/TimeText.h"
 #include "data/AQSelection.h"
 #include "data/AQSequence.h"
 #include "data/History.h"
 #include "data/NotificationCenter.h"
+#include "data/ProgramChanges.h"
 #include "data/ProgramInterpolation.h"
 
 #include <QAccessible>
+#include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <unordered_map>
 
 namespace {
+
+/// Around the time tag, for its grips and for hands that aim at it.
+constexpr QMargins tagMargins{8, 4, 8, 4};
+
+/// Of what is said at a place from that place.
+constexpr QPoint tipDistance{12, 12};
+
+QString duringDemo() {
+    return QStringLiteral("The demo plays the day here. Stop it to edit the curve.");
+}
+
+/// Of those that would edit a point if the demo did not show the day.
+bool isEditingKey(const QKeyEvent& event) {
+    constexpr std::array keys{Qt::Key_Up,     Qt::Key_Down,   Qt::Key_Insert,
+                              Qt::Key_Delete, Qt::Key_Return, Qt::Key_F2};
+    return std::ranges::find(keys, event.key()) != keys.end();
+}
 
 void announce(QWidget* widget, QAccessible::Event type) {
     if (!QAccessible::isActive())
@@ -39,6 +62,7 @@ void announce(QWidget* widget, QAccessible::Event type) {
 
 AQCurveView::AQCurveView(AQSequence& sequence, AQSelection& selection, QWidget* parent)
     : QWidget(parent), m_sequence(sequence), m_selection(selection),
+      m_keyboard(*this, sequence, selection), m_timeTag(new AQCurveTimeTag(this)),
       m_pointPopover(new AQCurvePointPopover(this)) {
     AccessibleFactory::install<AQCurveView, AQCurveViewAccessible>();
     AccessibleFactory::install<AQCurvePoint, AQCurvePointAccessible>();
@@ -47,8 +71,9 @@ AQCurveView::AQCurveView(AQSequence& sequence, AQSelection& selection, QWidget* 
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setAccessibleName(QStringLiteral("Light program curve"));
     setAccessibleDescription(QStringLiteral(
-        "Left and Right select a time point, Up and Down change its intensity, Insert adds a "
-        "point, Delete removes it."));
+        "Left and Right select a time point, Up and Down change its intensity, Alt with Left and "
+        "Right its time, Enter opens fields for its values, Insert adds a point, Delete removes "
+        "it."));
 
     const NotificationCenter& center = sequence.notifications();
     connect(&center, &NotificationCenter::dataChanged, this, &AQCurveView::onDataChanged);
@@ -56,6 +81,7 @@ AQCurveView::AQCurveView(AQSequence& sequence, AQSelection& selection, QWidget* 
             [this](int, int, const QObject* sender) { onDataChanged(sender); });
     connect(&center, &NotificationCenter::sectionChanged, this, &AQCurveView::onSelectionChanged);
     connect(&sequence.history(), &History::gestureInterrupted, this, &AQCurveView::letGoOfPoint);
+    makeTimeTag();
     refresh();
 }
 
@@ -133,6 +159,12 @@ void AQCurveView::layoutPoints() {
         view->setIsSelected(view->id() == m_selection.id());
         describePoint(static_cast<int>(row));
     }
+    if (const int selected = points.empty() ? -1 : m_selection.row(); selected >= 0)
+        m_timeTag->setGeometry(
+            CurvePainter::tagRect(geometry, points[static_cast<std::size_t>(selected)].time)
+                .toAlignedRect()
+                .marginsAdded(tagMargins));
+    m_timeTag->setVisible(!points.empty() && m_selection.row() >= 0);
 }
 
 void AQCurveView::matchPointViews(std::span<const AQTimePoint> points) {
@@ -152,7 +184,12 @@ void AQCurveView::matchPointViews(std::span<const AQTimePoint> points) {
 
 AQCurvePoint* AQCurveView::makePointView(AQPointId id) {
     auto* view = new AQCurvePoint(id, this);
-    connect(view, &AQCurvePoint::pressed, this, &AQCurveView::onPointClicked);
+    connect(view, &AQCurvePoint::pressed, this, [this](AQCurvePoint* pressed) {
+        onPointClicked(pressed);
+        m_sequence.history().beginGesture();
+    });
+    connect(view, &AQCurvePoint::doubleClicked, this,
+            [this](AQCurvePoint* clicked) { requestEditor(clicked->id()); });
     connect(view, &AQCurvePoint::released, &m_sequence.history(), &History::endGesture);
     connect(view, &AQCurvePoint::dragged, this, &AQCurveView::onPointDragRequested);
     connect(view, &AQCurvePoint::hovered, this, &AQCurveView::onPointHover);
@@ -184,16 +221,22 @@ void AQCurveView::select(AQPointId id) {
     m_selection.select(id, this);
 }
 
-void AQCurveView::deselect() {
+bool AQCurveView::deselect() {
+    const bool isAnything = m_selection.id() != AQPointId::none || m_popoverId != AQPointId::none;
     closePointPopover();
     if (m_selection.id() != AQPointId::none)
         select(AQPointId::none);
+    return isAnything;
+}
+
+void AQCurveView::turnTo(AQPointId id) {
+    select(id);
+    showPointPopover(id);
 }
 
 void AQCurveView::onPointClicked(AQCurvePoint* point) {
     showFocus(false);
     select(point->id());
-    m_sequence.history().beginGesture();
 }
 
 void AQCurveView::onPointDragRequested(AQCurvePoint* point, double y) {
@@ -201,7 +244,34 @@ void AQCurveView::onPointDragRequested(AQCurvePoint* point, double y) {
     showPointPopover(point->id());
 }
 
+void AQCurveView::makeTimeTag() {
+    History& history = m_sequence.history();
+    connect(m_timeTag, &AQCurveTimeTag::pressed, this, [this, &history] {
+        showFocus(false);
+        setFocus(Qt::MouseFocusReason);
+        m_tagMinute = m_sequence.at(m_selection.row()).time.minuteOfDay();
+        history.beginGesture();
+    });
+    connect(m_timeTag, &AQCurveTimeTag::dragged, this, &AQCurveView::onTimeTagDragged);
+    connect(m_timeTag, &AQCurveTimeTag::released, this, [this, &history] {
+        history.endGesture();
+        closePointPopover();
+    });
+}
+
+void AQCurveView::onTimeTagDragged(double way, bool isFine) {
+    const AQPointId id = m_selection.id();
+    const CurveGeometry geometry = curveGeometry();
+    const double wanted = m_tagMinute + geometry.minuteAt(geometry.left() + way);
+    const auto free = ProgramChanges::draggedMinute(
+        points(), id, static_cast<int>(std::lround(wanted)), isFine ? 1 : usualMinutes);
+    if (free)
+        editTime(id, *free);
+    showPointPopover(id);
+}
+
 void AQCurveView::letGoOfPoint() {
+    m_timeTag->endPress();
     for (AQCurvePoint* view : m_pointViews)
         view->endPress();
 }
@@ -219,6 +289,14 @@ void AQCurveView::editIntensity(AQPointId id, double intensity) {
         return;
     m_sequence.updateWithRow(m_sequence.rowOf(id),
                              AQSequence::Brightness{std::clamp(intensity, 0.0, 1.0)}, this);
+    refresh();
+}
+
+void AQCurveView::editTime(AQPointId id, int minuteOfDay) {
+    const int row = m_sequence.rowOf(id);
+    if (!pointView(id) || m_sequence.at(row).time.minuteOfDay() == minuteOfDay)
+        return;
+    m_sequence.setTime(row, AQTime::fromMinuteOfDay(minuteOfDay), this);
     refresh();
 }
 
@@ -265,68 +343,79 @@ void AQCurveView::mousePressEvent(QMouseEvent* event) {
         event->ignore();
 }
 
+void AQCurveView::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton)
+        return event->ignore();
+    if (m_playheadTime)
+        return tell(duringDemo());
+    if (const auto point = pointAt(event->position(), event->modifiers() & Qt::ControlModifier))
+        Q_EMIT addAtRequested(*point);
+}
+
+std::optional<AQTimePoint> AQCurveView::pointAt(QPointF place, bool isFine) const {
+    const CurveGeometry geometry = curveGeometry();
+    const QRectF plot(QPointF(geometry.left(), geometry.top()),
+                      QPointF(geometry.right(), geometry.bottom()));
+    if (!plot.contains(place))
+        return std::nullopt;
+    const int step = isFine ? 1 : usualMinutes;
+    const int minute = static_cast<int>(std::lround(geometry.minuteAt(place.x()) / step)) * step;
+    const AQTime time = AQTime::fromMinuteOfDay(std::min(minute, AQTime::minutesPerDay - 1));
+    if (points().empty())
+        return AQTimePoint{.time = time, .brightness = geometry.intensityAt(place.y())};
+    return lightAt(points(), time);
+}
+
+void AQCurveView::contextMenuEvent(QContextMenuEvent* event) {
+    if (!showsPoints())
+        return event->ignore();
+    const bool isByKey = event->reason() == QContextMenuEvent::Keyboard;
+    const auto* under =
+        isByKey ? selectedPoint() : qobject_cast<AQCurvePoint*>(childAt(event->pos()));
+    if (!isByKey && under)
+        select(under->id());
+    const QPoint place = !isByKey ? event->pos()
+                         : under  ? under->geometry().center()
+                                  : rect().center();
+    closePointPopover();
+    Q_EMIT menuRequested(mapToGlobal(place), under != nullptr,
+                         isByKey ? std::nullopt : pointAt(place, false));
+}
+
+void AQCurveView::requestEditor(AQPointId id) {
+    if (!pointView(id))
+        return;
+    select(id);
+    closePointPopover();
+    Q_EMIT editRequested(id);
+}
+
+void AQCurveView::tell(const QString& reason) {
+    if (!m_refusalTip)
+        m_refusalTip = new RefusalTip(*this);
+    // Where the person looks: at the pointer, or at the point that the keyboard is at.
+    const AQCurvePoint* selected = selectedPoint();
+    const QPoint place = underMouse() ? mapFromGlobal(QCursor::pos())
+                         : selected   ? selected->geometry().center()
+                                      : rect().center();
+    m_refusalTip->tell(reason, QRect(place - tipDistance, place + tipDistance));
+    Announcement::make(*this, reason);
+}
+
+bool AQCurveView::event(QEvent* event) {
+    // A disabled view gets no gestures, but says why.
+    if (!isEnabled() && event->type() == QEvent::MouseButtonDblClick && !toolTip().isEmpty())
+        tell(toolTip());
+    return QWidget::event(event);
+}
+
 void AQCurveView::keyPressEvent(QKeyEvent* event) {
-    constexpr auto others = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
-    if (!showsPoints() || (event->modifiers() & others) || !handleKey(*event))
-        QWidget::keyPressEvent(event);
-    else
+    if (m_playheadTime && isEditingKey(*event))
+        return tell(duringDemo());
+    if (showsPoints() && m_keyboard.handle(*event))
         showFocus(true);
-}
-
-bool AQCurveView::handleKey(const QKeyEvent& event) {
-    const double step = event.modifiers() & Qt::ShiftModifier ? largeKeyStep : keyStep;
-    const int last = static_cast<int>(m_pointViews.size()) - 1;
-    const int selected = m_selection.row();
-    switch (event.key()) {
-    case Qt::Key_Left:
-        return stepSelection(selected < 0 ? last : std::max(selected - 1, 0));
-    case Qt::Key_Right:
-        return stepSelection(std::min(selected + 1, last));
-    case Qt::Key_Home:
-        return stepSelection(0);
-    case Qt::Key_End:
-        return stepSelection(last);
-    case Qt::Key_Up:
-        return stepIntensity(step);
-    case Qt::Key_Down:
-        return stepIntensity(-step);
-    case Qt::Key_Insert:
-        Q_EMIT addRequested();
-        return true;
-    case Qt::Key_Delete:
-        if (selected < 0)
-            return false;
-        Q_EMIT deleteRequested();
-        return true;
-    case Qt::Key_Escape:
-        if (m_sequence.history().isInGesture()) {
-            m_sequence.history().cancelGesture();
-            return true;
-        }
-        if (selected < 0 && m_popoverId == AQPointId::none)
-            return false;
-        deselect();
-        return true;
-    default:
-        return false;
-    }
-}
-
-bool AQCurveView::stepSelection(int row) {
-    if (m_pointViews.empty())
-        return false;
-    select(m_sequence.idAt(row));
-    showPointPopover(m_selection.id());
-    return true;
-}
-
-bool AQCurveView::stepIntensity(double step) {
-    const AQPointId id = m_selection.id();
-    if (id == AQPointId::none)
-        return false;
-    editIntensity(id, intensity(id) + step);
-    showPointPopover(id);
-    return true;
+    else
+        QWidget::keyPressEvent(event);
 }
 
 void AQCurveView::focusInEvent(QFocusEvent* event) {
@@ -361,60 +450,17 @@ void AQCurveView::resizeEvent(QResizeEvent*) {
 
 void AQCurveView::changeEvent(QEvent* event) {
     if (event->type() == QEvent::EnabledChange || event->type() == QEvent::FontChange) {
-        m_background = QPixmap();
+        m_background.forget();
         refresh();
     }
     QWidget::changeEvent(event);
-}
-
-void AQCurveView::makeBackground() {
-    m_background = QPixmap(m_backgroundSize);
-    m_background.fill(DisplayColors::neutral);
-    m_background.setDevicePixelRatio(m_backgroundScale);
-    {
-        QPainter painter(&m_background);
-        CurvePainter(painter, curveGeometry(), font()).drawBackground(isEnabled());
-    }
-    // One pixel of the pixmap is one of the device from here on, whatever the scale.
-    m_background.setDevicePixelRatio(1.0);
-}
-
-void AQCurveView::drawBackground(QPainter& painter, double scale) {
-    const QSize wanted(static_cast<int>(std::ceil(width() * scale)),
-                       static_cast<int>(std::ceil(height() * scale)));
-    if (m_backgroundSize != wanted || m_backgroundScale != scale) {
-        // The first picture of a size, at the start and in a resize, is mostly the last one too.
-        m_background = QPixmap();
-        m_backgroundSize = wanted;
-        m_backgroundScale = scale;
-        CurvePainter(painter, curveGeometry(), font()).drawBackground(isEnabled());
-        return;
-    }
-    if (m_background.isNull())
-        makeBackground();
-    const CurveGeometry geometry = curveGeometry();
-    // Within the axes there is the grid alone, and drawing that is faster than copying.
-    const QRectF plot(QPointF(geometry.left(), geometry.top()),
-                      QPointF(geometry.right(), geometry.bottom()));
-    const QRectF inside = plot.adjusted(1.0, 1.0, -1.0, -1.0);
-    const QRect blank(QRectF(inside.topLeft() * scale, inside.size() * scale).toRect());
-    painter.save();
-    painter.scale(1.0 / scale, 1.0 / scale);
-    painter.fillRect(blank, DisplayColors::neutral);
-    for (const QRect& part : QRegion(m_background.rect()) - blank)
-        painter.drawPixmap(part.topLeft(), m_background, part);
-    painter.setClipRect(blank);
-    painter.scale(scale, scale);
-    CurvePainter(painter, geometry, font()).drawGrid({});
-    painter.restore();
 }
 
 void AQCurveView::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     // The origin on a whole device pixel: at a scale of 1.5 a view may begin between two.
     painter.translate(Strokes::snapped(painter, QRectF(0.0, 0.0, 1.0, 1.0)).topLeft());
-    const double scale = painter.deviceTransform().m11();
-    drawBackground(painter, scale);
+    m_background.draw(painter, curveGeometry(), font(), isEnabled());
 
     CurvePainter curve(painter, curveGeometry(), font());
     const auto points = this->points();
@@ -424,12 +470,14 @@ void AQCurveView::paintEvent(QPaintEvent*) {
         } else {
             curve.drawFill(points);
             if (m_playheadTime) {
-                curve.drawTimeMarker(*m_playheadTime);
+                curve.drawTimeMarker(*m_playheadTime, false);
                 curve.drawPlayhead(m_playhead);
             } else if (const int selected = m_selection.row(); selected >= 0) {
-                curve.drawTimeMarker(m_sequence.at(selected).time);
+                curve.drawTimeMarker(m_sequence.at(selected).time, true);
             }
         }
+    } else if (showsPoints()) {
+        curve.drawHint(QStringLiteral("Double-click to add a point"));
     }
     if (hasFocus() && m_showsFocus)
         curve.drawFocusRing();

@@ -1,10 +1,11 @@
 #pragma once
 
+#include "controls/curve/CurveBackground.h"
 #include "controls/curve/CurveGeometry.h"
+#include "controls/curve/CurveKeyboard.h"
 #include "data/AQSelection.h"
 #include "data/AQTimePoint.h"
 
-#include <QPixmap>
 #include <QWidget>
 
 #include <optional>
@@ -13,17 +14,24 @@
 
 class AQCurvePoint;
 class AQCurvePointPopover;
+class AQCurveTimeTag;
 class AQSequence;
+class RefusalTip;
 
 /// The curve editor: the light program as intensity over the time of day, coloured by colour
 /// temperature, with a point to select and drag for each time point.
 ///
-/// It edits the intensity of points alone. It has two states: editing, with the points and a marker
-/// at the selected one, and playhead, with a disc at the playhead and no points. Disabling it
-/// (QWidget::setEnabled) overrides both: no fill, no points, grey labels.
+/// It edits the intensity and the time of points. It has two states: editing, with the points and a
+/// marker at the selected one, and playhead, with a disc at the playhead and no points. Disabling
+/// it (QWidget::setEnabled) overrides both: no fill, no points, grey labels.
 ///
-/// From the keyboard, Left, Right, Home and End select a point, Up and Down change its intensity by
-/// 1 % (with Shift 10 %), Delete and Insert ask for a point to be removed or added, Escape lets go.
+/// A point is dragged up and down, with Ctrl a tenth of the way, and the tag of the selected one
+/// sideways to clock multiples of 5 minutes, with Ctrl of one. A drag is one step of the history,
+/// and Escape takes it back. From the keyboard, Left, Right, Home and End select a point, Up and
+/// Down change its intensity by 1 % (with Shift 10 %), Alt with Left and Right its time by 5
+/// minutes (with Shift 1), Enter and F2 ask for its editor, Delete and Insert for a point to be
+/// removed or added, Escape lets go. A double click asks for the editor of a point or for another
+/// point.
 ///
 /// Which point is selected is the selection's to know. A point view belongs to its point, so that a
 /// drag goes on with the point that was pressed when points change places.
@@ -33,6 +41,8 @@ class AQCurveView : public QWidget {
 public:
     static constexpr double keyStep = 0.01;
     static constexpr double largeKeyStep = 0.1;
+    /// What times are set to when nobody asks for the minute.
+    static constexpr int usualMinutes = 5;
 
     /// Draws and edits the program of `sequence`, follows its notifications and selects in
     /// `selection`; both must outlive this view. Changes that name this view as the sender are
@@ -71,20 +81,41 @@ public:
     /// The person sets the intensity of a point, limited to 0.0..1.0. Nothing happens without
     /// points on screen.
     void editIntensity(AQPointId id, double intensity);
+    /// The person sets the time of a point, to a minute of the day that is free.
+    void editTime(AQPointId id, int minuteOfDay);
     /// The intensity of a point, 0.0 for one that is not in the program.
     double intensity(AQPointId id) const;
+    /// The person turns to a point by the keyboard, which shows its values.
+    void turnTo(AQPointId id);
+    void showPointPopover(AQPointId id);
+    /// The person lets go of the selected point and its popover; false when there was neither.
+    bool deselect();
+    /// Selects the point and emits `editRequested`.
+    void requestEditor(AQPointId id);
+    /// Says for some seconds why something that was asked for here is not done.
+    void tell(const QString& reason);
 
 Q_SIGNALS:
     /// The person wants the selected point removed.
     void deleteRequested();
     /// The person wants a point added after the selected one, if any.
     void addRequested();
+    /// The person wants this point: it lies on the curve, or in an empty program at the pointer.
+    void addAtRequested(const AQTimePoint& point);
+    /// The person wants to type the values of this point, which is selected.
+    void editRequested(AQPointId id);
+    /// The person wants a menu at `place` on the screen: for the selected point, or for the curve,
+    /// where `there` could be added; none from the keyboard and beside the plot.
+    void menuRequested(QPoint place, bool isForPoint, std::optional<AQTimePoint> there);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
+    bool event(QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
@@ -103,30 +134,26 @@ private:
     void matchPointViews(std::span<const AQTimePoint> points);
     AQCurvePoint* makePointView(AQPointId id);
     void describePoint(int row);
-    void makeBackground();
-    void drawBackground(QPainter& painter, double scale);
-
+    void makeTimeTag();
+    void onTimeTagDragged(double way, bool isFine);
     void letGoOfPoint();
+    std::optional<AQTimePoint> pointAt(QPointF place, bool isFine) const;
     void select(AQPointId id);
-    void deselect();
     void showFocus(bool isShown);
-    bool handleKey(const QKeyEvent& event);
-    bool stepSelection(int row);
-    bool stepIntensity(double step);
-
-    void showPointPopover(AQPointId id);
     void closePointPopover();
     void refreshPopover();
 
     AQSequence& m_sequence;
     AQSelection& m_selection;
+    CurveKeyboard m_keyboard;
+    AQCurveTimeTag* m_timeTag;
+    int m_tagMinute = 0;                     ///< of the point whose tag was pressed, when it was
     std::vector<AQCurvePoint*> m_pointViews; ///< in the order of the day
     AQCurvePointPopover* m_pointPopover;
     AQPointId m_popoverId = AQPointId::none; ///< what the popover shows, none for the playhead too
     bool m_showsFocus = false;               ///< the keyboard was used here last, not the pointer
     std::optional<AQTime> m_playheadTime;
     AQTimePoint m_playhead{AQTime{}, 0.0, 0.0};
-    QPixmap m_background; ///< ground, axes and labels in device pixels; null until needed again
-    QSize m_backgroundSize;
-    double m_backgroundScale = 0.0;
+    RefusalTip* m_refusalTip = nullptr; ///< made for the first refusal
+    CurveBackground m_background;
 };

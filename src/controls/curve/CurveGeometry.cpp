@@ -16,6 +16,11 @@ double CurveGeometry::x(double minuteOfDay) const {
     return plotWidth() * minuteOfDay / AQTime::minutesPerDay + sideMargin;
 }
 
+double CurveGeometry::minuteAt(double x) const {
+    const double width = plotWidth();
+    return width > 0.0 ? (x - sideMargin) / width * AQTime::minutesPerDay : 0.0;
+}
+
 double CurveGeometry::y(double intensity) const {
     return fromBottom(plotHeight() * intensity + verticalMargin);
 }

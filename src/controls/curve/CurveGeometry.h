@@ -28,6 +28,8 @@ public:
     double x(double minuteOfDay) const;
     /// `intensity` is 0.0..1.0.
     double y(double intensity) const;
+    /// The minute of the day at a place, below 0 and above 1440 beside the plot.
+    double minuteAt(double x) const;
     /// The intensity at a height, limited to 0.0..1.0.
     double intensityAt(double y) const;
     QPointF position(const AQTimePoint& point) const;

@@ -8,12 +8,14 @@
 #include "controls/time/TimeText.h"
 #include "data/ProgramInterpolation.h"
 
+#include <QFontInfo>
 #include <QLineF>
 #include <QPainter>
 #include <QPolygonF>
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -35,6 +37,9 @@ constexpr int slabWidth = 64;
 constexpr int rowsAtOnce = 64;
 constexpr double markerWidth = 2.0;
 constexpr double markerHeadRadius = 4.0;
+constexpr double gripWidth = 7.0;
+constexpr double gripOverlap = 1.0; ///< with the tag, so that no seam shows
+constexpr int hintSize = 15;
 constexpr double playheadRadius = 10.0;
 constexpr double focusRingWidth = 2.0;
 /// What the sums of a place may be off a whole device pixel.
@@ -240,15 +245,43 @@ void CurvePainter::fillUnder(const QPolygonF& line, const QRect& plot, const QIm
     }
 }
 
-void CurvePainter::drawTimeMarker(AQTime time) {
+QRectF CurvePainter::tagRect(const CurveGeometry& geometry, AQTime time) {
+    return geometry.rectFromBottom(geometry.x(time.minuteOfDay()) - tagSize.width() / 2.0, 8.0,
+                                   tagSize.width(), tagSize.height());
+}
+
+// Points to both sides, as the pointer's shape does over it: there is no room for lines beside the
+// digits.
+void CurvePainter::drawGrip(const QRectF& tag) {
+    const double middle = tag.center().y();
+    for (const auto& [edge, tip] :
+         {std::pair(tag.left() + gripOverlap, tag.left() - gripWidth),
+          std::pair(tag.right() - gripOverlap, tag.right() + gripWidth)}) {
+        const QPointF corners[] = {{edge, tag.top()}, {tip, middle}, {edge, tag.bottom()}};
+        m_painter.drawPolygon(corners, 3);
+    }
+}
+
+void CurvePainter::drawHint(const QString& text) {
+    QFont font = m_font;
+    font.setPixelSize(std::max(hintSize, QFontInfo(m_font).pixelSize()));
+    m_painter.setFont(font);
+    m_painter.setPen(DisplayColors::disabled);
+    m_painter.drawText(QRectF(QPointF(m_geometry.left(), m_geometry.top()),
+                              QPointF(m_geometry.right(), m_geometry.bottom())),
+                       Qt::AlignCenter, text);
+}
+
+void CurvePainter::drawTimeMarker(AQTime time, bool isDraggable) {
     const double x = m_geometry.x(time.minuteOfDay());
     drawVertical(x, m_geometry.top(), m_geometry.bottom(), markerWidth, DisplayColors::line);
     m_painter.setPen(Qt::NoPen);
     m_painter.setBrush(DisplayColors::line);
     m_painter.drawEllipse(QPointF(x, m_geometry.top()), markerHeadRadius, markerHeadRadius);
 
-    const QRectF tag = m_geometry.rectFromBottom(x - tagSize.width() / 2.0, 8.0, tagSize.width(),
-                                                 tagSize.height());
+    const QRectF tag = tagRect(m_geometry, time);
+    if (isDraggable)
+        drawGrip(tag);
     fillBox(tag, DisplayColors::line);
     const QString text = timeText(time.hour, time.minute);
     m_painter.setFont(fittingFont(m_font, 13, tagSize, text));

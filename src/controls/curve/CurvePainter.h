@@ -34,8 +34,12 @@ public:
     /// The area under the curve in the colours of the light, and the outer half of the outline,
     /// as if the area covered the inner one. `points` must not be empty.
     void drawFill(std::span<const AQTimePoint> points);
-    /// The line over a time of day, its head, and the tag that hides the axis labels under it.
-    void drawTimeMarker(AQTime time);
+    /// The line over a time of day, its head, and the tag that hides the axis labels under it, with
+    /// a grip if it can be dragged.
+    void drawTimeMarker(AQTime time, bool isDraggable);
+    static QRectF tagRect(const CurveGeometry& geometry, AQTime time);
+    /// A line of grey text in the middle of the plot.
+    void drawHint(const QString& text);
     /// The disc of the playhead at its time and intensity.
     void drawPlayhead(const AQTimePoint& light);
     /// The frame that shows the keyboard's focus.
@@ -56,6 +60,7 @@ private:
     double linePixels(double width) const;
     /// Where a line at `y`, one unit thick, begins: its first row of device pixels.
     double topOfHorizontal(double y) const;
+    void drawGrip(const QRectF& tag);
     void fillBox(const QRectF& box, const QColor& color);
     void drawHorizontal(double fromX, double toX, double y, const QColor& color);
     void drawVertical(double x, double fromY, double toY, double width, const QColor& color);

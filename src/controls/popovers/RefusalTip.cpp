@@ -30,6 +30,10 @@ RefusalTip::RefusalTip(QWidget& owner) : QLabel(&owner), m_owner(owner) {
 }
 
 void RefusalTip::tell(const QString& reason) {
+    tell(reason, m_owner.rect());
+}
+
+void RefusalTip::tell(const QString& reason, const QRect& at) {
     layOver(*this, m_owner);
     const QSize room = parentWidget()->size();
     setText(reason);
@@ -37,9 +41,9 @@ void RefusalTip::tell(const QString& reason) {
     setWordWrap(sizeHint().width() > room.width());
     const int width = std::min(sizeHint().width(), room.width());
     resize(width, wordWrap() ? heightForWidth(width) : sizeHint().height());
-    QPoint place = m_owner.mapTo(parentWidget(), QPoint(0, m_owner.height() + 1));
+    QPoint place = m_owner.mapTo(parentWidget(), at.bottomLeft() + QPoint(0, 2));
     if (place.y() + height() > room.height())
-        place.ry() -= m_owner.height() + height() + 2;
+        place.ry() -= at.height() + height() + 2;
     place.setX(std::clamp(place.x(), 0, room.width() - width));
     move(place);
     show();

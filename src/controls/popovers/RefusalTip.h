@@ -12,7 +12,9 @@ class RefusalTip : public QLabel {
 public:
     explicit RefusalTip(QWidget& owner);
 
+    /// Below all of the owner, or below `place` in it.
     void tell(const QString& reason);
+    void tell(const QString& reason, const QRect& place);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

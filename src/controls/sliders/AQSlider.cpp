@@ -230,7 +230,8 @@ void AQSlider::wheelEvent(QWheelEvent* event) {
 }
 
 bool AQSlider::event(QEvent* event) {
-    if (event->type() == QEvent::Hide || event->type() == QEvent::EnabledChange)
+    if (event->type() == QEvent::Hide || event->type() == QEvent::EnabledChange ||
+        event->type() == QEvent::WindowBlocked)
         endDrag(); // without a release
     else if (event->type() == QEvent::FontChange)
         updateGeometry();

@@ -1,0 +1,100 @@
+#include "controls/curve/CurveKeyboard.h"
+
+#include "controls/curve/AQCurveView.h"
+#include "data/AQSelection.h"
+#include "data/AQSequence.h"
+#include "data/History.h"
+#include "data/ProgramChanges.h"
+
+#include <QKeyEvent>
+
+#include <algorithm>
+
+CurveKeyboard::CurveKeyboard(AQCurveView& view, AQSequence& sequence, const AQSelection& selection)
+    : m_view(view), m_sequence(sequence), m_selection(selection) {}
+
+bool CurveKeyboard::handle(const QKeyEvent& event) {
+    const auto modifiers = event.modifiers() & ~Qt::KeypadModifier;
+    const bool isShifted = modifiers & Qt::ShiftModifier;
+    if (modifiers & Qt::AltModifier && !(modifiers & ~(Qt::AltModifier | Qt::ShiftModifier))) {
+        const int step = isShifted ? 1 : AQCurveView::usualMinutes;
+        return event.key() == Qt::Key_Left    ? moveInTime(-step)
+               : event.key() == Qt::Key_Right ? moveInTime(step)
+                                              : false;
+    }
+    if (modifiers & ~Qt::ShiftModifier)
+        return false;
+    return handlePlain(event.key(), isShifted ? AQCurveView::largeKeyStep : AQCurveView::keyStep);
+}
+
+bool CurveKeyboard::handlePlain(int key, double step) {
+    const int last = m_sequence.count() - 1;
+    const int selected = m_selection.row();
+    switch (key) {
+    case Qt::Key_Left:
+        return turnTo(selected < 0 ? last : std::max(selected - 1, 0));
+    case Qt::Key_Right:
+        return turnTo(std::min(selected + 1, last));
+    case Qt::Key_Home:
+        return turnTo(0);
+    case Qt::Key_End:
+        return turnTo(last);
+    case Qt::Key_Up:
+        return dim(step);
+    case Qt::Key_Down:
+        return dim(-step);
+    case Qt::Key_Insert:
+        Q_EMIT m_view.addRequested();
+        return true;
+    case Qt::Key_Delete:
+        if (selected >= 0)
+            Q_EMIT m_view.deleteRequested();
+        return selected >= 0;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_F2:
+        if (selected >= 0)
+            m_view.requestEditor(m_selection.id());
+        return selected >= 0;
+    case Qt::Key_Escape:
+        return letGo();
+    default:
+        return false;
+    }
+}
+
+bool CurveKeyboard::turnTo(int row) {
+    if (m_sequence.count() > 0)
+        m_view.turnTo(m_sequence.idAt(row));
+    return m_sequence.count() > 0;
+}
+
+bool CurveKeyboard::dim(double step) {
+    const AQPointId id = m_selection.id();
+    if (id == AQPointId::none)
+        return false;
+    m_view.editIntensity(id, m_view.intensity(id) + step);
+    m_view.showPointPopover(id);
+    return true;
+}
+
+bool CurveKeyboard::moveInTime(int step) {
+    const AQPointId id = m_selection.id();
+    if (id == AQPointId::none)
+        return false;
+    const int minute = m_sequence.at(m_selection.row()).time.minuteOfDay();
+    // At the end of the day the key does nothing, but it is no other's either.
+    if (const auto free = ProgramChanges::freeMinuteFrom(m_sequence.points(), minute, step, id))
+        m_view.editTime(id, *free);
+    m_view.showPointPopover(id);
+    return true;
+}
+
+bool CurveKeyboard::letGo() {
+    History& history = m_sequence.history();
+    if (history.isInGesture()) {
+        history.cancelGesture();
+        return true;
+    }
+    return m_view.deselect();
+}

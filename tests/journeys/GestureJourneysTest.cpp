@@ -1,0 +1,140 @@
+#include "journeys/Journey.h"
+
+namespace {
+
+/// The whole program as text, so that a gesture is seen to do what it does and nothing else.
+class GestureJourneys : public testing::Test {
+protected:
+    void SetUp() override {
+        curve = journey.find("list", "Light program curve");
+        expectSoon([&] { return curve.isFocused() && curve.screenRect().x() > 0; }, true);
+        m_program = program();
+    }
+
+    static void hands(const std::string& actions) { Journey::hands(actions); }
+    /// Where a time and an intensity lie on the curve, for `hands`.
+    std::string at(int hour, int minute, double intensity) const {
+        const QRect view = curve.screenRect();
+        const double day = (hour * 60 + minute) / 1440.0;
+        return Journey::at(QPointF(view.left() + 60 + (view.width() - 120) * day,
+                                   view.top() + 40 + (view.height() - 80) * (1.0 - intensity))
+                               .toPoint());
+    }
+    /// The middle of the time tag of a point.
+    std::string tag(int hour, int minute) const {
+        return at(hour, minute, -22.0 / (curve.screenRect().height() - 80));
+    }
+    /// "08:30 0 100, 10:00 80 56": times, intensities and colour temperatures; the selected point
+    /// with a star.
+    std::string program() const {
+        std::string text;
+        for (const UiElement& point : curve.children()) {
+            const QStringList words = QString::fromStdString(point.name())
+                                          .remove(QLatin1Char(','))
+                                          .split(QLatin1Char(' '));
+            const auto word = [&](int index) { return words.value(index).toStdString(); };
+            text += (text.empty() ? "" : ", ") + word(4) + ' ' + word(6) + ' ' + word(10) +
+                    (point.isSelected() ? "*" : "");
+        }
+        return text;
+    }
+    static std::string withoutStar(std::string text) {
+        std::erase(text, '*');
+        return text;
+    }
+    /// Expects the gesture to put `after` in the place of `before`, and counts it as one step.
+    void step(const std::string& gesture, const std::string& before, const std::string& after,
+              std::source_location where = std::source_location::current()) {
+        hands(gesture);
+        expect(before, after, where);
+        ++m_steps;
+    }
+    void expect(const std::string& before, const std::string& after,
+                std::source_location where = std::source_location::current()) {
+        std::string expected = withoutStar(m_program);
+        const auto place = expected.find(before);
+        ASSERT_NE(place, std::string::npos) << before << " in " << expected;
+        expected.replace(place, before.size(), after);
+        expectSoon([&] { return program(); }, expected, where);
+        m_program = expected;
+    }
+    std::string undoEntry() const {
+        const UiElement entry = journey.front().find(
+            [](const UiElement& element) { return element.name().starts_with("Undo"); },
+            UiElement::Search::Hidden);
+        return entry.name() + (entry.isEnabled() ? "" : ", disabled");
+    }
+    void undoEverything() {
+        for (; m_steps > 0; --m_steps)
+            hands("key ctrl+z");
+        expectSoon([&] { return withoutStar(program()); }, start);
+        ASSERT_TRUE(journey.waitForTitle("Aquelon - Untitled"));
+        EXPECT_EQ(undoEntry(), "Undo, disabled");
+    }
+
+    Journey journey;
+    UiElement curve;
+    const std::string start = "08:30 0 100, 10:00 80 56, 15:00 100 50, 20:00 80 56, 21:00 50 92, "
+                              "22:30 15 100, 23:30 0 100";
+    std::string m_program;
+    int m_steps = 0;
+};
+
+TEST_F(GestureJourneys, handsOnTheCurve) {
+    const std::string held = " mousedown 1 sleep 0.2 "; // a window manager holds a press back
+    // Drags: plainly to the pointer, with Ctrl a tenth of the way, back by Escape.
+    step(at(15, 0, 1.0) + held + at(15, 0, 0.7) + ' ' + at(15, 0, 0.5) + " mouseup 1",
+         "15:00 100 50", "15:00 50 50*");
+    step(at(15, 0, 0.5) + held + "keydown ctrl " + at(15, 0, 0.6) + ' ' + at(15, 0, 0.9) +
+             " mouseup 1 keyup ctrl",
+         "15:00 50 50", "15:00 54 50*");
+    hands(at(15, 0, 0.54) + held + at(15, 0, 0.2));
+    expect("15:00 54 50", "15:00 20 50*");
+    hands("key Escape " + at(15, 0, 0.1) + " mouseup 1");
+    expect("15:00 20 50", "15:00 54 50*");
+
+    // The time tag of the selected point: past others, over taken minutes, far outside the day.
+    step(tag(15, 0) + held + tag(14, 0) + ' ' + tag(9, 3) + " mouseup 1",
+         "10:00 80 56, 15:00 54 50", "09:05 54 50*, 10:00 80 56");
+    step(tag(9, 5) + held + tag(9, 30) + ' ' + tag(10, 1) + " mouseup 1",
+         "09:05 54 50, 10:00 80 56", "10:00 80 56, 10:05 54 50*");
+    step(tag(10, 5) + held + "keydown ctrl " + tag(11, 0) + ' ' + tag(10, 48) +
+             " mouseup 1 keyup ctrl",
+         "10:05 54 50", "10:48 54 50*");
+    step(tag(10, 48) + held + tag(9, 0) + ' ' + Journey::at({0, 500}) + " mouseup 1",
+         "08:30 0 100, 10:00 80 56, 10:48 54 50", "00:00 54 50*, 08:30 0 100, 10:00 80 56");
+    hands(tag(0, 0) + held + tag(2, 0) + ' ' + tag(6, 0) + " key Escape mouseup 1");
+    expect("00:00 54 50", "00:00 54 50*");
+
+    // A double click adds a point on the curve, and on a taken minute beside it.
+    const std::string twice = " click --repeat 2 --delay 40 1";
+    step(at(9, 14, 0.9) + twice, "08:30 0 100, ", "08:30 0 100, 09:15 40 78*, ");
+    step(at(20, 0, 0.2) + twice, "20:00 80", "19:59 80 56*, 20:00 80");
+    step(at(4, 12, 0.2) + " keydown ctrl" + twice + " keyup ctrl", "08:30 0",
+         "04:12 27 75*, 08:30 0");
+
+    // Undo and Delete in the middle of a drag end it.
+    hands(at(10, 0, 0.8) + held + at(10, 0, 0.5) + " key ctrl+z " + at(10, 0, 0.3) + " mouseup 1");
+    expect("10:00 80 56", "10:00 80 56*");
+    step(at(10, 0, 0.8) + held + at(10, 0, 0.5) + " key Delete " + at(10, 0, 0.3) + " mouseup 1",
+         "10:00 80 56, 19:59 80 56", "19:59 80 56*");
+    undoEverything();
+}
+
+TEST_F(GestureJourneys, keysOnTheCurve) {
+    step("key Home Right Up Up shift+Down", "10:00 80 56", "10:00 72 56*");
+    // The window manager of the journeys has its own use for Alt with Shift.
+    step("key alt+Right alt+Right alt+Left", "10:00 72 56", "10:05 72 56*");
+    Journey::keys("ctrl+z ctrl+shift+z ctrl+z ctrl+shift+z");
+    expectSoon([&] { return undoEntry(); }, "Undo Move 10:00 to 10:05");
+    step("key Insert", "15:00 100", "12:33 50 50*, 15:00 100");
+    step("key Delete", "10:05 72 56, 12:33 50 50", "10:05 72 56*");
+    // Quicker than any hand, and to the same program.
+    std::string quick = "key --delay 0";
+    for (int i = 0; i < 100; ++i)
+        quick += i % 2 ? " ctrl+shift+z" : " ctrl+z";
+    hands(quick);
+    undoEverything();
+}
+
+} // namespace
