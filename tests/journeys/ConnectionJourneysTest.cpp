@@ -32,19 +32,27 @@ bool calmsDown(const Journey& journey) {
     });
 }
 
+/// In the panel that offers two.
+void choose(const Journey& journey, int index) {
+    const auto item = [](int of) {
+        return "Aquelon Controller /dev/" + Journey::port(of).toStdString();
+    };
+    ASSERT_TRUE(journey.chooseMenu("Open Device..."));
+    ASSERT_TRUE(Journey::waitUntil([&] {
+        return journey.find("combo box", item(0)).isFocused() ||
+               journey.find("combo box", item(1)).isFocused();
+    }));
+    Journey::keys(index == 0 ? "Home" : "End");
+    ASSERT_TRUE(journey.waitForText(item(index)));
+    ASSERT_TRUE(journey.press("OK"));
+}
+
 TEST(Connection, amongTwoThePersonChooses) {
-    const std::string item = "Aquelon Controller /dev/";
     const Journey journey("--devices 2");
     ASSERT_TRUE(journey.waitForText("NOT CONNECTED"));
     ASSERT_TRUE(calmsDown(journey));
     EXPECT_TRUE(journey.commands().empty());
-    ASSERT_TRUE(journey.chooseMenu("Open Device..."));
-    ASSERT_TRUE(Journey::waitUntil([&] {
-        return journey.find("combo box", item + Journey::port(0).toStdString()).isFocused();
-    }));
-    Journey::keys("Down");
-    ASSERT_TRUE(journey.waitForText(item + Journey::port(1).toStdString()));
-    ASSERT_TRUE(journey.press("OK"));
+    choose(journey, 1);
     ASSERT_TRUE(journey.waitForText("CONNECTED"));
 
     // From now on the other one is never opened, whatever happens.
@@ -60,6 +68,31 @@ TEST(Connection, amongTwoThePersonChooses) {
         EXPECT_TRUE(event.port == Journey::port(1).toStdString() ||
                     event.kind == WireEvent::Kind::Note)
             << event.toLine();
+}
+
+TEST(Connection, whatIsAskedForLastWinsOverAControllerThatIsSilent) {
+    Journey journey("--devices 2");
+    ASSERT_TRUE(journey.waitForText("NOT CONNECTED"));
+    choose(journey, 0);
+    ASSERT_TRUE(journey.waitForText("CONNECTED"));
+    ASSERT_TRUE(journey.press("Live mode"));
+    ASSERT_TRUE(journey.waitForCommand("CmdEnableDemoMode"));
+    journey.control("fault deaf"); // the first controller
+    choose(journey, 1);
+    ASSERT_FALSE(journey.dialog("Device Error!").empty());
+    ASSERT_TRUE(journey.press("OK") && journey.waitForCommand("CmdEnableDemoMode", 2));
+    EXPECT_EQ(journey.wire().back().port, Journey::port(1).toStdString());
+
+    journey.control("fault off");
+    choose(journey, 0);
+    ASSERT_TRUE(journey.waitForCommand("CmdEnableDemoMode", 3));
+    journey.control("fault deaf");
+    const int releases = journey.count("CmdDisableDemoMode");
+    choose(journey, 1);
+    ASSERT_TRUE(journey.waitForCommand("CmdDisableDemoMode", releases + 1));
+    journey.signal(SIGTERM);
+    EXPECT_EQ(journey.waitForEnd(), 0);
+    EXPECT_EQ(journey.wire().back().port, Journey::port(0).toStdString());
 }
 
 TEST(Connection, leavesForeignDevicesAloneAndConnectsFast) {
