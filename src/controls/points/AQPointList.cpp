@@ -141,8 +141,12 @@ void AQPointList::onSelectionChanged() {
     const bool isAnother = std::exchange(m_shownId, m_selection.id()) != m_selection.id();
     if (const PlacedRow* focused = focusedRow(); isAnother && focused && focused->row != selected)
         focusEditor(selected, focused->widget->focusedColumn(), Qt::OtherFocusReason);
+    scrollTo(selected);
+}
+
+void AQPointList::scrollTo(int row) {
     QScrollBar* bar = verticalScrollBar();
-    const int top = selected * m_rowHeight;
+    const int top = row * m_rowHeight;
     const int highest = top + m_rowHeight - viewport()->height();
     bar->setValue(std::clamp(bar->value(), std::min(highest, top), top));
 }
@@ -278,8 +282,13 @@ QSize AQPointList::minimumSizeHint() const {
 }
 
 void AQPointList::resizeEvent(QResizeEvent* event) {
+    const int selected = m_selection.row();
+    const int top = selected * m_rowHeight - verticalScrollBar()->value();
+    const bool wasSeen = selected >= 0 && top >= 0 && top < event->oldSize().height();
     QScrollArea::resizeEvent(event);
     layOut();
+    if (wasSeen)
+        scrollTo(selected);
 }
 
 void AQPointList::scrollContentsBy(int dx, int dy) {

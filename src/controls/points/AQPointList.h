@@ -71,6 +71,7 @@ private:
     void onSelectionChanged();
     void fitToFont();
     void layOut();
+    void scrollTo(int row);
     void placeRows(Making making);
     bool isKept(int row, int focusedRow) const;
     bool isNeeded(int row, int focusedRow) const;
