@@ -117,6 +117,8 @@ void AppDelegate::connectDocument() {
             &PointTable::onTableItemDelete);
     connect(&m_window->curveView(), &AQCurveView::addAtRequested, &w.table, &PointTable::addAt);
     connect(&w.table, &PointTable::refused, &m_window->curveView(), &AQCurveView::tell);
+    connect(&m_window->tableView(), &AQPointList::deleteRequested, &w.table,
+            &PointTable::onTableItemDelete);
     connect(&w.programMode, &ProgramMode::changed, this, &AppDelegate::updateControls);
 }
 

@@ -2,9 +2,9 @@
 
 #include "controls/AccentColor.h"
 #include "controls/Announcement.h"
+#include "controls/Draft.h"
 #include "controls/curve/AQCurveView.h"
 #include "controls/points/AQPointList.h"
-#include "controls/time/TimeField.h"
 #include "data/AQDataSource.h"
 #include "data/PointColumn.h"
 #include "ui_MainWindow.h"
@@ -96,8 +96,10 @@ void MainWindow::setShortcuts() {
 }
 
 bool MainWindow::finishTyping() {
-    auto* const field = qobject_cast<TimeField*>(focusWidget());
-    return !field || field->commitDraft();
+    for (QWidget* each = focusWidget(); each; each = each->parentWidget())
+        if (auto* const draft = dynamic_cast<Draft*>(each))
+            return draft->commit();
+    return true;
 }
 
 void MainWindow::requestClose() {

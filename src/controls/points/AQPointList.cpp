@@ -214,6 +214,7 @@ AQPointRow* AQPointList::makeRow(AQPointId id) {
     auto* row = new AQPointRow(m_sequence, id, widget());
     connect(row, &AQPointRow::turnedTo, this,
             [this](AQPointId turnedTo) { m_selection.select(turnedTo, this); });
+    connect(row, &AQPointRow::deleteRequested, this, &AQPointList::deleteRequested);
     return row;
 }
 

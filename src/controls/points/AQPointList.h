@@ -54,6 +54,10 @@ public:
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
+Q_SIGNALS:
+    /// The person wants the selected point removed.
+    void deleteRequested();
+
 protected:
     bool event(QEvent* event) override;
     bool focusNextPrevChild(bool next) override;

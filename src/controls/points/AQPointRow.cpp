@@ -1,6 +1,7 @@
 #include "controls/points/AQPointRow.h"
 
 #include "controls/AccentColor.h"
+#include "controls/EditKeys.h"
 #include "controls/points/AQPointListAccessible.h"
 #include "controls/sliders/AQSliderBrightness.h"
 #include "controls/sliders/AQSliderColorTemp.h"
@@ -8,6 +9,7 @@
 #include "controls/time/AQTimeEdit.h"
 #include "controls/time/TimeText.h"
 #include "data/AQSequence.h"
+#include "data/History.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -20,6 +22,7 @@ AQPointRow::AQPointRow(AQSequence& sequence, AQPointId id, QWidget* parent)
       m_brightness(new AQSliderBrightness(this)), m_editors{m_time, m_colorTemp, m_brightness} {
     for (AQValueView* editor : m_editors)
         editor->setDelegate(this);
+    m_time->setLeavesDelete(true);
     makeDragsSteps(*m_colorTemp, sequence.history());
     makeDragsSteps(*m_brightness, sequence.history());
     // Also where a limit keeps the value: the person has edited the document all the same.
@@ -108,10 +111,25 @@ void AQPointRow::mousePressEvent(QMouseEvent* event) {
     editor(column).setFocus(Qt::MouseFocusReason);
 }
 
+// What an editor has no use for.
+void AQPointRow::keyPressEvent(QKeyEvent* event) {
+    if (!isDeleteKey(*event))
+        return QWidget::keyPressEvent(event);
+    turnTo();
+    Q_EMIT deleteRequested();
+}
+
 void AQPointRow::aqValueDidChange(AQValueView& view, const QVariant& /*value*/) {
     // The sliders say apart when it was the person who set them; the time says nothing else.
-    if (&view == m_time)
-        m_sequence.setTime(m_sequence.rowOf(m_id), m_time->time(), this);
+    if (&view != m_time)
+        return;
+    // What is typed is a step of its own; presses of the step keys that follow each other are one.
+    const bool isTyped = m_time->isTyped();
+    if (isTyped)
+        m_sequence.history().endStep();
+    m_sequence.setTime(m_sequence.rowOf(m_id), m_time->time(), this);
+    if (isTyped)
+        m_sequence.history().endStep();
 }
 
 bool AQPointRow::aqValueShouldChange(AQValueView& /*view*/, const QVariant& value) {

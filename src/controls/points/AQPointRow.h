@@ -45,10 +45,13 @@ public:
 Q_SIGNALS:
     /// The keyboard focus came to one of the editors, or the value of one was set without it.
     void turnedTo(AQPointId id);
+    /// The person wants this point, which was turned to, removed.
+    void deleteRequested();
 
 protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
 
 private:

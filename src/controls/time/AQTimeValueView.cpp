@@ -47,6 +47,14 @@ void AQTimeValueView::setRefusalText(const QString& text) {
     m_field->setRefusalText(text);
 }
 
+void AQTimeValueView::setLeavesDelete(bool leaves) {
+    m_field->setLeavesDelete(leaves);
+}
+
+bool AQTimeValueView::isTyped() const {
+    return m_field->isTyped();
+}
+
 bool AQTimeValueView::showsRefusal() const {
     return m_field->showsRefusal();
 }

@@ -27,6 +27,10 @@ public:
 
     /// What the person reads when the delegate refuses; "%1" stands for the refused value.
     void setRefusalText(const QString& text);
+    /// The Delete key belongs to the typing; without any the parent widgets get it.
+    void setLeavesDelete(bool leaves);
+    /// True while a change is asked about and reported that was typed, and not stepped to.
+    bool isTyped() const;
     /// True for the moment in which a refusal is shown.
     bool showsRefusal() const;
 

@@ -1,6 +1,7 @@
 #include "controls/time/TimeField.h"
 
 #include "controls/Announcement.h"
+#include "controls/EditKeys.h"
 #include "controls/popovers/RefusalTip.h"
 #include "controls/time/TimeFieldAccessible.h"
 
@@ -117,13 +118,20 @@ bool TimeField::hasDraft() const {
     return lineEdit()->text() != m_format->text(m_time);
 }
 
-bool TimeField::commitDraft() {
+bool TimeField::commit() {
     if (!hasDraft())
         return true;
-    if (const auto typed = m_format->parse(lineEdit()->text()))
-        return offerTime(*typed);
-    refuse(m_format->hint());
-    return false;
+    const auto typed = m_format->parse(lineEdit()->text());
+    if (!typed) {
+        refuse(m_format->hint());
+        return false;
+    }
+    const QPointer<TimeField> alive(this);
+    m_isTyped = true;
+    const bool accepted = offerTime(*typed);
+    if (alive)
+        m_isTyped = false;
+    return accepted;
 }
 
 bool TimeField::offerTime(const AQTime& time) {
@@ -199,7 +207,20 @@ bool TimeField::moveBetweenSections(QKeyEvent* event) {
     return false;
 }
 
+bool TimeField::event(QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride && !hasDraft() &&
+        isEditKey(*static_cast<QKeyEvent*>(event))) {
+        event->ignore();
+        return true;
+    }
+    return QAbstractSpinBox::event(event);
+}
+
 void TimeField::keyPressEvent(QKeyEvent* event) {
+    if (m_leavesDelete && !hasDraft() && isDeleteKey(*event)) {
+        event->ignore();
+        return;
+    }
     switch (event->key()) {
     case Qt::Key_Escape:
         if (hasDraft()) {
@@ -213,7 +234,7 @@ void TimeField::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Enter: {
         const bool hadDraft = hasDraft();
         const QPointer<TimeField> alive(this);
-        const bool committed = commitDraft();
+        const bool committed = commit();
         if (alive && committed) {
             selectAll();
             // With nothing left to commit, Enter belongs to the dialog's default button.
@@ -250,7 +271,7 @@ void TimeField::focusOutEvent(QFocusEvent* event) {
     const QPointer<TimeField> alive(this);
     const Qt::FocusReason reason = event->reason();
     if (reason != Qt::PopupFocusReason)
-        commitDraft();
+        commit();
     if (alive)
         Q_EMIT focusLeft(reason);
 }

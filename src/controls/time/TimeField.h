@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/Draft.h"
 #include "controls/time/TimeFormat.h"
 
 #include <QAbstractSpinBox>
@@ -16,7 +17,9 @@ class RefusalTip;
 /// and the wheel (only while focused) change the section under the caret at once. What `offer`
 /// refuses, or what makes no sense, leaves the old value, a red frame for a moment and the reason
 /// in words.
-class TimeField : public QAbstractSpinBox {
+///
+/// Undo, copy, cut and paste are the draft's; without one their keys go to the window's actions.
+class TimeField : public QAbstractSpinBox, public Draft {
     Q_OBJECT
 
 public:
@@ -35,8 +38,13 @@ public:
     /// True while the red frame is shown.
     bool showsRefusal() const { return m_refusalTimer.isActive(); }
 
-    /// Ends the typing as Enter does; false when the draft was refused, true without one.
-    bool commitDraft();
+    bool commit() override;
+    /// Typed text that is not entered yet.
+    bool hasDraft() const;
+    /// True while `offer` is shown a value that was typed, and not one that was stepped to.
+    bool isTyped() const { return m_isTyped; }
+    /// The Delete key, too, is the draft's alone: without one the parent widgets get it.
+    void setLeavesDelete(bool leaves) { m_leavesDelete = leaves; }
 
     void stepBy(int steps) override;
     QSize sizeHint() const override;
@@ -49,6 +57,7 @@ Q_SIGNALS:
     void focusLeft(Qt::FocusReason reason);
 
 protected:
+    bool event(QEvent* event) override;
     StepEnabled stepEnabled() const override;
     QValidator::State validate(QString& input, int& position) const override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -68,7 +77,6 @@ private:
     /// Left and Right between selected sections, ':' on the way to the next; true when done.
     bool moveBetweenSections(QKeyEvent* event);
 
-    bool hasDraft() const;
     bool offerTime(const AQTime& time);
     void refuse(const QString& reason);
     void showTime();
@@ -81,4 +89,6 @@ private:
     QTimer m_refusalTimer;
     RefusalTip* m_tip = nullptr; ///< made for the first refusal
     qsizetype m_lastLength = 0;
+    bool m_isTyped = false;
+    bool m_leavesDelete = false;
 };
