@@ -14,7 +14,7 @@ AQValueView::~AQValueView() = default;
 
 bool AQValueView::isWindowFocus() const {
     const QWidget* focus = window()->focusWidget();
-    return focus && (focus == this || focus == focusProxy());
+    return focus && (focus == this || isAncestorOf(focus));
 }
 
 QAccessibleInterface* AQValueView::accessibleParent() const {
@@ -42,7 +42,7 @@ void AQValueView::focusArrived() {
 
 void AQValueView::focusLeft(Qt::FocusReason reason) {
     update();
-    if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
+    if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason && !isWindowFocus())
         m_focusReported = false;
 }
 

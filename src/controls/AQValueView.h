@@ -28,7 +28,8 @@ public:
     /// A programmatic set; an object of the wrong kind is ignored.
     virtual void setObjectValue(const QVariant& object) = 0;
 
-    /// True while this view is its window's keyboard focus, even if another window is active.
+    /// True while this view, or a child of it, is its window's keyboard focus, even if another
+    /// window is active.
     bool isWindowFocus() const;
 
     /// What assistive programs meet: the child that takes the focus for this view, else the view.

@@ -28,6 +28,13 @@ void frame(QPainter& painter, const QRectF& rect, double thickness, const QColor
     painter.fillRect(QRectF(inner.topRight(), QPointF(outer.right(), inner.bottom())), color);
 }
 
+void refusal(QPainter& painter, const QRectF& field) {
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(refusalColor, 2.0));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(field.adjusted(1.0, 1.0, -1.0, -1.0), 3.0, 3.0);
+}
+
 void plusDarker(QPainter& painter, const QRectF& area,
                 const std::function<void(QPainter&)>& strokes) {
     // d - k, stopped at 0, is the inverse of (1 - d) + k, stopped at 1, which is Plus. Difference

@@ -16,6 +16,10 @@ QRectF snapped(const QPainter& painter, const QRectF& rect);
 /// An outline of `thickness` inside `rect`, its edges on device pixels and at least one wide.
 void frame(QPainter& painter, const QRectF& rect, double thickness, const QColor& color);
 
+/// Around a field whose text is wrong, in this colour.
+void refusal(QPainter& painter, const QRectF& field);
+inline constexpr QColor refusalColor{196, 43, 43};
+
 /// Plus-darker: what `strokes` draws takes light away from the opaque picture in `area`.
 ///
 /// Per channel: max(0, destination + source - 1), weighted with the stroke's coverage. `strokes`

@@ -35,6 +35,7 @@ PointTable::PointTable(AQDataSource& data, Outlets outlets, QObject* parent)
 void PointTable::setEditingEnabled(bool enabled) {
     m_editingEnabled = enabled;
     m_outlets.tableView.setEnabled(enabled);
+    m_outlets.tableView.setToolTip(enabled ? QString() : analogInputReason());
     updateButtons();
 }
 

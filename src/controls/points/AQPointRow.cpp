@@ -43,9 +43,10 @@ AQPointRow::~AQPointRow() {
         editor->setDelegate(nullptr);
 }
 
-// Screen readers edit what does not have the focus.
+// Screen readers edit what does not have the focus. A gesture, though, that is not here any more is
+// of a value that was typed, and kept because the person has turned elsewhere.
 void AQPointRow::turnTo() {
-    if (!m_isSelected)
+    if (!m_isSelected && !m_sequence.history().isInGesture())
         Q_EMIT turnedTo(m_id);
 }
 

@@ -6,6 +6,7 @@
 #include "controls/Percent.h"
 #include "controls/Strokes.h"
 #include "controls/sliders/AQSliderAccessible.h"
+#include "controls/sliders/SliderField.h"
 
 #include <QAccessible>
 #include <QFontInfo>
@@ -25,6 +26,11 @@ constexpr int gridUnit = 8;
 constexpr double focusedFrameWidth = 2.0;
 constexpr double frameWidth = 1.0;
 
+bool beginsValue(const QKeyEvent& event) {
+    return event.text().size() == 1 && QStringLiteral("0123456789+-.,").contains(event.text()) &&
+           !(event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
+}
+
 } // namespace
 
 AQSlider::AQSlider(QWidget* parent) : AQSlider(parent, std::nullopt) {}
@@ -34,6 +40,7 @@ AQSlider::AQSlider(QWidget* parent, std::optional<QLinearGradient> gradient)
       m_knobColor(QColor::fromRgbF(1.0F, 1.0F, 1.0F, 0.5F)) {
     AccessibleFactory::install<AQSlider, AQSliderAccessible>();
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    showHint();
 }
 
 void AQSlider::setValue(double value) {
@@ -67,6 +74,27 @@ QString AQSlider::valueText() const {
 void AQSlider::userSetValue(double value) {
     setValue(value);
     Q_EMIT edited();
+}
+
+void AQSlider::enterValue(double value) {
+    Q_EMIT dragBegan();
+    userSetValue(value);
+    Q_EMIT dragEnded();
+}
+
+// One that cannot be used leaves it to what it stands in to say why.
+void AQSlider::showHint() {
+    setToolTip(isEnabled() ? tr("Type a value, use the arrow keys (Shift: 10 %), or drag. Escape "
+                                "during a drag gives the old value back.")
+                           : QString());
+}
+
+void AQSlider::openField(const QString& typed) {
+    if (!m_field) {
+        m_field = new SliderField(*this);
+        connect(m_field, &TypedField::left, this, [this] { focusLeft(Qt::OtherFocusReason); });
+    }
+    m_field->open(typed);
 }
 
 QSize AQSlider::sizeHint() const {
@@ -211,7 +239,10 @@ void AQSlider::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_End:
         return userSetValue(1.0);
     default:
-        AQValueView::keyPressEvent(event);
+        if (beginsValue(*event) && !m_isDragged)
+            openField(event->text());
+        else
+            AQValueView::keyPressEvent(event);
     }
 }
 
@@ -235,5 +266,9 @@ bool AQSlider::event(QEvent* event) {
         endDrag(); // without a release
     else if (event->type() == QEvent::FontChange)
         updateGeometry();
+    if (event->type() == QEvent::EnabledChange)
+        showHint();
+    if (event->type() == QEvent::Resize && m_field)
+        m_field->place();
     return AQValueView::event(event);
 }

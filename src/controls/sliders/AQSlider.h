@@ -4,11 +4,14 @@
 
 #include <QLinearGradient>
 
+class SliderField;
+
 /// A horizontal slider for a fraction 0.0..1.0: a bar with a translucent knob.
 ///
 /// The mouse sets the value under the pointer; arrow keys and the wheel (only while focused) step
 /// by `valueIncrement()`, Page Up and Page Down by ten of them, with Shift the arrow keys by
-/// `largeStep`; Home and End go to the ends.
+/// `largeStep`; Home and End go to the ends. A digit, sign or decimal separator opens a field to
+/// type the value in.
 class AQSlider : public AQValueView {
     Q_OBJECT
 
@@ -37,6 +40,8 @@ public:
 
     /// An edit by the person: `setValue`, then `edited`.
     void userSetValue(double value);
+    /// The same for a value that was typed, between `dragBegan` and `dragEnded`.
+    void enterValue(double value);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -45,7 +50,7 @@ Q_SIGNALS:
     /// The person set a value, after the delegate heard of it; also where it stays the same, as at
     /// a limit, which the delegate does not hear of.
     void edited();
-    /// The left button went down here, and came up or was lost.
+    /// The left button went down here, and came up or was lost; or a typed value is set.
     void dragBegan();
     void dragEnded();
     /// Escape during a drag, which ends it; the old value is wanted back.
@@ -80,6 +85,8 @@ private:
     QColor labelColorOnKnob() const;
     void setFromPointer(double x);
     void drawFrame(QPainter& painter, const QRectF& rect) const;
+    void showHint();
+    void openField(const QString& typed);
 
     const std::optional<QLinearGradient> m_gradient;
     QColor m_selectColor;
@@ -88,5 +95,6 @@ private:
     double m_knobMargin = 2.0;
     double m_value = 0.0;
     int m_wheelRemainder = 0;
-    bool m_isDragged = false; ///< the left button went down here and is held
+    SliderField* m_field = nullptr; ///< made when it is first needed
+    bool m_isDragged = false;       ///< the left button went down here and is held
 };

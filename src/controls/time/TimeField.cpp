@@ -2,6 +2,7 @@
 
 #include "controls/Announcement.h"
 #include "controls/EditKeys.h"
+#include "controls/Strokes.h"
 #include "controls/popovers/RefusalTip.h"
 #include "controls/time/TimeFieldAccessible.h"
 
@@ -20,7 +21,6 @@ namespace {
 using namespace std::chrono_literals;
 constexpr int largeStep = 10;
 constexpr auto refusalShown = 1600ms;
-constexpr QColor refusalColor(196, 43, 43);
 
 } // namespace
 
@@ -287,8 +287,6 @@ void TimeField::paintEvent(QPaintEvent* event) {
     QAbstractSpinBox::paintEvent(event);
     if (showsRefusal()) {
         QPainter painter(this);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(QPen(refusalColor, 2.0));
-        painter.drawRoundedRect(QRectF(rect()).adjusted(1.0, 1.0, -1.0, -1.0), 3.0, 3.0);
+        Strokes::refusal(painter, rect());
     }
 }
