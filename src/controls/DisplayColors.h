@@ -15,6 +15,8 @@ inline constexpr QColor warm{246, 241, 111};
 inline constexpr QColor cold{53, 42, 156};
 /// Markers, outlines and enabled text.
 inline constexpr QColor line{0, 0, 0};
+/// Text beside more important text, on white.
+inline constexpr QColor quietText{96, 96, 96};
 /// Axes and everything that is disabled: white level 0.5.
 inline constexpr QColor disabled{128, 128, 128};
 

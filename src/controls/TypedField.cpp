@@ -55,8 +55,9 @@ void TypedField::setFault(const QString& fault) {
 
 QSize TypedField::sizeHint() const {
     constexpr int padding = 24;
+    constexpr int verticalPadding = 4;
     const int width = fontMetrics().horizontalAdvance(QStringLiteral("-100.0 %")) + padding;
-    return {width, QLineEdit::sizeHint().height()};
+    return {width, QLineEdit::sizeHint().height() + verticalPadding};
 }
 
 bool TypedField::event(QEvent* event) {

@@ -14,19 +14,6 @@ constexpr qsizetype columns = 3;
 /// For each minute of the day the number of the line that has it, 0 for none.
 using LineNumbers = std::array<int, AQTime::minutesPerDay>;
 
-QString percentText(double fraction) {
-    const std::uint8_t byte = byteFromFraction(fraction);
-    // What is no number gives 0, as it does in the byte.
-    const double percent = std::min(1.0, std::max(0.0, fraction)) * 100.0;
-    for (const int decimals : {0, 1}) {
-        QString text = QString::number(percent, 'f', decimals);
-        if (byteFromFraction(text.toDouble() / 100.0) == byte)
-            return text;
-    }
-    // Close to the limit between two bytes a decimal is too coarse, but not from the byte's middle.
-    return QString::number(fractionFromByte(byte) * 100.0, 'f', 1);
-}
-
 QStringList cellsOf(QStringView line) {
     for (const char16_t separator : {u'\t', u';'}) {
         if (!line.contains(separator))
@@ -67,13 +54,26 @@ TypedValue<AQTimePoint> pointFrom(QStringView line, int number, LineNumbers& lin
 
 } // namespace
 
+QString ProgramText::percent(double fraction) {
+    const std::uint8_t byte = byteFromFraction(fraction);
+    // What is no number gives 0, as it does in the byte.
+    const double percent = std::min(1.0, std::max(0.0, fraction)) * 100.0;
+    for (const int decimals : {0, 1}) {
+        QString text = QString::number(percent, 'f', decimals);
+        if (byteFromFraction(text.toDouble() / 100.0) == byte)
+            return text;
+    }
+    // Close to the limit between two bytes a decimal is too coarse, but not from the byte's middle.
+    return QString::number(fractionFromByte(byte) * 100.0, 'f', 1);
+}
+
 QString ProgramText::write(std::span<const AQTimePoint> points) {
     QString text;
     for (const AQTimePoint& point : points)
         text += QStringLiteral("%1:%2\t%3\t%4\n")
                     .arg(point.time.hour, 2, 10, QLatin1Char('0'))
                     .arg(point.time.minute, 2, 10, QLatin1Char('0'))
-                    .arg(percentText(point.brightness), percentText(point.colorTemp));
+                    .arg(percent(point.brightness), percent(point.colorTemp));
     return text;
 }
 

@@ -31,6 +31,9 @@ struct Reading {
 /// one decimal, and stand for the same stored byte (byteFromFraction()) as the fraction does.
 QString write(std::span<const AQTimePoint> points);
 
+/// A fraction in percent, whole or with one decimal, that stands for the same stored byte.
+QString percent(double fraction);
+
 /// Columns are separated by tabs, or else semicolons, or else blanks; their values are those of
 /// pastedTime() and pastedFraction(). Lines end with LF, CRLF or CR; empty ones are skipped, but
 /// counted. A time that an earlier line has already is a fault of the later line. A text without a

@@ -1,13 +1,11 @@
 #include "controls/popovers/AQCurvePointPopover.h"
 
-#include "controls/DisplayColors.h"
 #include "controls/popovers/AQCurvePointPopoverView.h"
 #include "controls/popovers/Overlay.h"
 #include "controls/popovers/PopoverShape.h"
 
 #include <QEvent>
 #include <QPainter>
-#include <QPainterPath>
 
 namespace {
 
@@ -74,14 +72,6 @@ void AQCurvePointPopover::applyPlacement() {
 
 void AQCurvePointPopover::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    const QPainterPath outline = PopoverShape::outline(m_placement, border / 2.0);
-    painter.setPen(QPen(DisplayColors::disabled, border));
-    painter.setBrush(AQCurvePointPopoverView::valueBandColor());
-    painter.drawPath(outline);
-    // The time band and an arrow above it.
-    const int bandBottom = m_popoverView->y() + AQCurvePointPopoverView::timeBandHeight;
-    painter.setClipRect(0, 0, width(), bandBottom);
-    painter.setBrush(DisplayColors::disabled);
-    painter.drawPath(outline);
+    PopoverShape::paintBanded(painter, m_placement,
+                              m_popoverView->y() + AQCurvePointPopoverView::timeBandHeight);
 }

@@ -30,10 +30,6 @@ AQCurvePointPopoverView::AQCurvePointPopoverView(QWidget* parent) : QWidget(pare
     setFixedSize(contentWidth, contentHeight);
 }
 
-QColor AQCurvePointPopoverView::valueBandColor() {
-    return DisplayColors::neutral;
-}
-
 void AQCurvePointPopoverView::setValue(const AQTimePoint& value) {
     if (value == m_value)
         return;
@@ -48,7 +44,7 @@ void AQCurvePointPopoverView::paintEvent(QPaintEvent*) {
     corners.addRoundedRect(rect(), PopoverPlacement::cornerRadius - 1,
                            PopoverPlacement::cornerRadius - 1);
     const QRect timeBand(0, 0, width(), timeBandHeight);
-    painter.fillPath(corners, valueBandColor());
+    painter.fillPath(corners, DisplayColors::neutral);
     QPainterPath upper;
     upper.addRect(timeBand);
     painter.fillPath(corners & upper, DisplayColors::disabled);

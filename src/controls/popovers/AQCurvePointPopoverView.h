@@ -18,12 +18,6 @@ public:
 
     explicit AQCurvePointPopoverView(QWidget* parent = nullptr);
 
-    /// The band of the values, and of an arrow that grows from it.
-    ///
-    /// White: on the grey of the time band the intensity, grey itself, could not be seen, and the
-    /// warm and cold levels hardly.
-    static QColor valueBandColor();
-
     const AQTimePoint& value() const { return m_value; }
     /// Redraws when the value changes.
     void setValue(const AQTimePoint& value);

@@ -1,7 +1,9 @@
 #include "controls/popovers/PopoverShape.h"
 
+#include "controls/DisplayColors.h"
 #include "controls/popovers/PopoverPlacement.h"
 
+#include <QPainter>
 #include <QPolygonF>
 
 namespace PopoverShape {
@@ -25,6 +27,19 @@ QPainterPath outline(const PopoverPlacement& placement, double inset) {
                    QPointF(x + PopoverPlacement::arrowHalfWidth, foot)}));
     arrow.closeSubpath();
     return path | arrow;
+}
+
+void paintBanded(QPainter& painter, const PopoverPlacement& placement, int bandBottom) {
+    constexpr double border = 1.0;
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QPainterPath shape = outline(placement, border / 2.0);
+    painter.setPen(QPen(DisplayColors::disabled, border));
+    painter.setBrush(DisplayColors::neutral);
+    painter.drawPath(shape);
+    // The band and an arrow above it.
+    painter.setClipRect(0, 0, placement.frame.width(), bandBottom);
+    painter.setBrush(DisplayColors::disabled);
+    painter.drawPath(shape);
 }
 
 } // namespace PopoverShape

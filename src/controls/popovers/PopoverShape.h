@@ -3,6 +3,7 @@
 #include <QPainterPath>
 #include <QRect>
 
+class QPainter;
 struct PopoverPlacement;
 
 /// The outline of a popover: a rounded body with an arrow to what it speaks about. Coordinates are
@@ -14,5 +15,11 @@ QRect body(const PopoverPlacement& placement);
 
 /// `inset` draws the outline in from the edge, for pens.
 QPainterPath outline(const PopoverPlacement& placement, double inset);
+
+/// The paper of the curve's popovers: white, grey down to `bandBottom` and around all.
+///
+/// White: on the grey the intensity, grey itself, could not be seen, and the warm and cold levels
+/// hardly.
+void paintBanded(QPainter& painter, const PopoverPlacement& placement, int bandBottom);
 
 } // namespace PopoverShape

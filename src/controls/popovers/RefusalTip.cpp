@@ -29,11 +29,8 @@ RefusalTip::RefusalTip(QWidget& owner) : QLabel(&owner), m_owner(owner) {
     connect(&m_timer, &QTimer::timeout, this, &QWidget::hide);
 }
 
-void RefusalTip::tell(const QString& reason) {
-    tell(reason, m_owner.rect());
-}
-
-void RefusalTip::tell(const QString& reason, const QRect& at) {
+void RefusalTip::tell(const QString& reason, const QRect& part) {
+    const QRect owner = part.isNull() ? m_owner.rect() : part;
     layOver(*this, m_owner);
     const QSize room = parentWidget()->size();
     setText(reason);
@@ -41,9 +38,9 @@ void RefusalTip::tell(const QString& reason, const QRect& at) {
     setWordWrap(sizeHint().width() > room.width());
     const int width = std::min(sizeHint().width(), room.width());
     resize(width, wordWrap() ? heightForWidth(width) : sizeHint().height());
-    QPoint place = m_owner.mapTo(parentWidget(), at.bottomLeft() + QPoint(0, 2));
+    QPoint place = m_owner.mapTo(parentWidget(), owner.bottomLeft() + QPoint(0, 2));
     if (place.y() + height() > room.height())
-        place.ry() -= at.height() + height() + 2;
+        place.ry() -= owner.height() + height() + 2;
     place.setX(std::clamp(place.x(), 0, room.width() - width));
     move(place);
     show();

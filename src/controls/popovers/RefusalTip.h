@@ -12,9 +12,8 @@ class RefusalTip : public QLabel {
 public:
     explicit RefusalTip(QWidget& owner);
 
-    /// Below all of the owner, or below `place` in it.
-    void tell(const QString& reason);
-    void tell(const QString& reason, const QRect& place);
+    /// Below `part` of the owner, or below all of it.
+    void tell(const QString& reason, const QRect& part = {});
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
