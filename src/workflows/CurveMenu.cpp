@@ -31,7 +31,7 @@ void CurveMenu::open(QPoint place, bool isForPoint, const std::optional<AQTimePo
     if (isForPoint) {
         menu->addAction(QStringLiteral("&Edit..."), this, [this] {
             if (const AQCurvePoint* selected = m_curveView.selectedPoint())
-                m_curveView.requestEditor(selected->id());
+                m_curveView.openFields(selected->id());
         });
         addEntry(*menu, QStringLiteral("&Copy"), m_items.menuitemCopy);
         addEntry(*menu, QStringLiteral("&Delete"), m_items.menuitemDeletePoint);

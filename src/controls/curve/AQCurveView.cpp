@@ -12,6 +12,7 @@
 #include "controls/curve/AQCurveViewAccessible.h"
 #include "controls/curve/CurvePainter.h"
 #include "controls/popovers/AQCurvePointPopover.h"
+#include "controls/popovers/AQPointFields.h"
 #include "controls/popovers/RefusalTip.h"
 #include "controls/time/TimeText.h"
 #include "data/AQSelection.h"
@@ -189,7 +190,7 @@ AQCurvePoint* AQCurveView::makePointView(AQPointId id) {
         m_sequence.history().beginGesture();
     });
     connect(view, &AQCurvePoint::doubleClicked, this,
-            [this](AQCurvePoint* clicked) { requestEditor(clicked->id()); });
+            [this](AQCurvePoint* clicked) { openFields(clicked->id()); });
     connect(view, &AQCurvePoint::released, &m_sequence.history(), &History::endGesture);
     connect(view, &AQCurvePoint::dragged, this, &AQCurveView::onPointDragRequested);
     connect(view, &AQCurvePoint::hovered, this, &AQCurveView::onPointHover);
@@ -326,7 +327,10 @@ void AQCurveView::refreshPopover() {
         m_pointPopover->showFor(m_playhead, QPointF(x, geometry.top()));
         return;
     }
-    if (!pointView(m_popoverId)) {
+    const bool areFieldsOpen = m_fields && m_fields->isOpen();
+    if (areFieldsOpen)
+        m_fields->setAnchor(geometry.position(m_sequence.at(m_sequence.rowOf(m_fields->id()))));
+    if (areFieldsOpen || !pointView(m_popoverId)) {
         m_popoverId = AQPointId::none;
         m_pointPopover->dismiss();
         return;
@@ -382,12 +386,17 @@ void AQCurveView::contextMenuEvent(QContextMenuEvent* event) {
                          isByKey ? std::nullopt : pointAt(place, false));
 }
 
-void AQCurveView::requestEditor(AQPointId id) {
+void AQCurveView::openFields(AQPointId id) {
     if (!pointView(id))
         return;
     select(id);
-    closePointPopover();
-    Q_EMIT editRequested(id);
+    if (!m_fields) {
+        m_fields = new AQPointFields(m_sequence, *this);
+        connect(m_fields, &AQPointFields::closed, this, &AQCurveView::refreshPopover);
+    }
+    m_popoverId = AQPointId::none;
+    m_fields->openFor(id, curveGeometry().position(m_sequence.at(m_sequence.rowOf(id))));
+    refreshPopover();
 }
 
 void AQCurveView::tell(const QString& reason) {

@@ -15,6 +15,7 @@
 class AQCurvePoint;
 class AQCurvePointPopover;
 class AQCurveTimeTag;
+class AQPointFields;
 class AQSequence;
 class RefusalTip;
 
@@ -90,8 +91,8 @@ public:
     void showPointPopover(AQPointId id);
     /// The person lets go of the selected point and its popover; false when there was neither.
     bool deselect();
-    /// Selects the point and emits `editRequested`.
-    void requestEditor(AQPointId id);
+    /// Selects the point and opens fields for its values at it.
+    void openFields(AQPointId id);
     /// Says for some seconds why something that was asked for here is not done.
     void tell(const QString& reason);
 
@@ -102,8 +103,6 @@ Q_SIGNALS:
     void addRequested();
     /// The person wants this point: it lies on the curve, or in an empty program at the pointer.
     void addAtRequested(const AQTimePoint& point);
-    /// The person wants to type the values of this point, which is selected.
-    void editRequested(AQPointId id);
     /// The person wants a menu at `place` on the screen: for the selected point, or for the curve,
     /// where `there` could be added; none from the keyboard and beside the plot.
     void menuRequested(QPoint place, bool isForPoint, std::optional<AQTimePoint> there);
@@ -150,6 +149,7 @@ private:
     int m_tagMinute = 0;                     ///< of the point whose tag was pressed, when it was
     std::vector<AQCurvePoint*> m_pointViews; ///< in the order of the day
     AQCurvePointPopover* m_pointPopover;
+    AQPointFields* m_fields = nullptr;       ///< made when first wanted
     AQPointId m_popoverId = AQPointId::none; ///< what the popover shows, none for the playhead too
     bool m_showsFocus = false;               ///< the keyboard was used here last, not the pointer
     std::optional<AQTime> m_playheadTime;

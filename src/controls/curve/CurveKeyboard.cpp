@@ -54,7 +54,7 @@ bool CurveKeyboard::handlePlain(int key, double step) {
     case Qt::Key_Enter:
     case Qt::Key_F2:
         if (selected >= 0)
-            m_view.requestEditor(m_selection.id());
+            m_view.openFields(m_selection.id());
         return selected >= 0;
     case Qt::Key_Escape:
         return letGo();
