@@ -6,6 +6,7 @@
 #include "data/DocumentContents.h"
 #include "data/History.h"
 #include "data/NotificationCenter.h"
+#include "data/ProgramPreview.h"
 #include "yprotocoll/DeviceInfo.h"
 
 #include <QObject>
@@ -55,6 +56,8 @@ public:
     const AQSequence& sequence() const { return m_sequence; }
     AQSelection& selection() { return m_selection; }
     History& history() { return m_history; }
+    ProgramPreview& preview() { return m_preview; }
+    const ProgramPreview& preview() const { return m_preview; }
 
     /// `time` is the duration: hour x 60 + minute minutes and `second` seconds.
     const AQTimePoint& taskLight() const { return m_taskLight; }
@@ -113,5 +116,6 @@ private:
     bool m_isDirty = false;
     Contents m_saved;
     std::optional<Contents> m_loaded;
+    ProgramPreview m_preview{*this};
     History m_history{*this};
 };

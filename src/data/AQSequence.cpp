@@ -27,6 +27,10 @@ History& AQSequence::history() const {
     return m_document.history();
 }
 
+const ProgramPreview& AQSequence::preview() const {
+    return m_document.preview();
+}
+
 int AQSequence::pointLimit() const {
     const auto device = m_document.device();
     return device ? device->pointLimit(defaultPointLimit) : defaultPointLimit;

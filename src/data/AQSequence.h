@@ -9,6 +9,7 @@
 class AQDataSource;
 class History;
 class NotificationCenter;
+class ProgramPreview;
 
 /// The daily light program: time points in ascending order of their minute of the day.
 ///
@@ -50,6 +51,8 @@ public:
     NotificationCenter& notifications() const;
     /// Where its changes are noted.
     History& history() const;
+    /// What is to be shown instead of it for a while.
+    const ProgramPreview& preview() const;
     /// The point limit of the connected controller, 20 without one or while it has not told.
     int pointLimit() const;
     /// True while `count()` is below `pointLimit()`. Insertion itself never refuses.

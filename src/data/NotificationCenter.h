@@ -27,4 +27,7 @@ Q_SIGNALS:
     /// The person turned to the point in this row, or the selected point is another or in another
     /// row than before; -1 for none. `AQSelection` tells which point it is.
     void sectionChanged(int row, const QObject* sender);
+    /// Other points are to be shown instead of the program, or the program again; the document
+    /// has not changed.
+    void previewChanged();
 };

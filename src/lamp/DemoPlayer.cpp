@@ -53,7 +53,7 @@ void DemoPlayer::onTick() {
 }
 
 void DemoPlayer::showLight() {
-    const AQTimePoint light = lightAt(m_data.sequence().points(), m_time);
+    const AQTimePoint light = lightAt(m_data.preview().points(), m_time);
     m_lamp.show(levelsFromLight(light.colorTemp, light.brightness));
 }
 

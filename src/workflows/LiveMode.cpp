@@ -28,6 +28,7 @@ LiveMode::LiveMode(AQDataSource& data, LampPreview& lamp, AQSwitchButton& bttnLi
     connect(&notifications, &NotificationCenter::sectionChanged, this, &LiveMode::onSectionChanged);
     connect(&notifications, &NotificationCenter::cellChanged, this, &LiveMode::onPointsChanged);
     connect(&notifications, &NotificationCenter::dataChanged, this, &LiveMode::onPointsChanged);
+    connect(&notifications, &NotificationCenter::previewChanged, this, &LiveMode::onPointsChanged);
     connect(&notifications, &NotificationCenter::dataLoaded, this,
             [this] { m_isTaskLightEdited = false; });
 }
@@ -86,8 +87,8 @@ void LiveMode::onPointsChanged() {
 std::optional<AQTimePoint> LiveMode::editedLight() const {
     if (m_isTaskLightEdited)
         return m_data.taskLight();
-    const int row = m_data.selection().row();
-    return row < 0 ? std::nullopt : std::optional(m_data.sequence().at(row));
+    const AQTimePoint* selected = m_data.preview().find(m_data.selection().id());
+    return selected ? std::optional(*selected) : std::nullopt;
 }
 
 void LiveMode::showEditedLight() {

@@ -5,6 +5,7 @@
 #include <QImage>
 
 #include <cmath>
+#include <set>
 
 namespace {
 
@@ -50,6 +51,33 @@ protected:
 };
 
 } // namespace
+
+// Beside the ghost's own line nothing differs, at the edge of the fill neither.
+TEST_F(CurvePaint, GhostShowsWhereItDiffersAndChangesNothingElse) {
+    const QImage plain = picture(1.0);
+    view.setGhost({{{AQTime{6, 0, 0}, 0.2, 0.5}, {AQTime{18, 0, 0}, 0.8, 0.5}}});
+    document.preview().show(document.sequence().points());
+    EXPECT_EQ(picture(1.0), plain) << "the same curve";
+    document.preview().end();
+
+    const auto rowsThatDiffer = [&](const QImage& image) {
+        std::set<int> rows;
+        for (int y = 0; y < plain.height(); ++y)
+            for (int x = 0; x < plain.width(); ++x)
+                if (image.pixel(x, y) != plain.pixel(x, y))
+                    rows.insert(y);
+        return rows;
+    };
+    for (const double intensity : {0.25, 0.75}) { // on the fill, and above it
+        view.setGhost({{{AQTime{6, 0, 0}, 0.0, intensity}}});
+        const int y = static_cast<int>(440.0 - 400.0 * intensity);
+        EXPECT_EQ(rowsThatDiffer(picture(1.0)), (std::set{y - 1, y})) << intensity;
+    }
+    view.setEnabled(false);
+    const QImage disabled = picture(1.0);
+    view.setGhost({});
+    EXPECT_EQ(picture(1.0), disabled);
+}
 
 TEST_F(CurvePaint, AxesFillPointsMarkerAndPlayhead) {
     expectPixels({{52, 240, grey}, // ticks of 50 % and of noon, and a dash of the axis

@@ -21,6 +21,7 @@
 #include "data/NotificationCenter.h"
 #include "data/ProgramChanges.h"
 #include "data/ProgramInterpolation.h"
+#include "data/ProgramPreview.h"
 
 #include <QAccessible>
 #include <QContextMenuEvent>
@@ -81,6 +82,7 @@ AQCurveView::AQCurveView(AQSequence& sequence, AQSelection& selection, QWidget* 
     connect(&center, &NotificationCenter::cellChanged, this,
             [this](int, int, const QObject* sender) { onDataChanged(sender); });
     connect(&center, &NotificationCenter::sectionChanged, this, &AQCurveView::onSelectionChanged);
+    connect(&center, &NotificationCenter::previewChanged, this, &AQCurveView::refresh);
     connect(&sequence.history(), &History::gestureInterrupted, this, &AQCurveView::letGoOfPoint);
     makeTimeTag();
     refresh();
@@ -97,7 +99,18 @@ QSize AQCurveView::minimumSizeHint() const {
 }
 
 std::span<const AQTimePoint> AQCurveView::points() const {
-    return m_sequence.points();
+    return m_sequence.preview().points();
+}
+
+std::span<const AQTimePoint> AQCurveView::ghost() const {
+    if (m_sequence.preview().isShown())
+        return m_sequence.points();
+    return m_ghost ? *m_ghost : std::span<const AQTimePoint>();
+}
+
+void AQCurveView::setGhost(std::optional<std::vector<AQTimePoint>> points) {
+    m_ghost = std::move(points);
+    update();
 }
 
 AQCurvePoint* AQCurveView::pointView(AQPointId id) const {
@@ -160,12 +173,13 @@ void AQCurveView::layoutPoints() {
         view->setIsSelected(view->id() == m_selection.id());
         describePoint(static_cast<int>(row));
     }
-    if (const int selected = points.empty() ? -1 : m_selection.row(); selected >= 0)
-        m_timeTag->setGeometry(
-            CurvePainter::tagRect(geometry, points[static_cast<std::size_t>(selected)].time)
-                .toAlignedRect()
-                .marginsAdded(tagMargins));
-    m_timeTag->setVisible(!points.empty() && m_selection.row() >= 0);
+    const AQTimePoint* selected =
+        showsPoints() ? m_sequence.preview().find(m_selection.id()) : nullptr;
+    if (selected)
+        m_timeTag->setGeometry(CurvePainter::tagRect(geometry, selected->time)
+                                   .toAlignedRect()
+                                   .marginsAdded(tagMargins));
+    m_timeTag->setVisible(selected != nullptr);
 }
 
 void AQCurveView::matchPointViews(std::span<const AQTimePoint> points) {
@@ -330,13 +344,14 @@ void AQCurveView::refreshPopover() {
     const bool areFieldsOpen = m_fields && m_fields->isOpen();
     if (areFieldsOpen)
         m_fields->setAnchor(geometry.position(m_sequence.at(m_sequence.rowOf(m_fields->id()))));
-    if (areFieldsOpen || !pointView(m_popoverId)) {
+    const AQTimePoint* point =
+        pointView(m_popoverId) ? m_sequence.preview().find(m_popoverId) : nullptr;
+    if (areFieldsOpen || !point) {
         m_popoverId = AQPointId::none;
         m_pointPopover->dismiss();
         return;
     }
-    const AQTimePoint& point = m_sequence.at(m_sequence.rowOf(m_popoverId));
-    m_pointPopover->showFor(point, geometry.position(point));
+    m_pointPopover->showFor(*point, geometry.position(*point));
 }
 
 void AQCurveView::mousePressEvent(QMouseEvent* event) {
@@ -473,20 +488,22 @@ void AQCurveView::paintEvent(QPaintEvent*) {
 
     CurvePainter curve(painter, curveGeometry(), font());
     const auto points = this->points();
-    if (!points.empty()) {
-        if (!isEnabled()) {
-            curve.drawOutline(points);
-        } else {
-            curve.drawFill(points);
-            if (m_playheadTime) {
-                curve.drawTimeMarker(*m_playheadTime, false);
-                curve.drawPlayhead(m_playhead);
-            } else if (const int selected = m_selection.row(); selected >= 0) {
-                curve.drawTimeMarker(m_sequence.at(selected).time, true);
-            }
-        }
-    } else if (showsPoints()) {
+    if (!points.empty() && !isEnabled())
+        curve.drawOutline(points);
+    else if (!points.empty())
+        curve.drawFill(points);
+    else if (showsPoints())
         curve.drawHint(QStringLiteral("Double-click to add a point"));
+    if (const auto ghost = this->ghost();
+        isEnabled() && !ghost.empty() && !std::ranges::equal(ghost, points))
+        curve.drawGhost(ghost);
+    if (!points.empty() && isEnabled()) {
+        if (m_playheadTime) {
+            curve.drawTimeMarker(*m_playheadTime, false);
+            curve.drawPlayhead(m_playhead);
+        } else if (const auto* selected = m_sequence.preview().find(m_selection.id())) {
+            curve.drawTimeMarker(selected->time, true);
+        }
     }
     if (hasFocus() && m_showsFocus)
         curve.drawFocusRing();

@@ -69,6 +69,10 @@ public:
     double playheadBrightness() const { return m_playhead.brightness; }
     double playheadColorTemp() const { return m_playhead.colorTemp; }
 
+    /// Other points to compare the curve with, dashed; absent, as at the start, for none. While
+    /// there is a preview, the program itself is shown so.
+    void setGhost(std::optional<std::vector<AQTimePoint>> points);
+
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
@@ -120,7 +124,9 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
+    /// The program, or its preview.
     std::span<const AQTimePoint> points() const;
+    std::span<const AQTimePoint> ghost() const;
     /// Null for a point that is not on screen.
     AQCurvePoint* pointView(AQPointId id) const;
     bool showsPoints() const { return isEnabled() && !m_playheadTime; }
@@ -154,6 +160,7 @@ private:
     bool m_showsFocus = false;               ///< the keyboard was used here last, not the pointer
     std::optional<AQTime> m_playheadTime;
     AQTimePoint m_playhead{AQTime{}, 0.0, 0.0};
+    std::optional<std::vector<AQTimePoint>> m_ghost;
     RefusalTip* m_refusalTip = nullptr; ///< made for the first refusal
     CurveBackground m_background;
 };

@@ -35,6 +35,8 @@ constexpr QColor gridColor{236, 236, 236};
 /// of threads. Slabs meet at whole pixels and leave no seams.
 constexpr int slabWidth = 64;
 constexpr int rowsAtOnce = 64;
+constexpr QColor ghostColor{150, 150, 150}; ///< stands out on the ground and on the cold light
+constexpr double ghostPeriod = 8.0;
 constexpr double markerWidth = 2.0;
 constexpr double markerHeadRadius = 4.0;
 constexpr double gripWidth = 7.0;
@@ -243,6 +245,27 @@ void CurvePainter::fillUnder(const QPolygonF& line, const QRect& plot, const QIm
         above.append({static_cast<double>(start), highest});
         m_painter.drawPolygon(above);
     }
+}
+
+void CurvePainter::drawGhost(std::span<const AQTimePoint> points) {
+    // Dash by dash, for the same reason as the outline.
+    const QPolygonF line = curveLine(points, m_geometry);
+    QList<QLineF> dashes;
+    double start = 0.0; // along the whole line
+    for (qsizetype i = 1; i < line.size(); ++i) {
+        const QLineF segment(line[i - 1], line[i]);
+        const double length = segment.length();
+        for (double dash = std::floor(start / ghostPeriod) * ghostPeriod; dash < start + length;
+             dash += ghostPeriod) {
+            const double from = std::max(dash - start, 0.0);
+            const double to = std::min(dash + ghostPeriod / 2.0 - start, length);
+            if (from < to)
+                dashes.append({segment.pointAt(from / length), segment.pointAt(to / length)});
+        }
+        start += length;
+    }
+    m_painter.setPen(QPen(ghostColor, 1.0, Qt::SolidLine, Qt::FlatCap));
+    m_painter.drawLines(dashes);
 }
 
 QRectF CurvePainter::tagRect(const CurveGeometry& geometry, AQTime time) {

@@ -34,6 +34,8 @@ public:
     /// The area under the curve in the colours of the light, and the outer half of the outline,
     /// as if the area covered the inner one. `points` must not be empty.
     void drawFill(std::span<const AQTimePoint> points);
+    /// The curve of other points as a thin dashed line. `points` must not be empty.
+    void drawGhost(std::span<const AQTimePoint> points);
     /// The line over a time of day, its head, and the tag that hides the axis labels under it, with
     /// a grip if it can be dragged.
     void drawTimeMarker(AQTime time, bool isDraggable);
