@@ -7,6 +7,7 @@
 #include "controls/popovers/AQHelpPopover.h"
 #include "controls/window/AQAboutPanel.h"
 #include "data/AQDataSource.h"
+#include "data/ProgramStatistics.h"
 #include "lamp/LampPreview.h"
 #include "lamp/Transfers.h"
 #include "ui_MainWindow.h"
@@ -72,6 +73,7 @@ AppDelegate::AppDelegate(const Services& services)
     connectPreview();
     connectHelp();
     updateControls();
+    showStatistics();
 }
 
 AppDelegate::~AppDelegate() = default;
@@ -120,6 +122,11 @@ void AppDelegate::connectDocument() {
     connect(&m_window->tableView(), &AQPointList::deleteRequested, &w.table,
             &PointTable::onTableItemDelete);
     connect(&w.programMode, &ProgramMode::changed, this, &AppDelegate::updateControls);
+
+    const NotificationCenter& center = m_services.data.notifications();
+    connect(&center, &NotificationCenter::dataChanged, this, &AppDelegate::showStatistics);
+    connect(&center, &NotificationCenter::cellChanged, this, &AppDelegate::showStatistics);
+    connect(&center, &NotificationCenter::previewChanged, this, &AppDelegate::showStatistics);
 }
 
 void AppDelegate::connectDevice() {
@@ -203,6 +210,10 @@ void AppDelegate::openChosenDevice(const std::string& path) {
 void AppDelegate::showSign() {
     const QString sign = m_workflows->departure.sign();
     m_window->showPreview(sign.isEmpty() ? m_workflows->lamp.sign() : sign);
+}
+
+void AppDelegate::showStatistics() {
+    m_workflows->ui.lblStatistics->setStatistics(statisticsOf(m_services.data.preview().points()));
 }
 
 void AppDelegate::menuSetDeviceTime() {

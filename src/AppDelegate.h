@@ -61,6 +61,7 @@ private:
     void onBttnHelpTask();
     void showTitle();
     void showSign();
+    void showStatistics();
     void updateControls();
 
     Services m_services;

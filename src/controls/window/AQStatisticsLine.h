@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QLabel>
+
+struct ProgramStatistics;
+
+/// The caption of the curve, on the same white ground below it: how much light the program gives in
+/// a day, in small grey letters that begin where the plot does.
+class AQStatisticsLine : public QLabel {
+    Q_OBJECT
+
+public:
+    explicit AQStatisticsLine(QWidget* parent);
+
+    void setStatistics(const ProgramStatistics& statistics);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};
