@@ -11,6 +11,7 @@
 #include "lamp/LampPreview.h"
 #include "lamp/Transfers.h"
 #include "ui_MainWindow.h"
+#include "workflows/ClipboardCommands.h"
 #include "workflows/ConnectionWorkflow.h"
 #include "workflows/ControlStates.h"
 #include "workflows/DemoMode.h"
@@ -41,6 +42,8 @@ struct AppDelegate::Workflows {
           transfer(transfers, documents, services.prompts),
           table(services.data, {window.tableView(), *ui.bttnTableItemAdd, *ui.bttnTableItemDelete,
                                 *ui.menuitemAddPoint, *ui.menuitemDeletePoint}),
+          clipboard(services.data, services.prompts,
+                    {*ui.menuitemCut, *ui.menuitemCopy, *ui.menuitemPaste}),
           taskLight(services.data,
                     {*ui.pickerTaskTime, *ui.sliderTaskTemp, *ui.sliderTaskBrightness}),
           programMode(services.data, services.controller, *ui.bttnSwitchProgMode),
@@ -56,6 +59,7 @@ struct AppDelegate::Workflows {
     Transfers transfers;
     TransferWorkflow transfer;
     PointTable table;
+    ClipboardCommands clipboard;
     TaskLightEditor taskLight;
     ProgramMode programMode;
     LampPreview lamp;
@@ -240,8 +244,10 @@ void AppDelegate::updateControls() {
     w.ui.menuitemRunDemo->setText(state.isDemo ? QStringLiteral("&Stop Demo")
                                                : QStringLiteral("&Run Demo"));
     ControlStates::deviceTime(state).applyTo(*w.ui.menuitemSetDeviceTime);
-    ControlStates::editing(state).applyTo(m_window->curveView());
-    w.table.setEditingEnabled(ControlStates::editing(state).isEnabled);
+    const ControlState editing = ControlStates::editing(state);
+    editing.applyTo(m_window->curveView());
+    w.table.setEditingEnabled(editing.isEnabled);
+    w.clipboard.setEditing(editing);
 }
 
 void AppDelegate::showTitle() {

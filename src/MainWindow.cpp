@@ -49,9 +49,10 @@ MainWindow::MainWindow(AQDataSource& document)
     // Not larger than the screen, which may be a small one.
     resize(size().boundedTo(screen()->availableSize()));
     setShortcuts();
-    for (const QAction* command : {m_ui->menuitemNew, m_ui->menuitemOpen, m_ui->menuitemSave,
-                                   m_ui->menuitemSaveAs, m_ui->menuitemUndo, m_ui->menuitemRedo,
-                                   m_ui->menuitemAddPoint, m_ui->menuitemLoad, m_ui->menuitemSend})
+    for (const QAction* command :
+         {m_ui->menuitemNew, m_ui->menuitemOpen, m_ui->menuitemSave, m_ui->menuitemSaveAs,
+          m_ui->menuitemUndo, m_ui->menuitemRedo, m_ui->menuitemCut, m_ui->menuitemCopy,
+          m_ui->menuitemPaste, m_ui->menuitemAddPoint, m_ui->menuitemLoad, m_ui->menuitemSend})
         connect(command, &QAction::triggered, this, &MainWindow::finishTyping);
     connect(m_ui->menuitemQuit, &QAction::triggered, this, &MainWindow::requestClose);
     showConnected(false);
@@ -84,6 +85,9 @@ void MainWindow::setShortcuts() {
     redo.removeAll(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z));
     redo.prepend(Qt::CTRL | Qt::SHIFT | Qt::Key_Z);
     m_ui->menuitemRedo->setShortcuts(redo);
+    m_ui->menuitemCut->setShortcuts(QKeySequence::Cut);
+    m_ui->menuitemCopy->setShortcuts(QKeySequence::Copy);
+    m_ui->menuitemPaste->setShortcuts(QKeySequence::Paste);
     m_ui->menuitemAddPoint->setShortcut(Qt::CTRL | Qt::Key_Plus);
     m_ui->menuitemDeletePoint->setShortcut(Qt::CTRL | Qt::Key_Minus);
     m_ui->menuitemOpenDevice->setShortcut(Qt::CTRL | Qt::Key_D);

@@ -129,6 +129,13 @@ void AQSequence::deleteWithRow(int row, const QObject* sender) {
     notifyDataChange(sender, true);
 }
 
+void AQSequence::replaceAll(std::vector<AQTimePoint> points, const QString& stepName,
+                            const QObject* sender) {
+    replacePoints(std::move(points));
+    m_document.noteStep(stepName);
+    notifyDataChange(sender, true);
+}
+
 bool AQSequence::hasPointAt(AQTime time, int exceptRow) const {
     for (int row = 0; row < count(); ++row)
         if (row != exceptRow && minuteAt(row) == time.minuteOfDay())

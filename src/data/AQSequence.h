@@ -73,6 +73,11 @@ public:
     int add(const AQTimePoint& point, const QObject* sender);
     /// Posts dataChanged.
     void deleteWithRow(int row, const QObject* sender);
+    /// Takes `points`, in ascending order of the minute, as the whole program; those that bear an
+    /// id keep it. One step of the history of this name, even when a gesture is going on; none
+    /// when the points are the same. Posts dataChanged.
+    void replaceAll(std::vector<AQTimePoint> points, const QString& stepName,
+                    const QObject* sender);
     /// True when another point than `exceptRow` has this hour and minute.
     bool hasPointAt(AQTime time, int exceptRow) const;
 

@@ -70,6 +70,19 @@ void DialogPrompts::confirm(const QString& message, const QString& informative, 
     box->show();
 }
 
+void DialogPrompts::offer(const QString& message, const QString& informative, const QString& button,
+                          std::function<void(bool)> done) {
+    QMessageBox* box = makeBox(message, informative);
+    box->setIcon(QMessageBox::Question);
+    const auto* offered = box->addButton(button, QMessageBox::AcceptRole);
+    auto* cancel = box->addButton(QStringLiteral("&Cancel"), QMessageBox::RejectRole);
+    box->setDefaultButton(cancel);
+    box->setEscapeButton(cancel);
+    QObject::connect(box, &QDialog::finished, box,
+                     [box, offered, done] { done(box->clickedButton() == offered); });
+    box->show();
+}
+
 void DialogPrompts::alert(const QString& message, const QString& informative, Severity severity) {
     QMessageBox* box = makeBox(message, informative);
     box->setIcon(severity == Severity::Critical ? QMessageBox::Critical : QMessageBox::Information);

@@ -17,6 +17,8 @@ public:
                    std::function<void(SaveAnswer)> done) override;
     void confirm(const QString& message, const QString& informative, Answer usual,
                  std::function<void(bool)> done) override;
+    void offer(const QString& message, const QString& informative, const QString& button,
+               std::function<void(bool)> done) override;
     void alert(const QString& message, const QString& informative, Severity severity) override;
     void askForFileToOpen(std::function<void(std::optional<QString>)> done) override;
     void askWhereToSave(const QString& suggested,

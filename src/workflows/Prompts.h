@@ -24,6 +24,9 @@ public:
     /// Yes or no, `usual` being what Enter answers; `done` gets true for yes only.
     virtual void confirm(const QString& message, const QString& informative, Answer usual,
                          std::function<void(bool)> done) = 0;
+    /// `button` beside "Cancel", which is what Enter answers; `done` gets true for the button only.
+    virtual void offer(const QString& message, const QString& informative, const QString& button,
+                       std::function<void(bool)> done) = 0;
     /// One "OK" button.
     virtual void alert(const QString& message, const QString& informative, Severity severity) = 0;
     /// Asks for an existing settings file; none when cancelled.

@@ -29,6 +29,11 @@ public:
         asked << message + u'|' + informative;
         done(take(confirmations, false));
     }
+    void offer(const QString& message, const QString& informative, const QString& button,
+               std::function<void(bool)> done) override {
+        asked << message + u'|' + informative + u'|' + button;
+        done(take(confirmations, false));
+    }
     void alert(const QString& message, const QString& informative, Severity /*severity*/) override {
         told << message + u'|' + informative;
     }

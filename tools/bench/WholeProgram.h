@@ -23,6 +23,10 @@ public:
                  std::function<void(bool)> done) override {
         done(true);
     }
+    void offer(const QString& /*message*/, const QString& /*informative*/,
+               const QString& /*button*/, std::function<void(bool)> done) override {
+        done(true);
+    }
     void alert(const QString& /*message*/, const QString& /*informative*/,
                Severity /*severity*/) override {
         if (onAlert)

@@ -1,0 +1,110 @@
+#include "SimulatedProgram.h"
+#include "data/AQDataSourceWriter.h"
+#include "data/ProgramText.h"
+#include "workflows/ScriptedPrompts.h"
+
+#include <gtest/gtest.h>
+
+#include <QClipboard>
+#include <QImage>
+
+namespace {
+
+using namespace std::chrono_literals;
+
+/// The whole program; its commands come from the menu.
+class ProgramEditingTest : public testing::Test, public SimulatedProgram<ScriptedPrompts> {
+protected:
+    ProgramEditingTest() : SimulatedProgram({.scan = 20ms, .arrival = 1ms}) { start(); }
+
+    /// As it would be saved, byte by byte.
+    QByteArray text() { return AQDataSourceWriter(data).text(); }
+    void select(int row) { data.sequence().notifySelectionChange(row, nullptr); }
+    void paste(const QString& text) {
+        QGuiApplication::clipboard()->setText(text);
+        ui().menuitemPaste->trigger();
+    }
+    static QString lines(int count, const char* minute) {
+        QString lines;
+        for (int hour = 0; hour < count; ++hour)
+            lines += QStringLiteral("%1:%2\t50\t50\n").arg(hour).arg(QLatin1String(minute));
+        return lines;
+    }
+};
+
+TEST_F(ProgramEditingTest, cutAndPasteBringBackThePointOrTheProgramToTheByte) {
+    const QByteArray before = text();
+    for (const int row : {2, -1}) {
+        SCOPED_TRACE(row);
+        select(row);
+        ui().menuitemCut->trigger();
+        EXPECT_EQ(data.sequence().count(), row < 0 ? 0 : 6);
+        EXPECT_EQ(data.history().undoName(),
+                  row < 0 ? QStringLiteral("Cut Program") : QStringLiteral("Cut 15:00"));
+        EXPECT_TRUE(data.isDirty());
+        EXPECT_EQ(ui().menuitemCopy->isEnabled(), row >= 0) << "without points";
+        ui().menuitemPaste->trigger();
+        EXPECT_EQ(text(), before);
+        EXPECT_EQ(data.selection().row(), std::max(row, 0));
+        ui().menuitemUndo->trigger();
+        ui().menuitemUndo->trigger();
+        EXPECT_EQ(text(), before);
+        EXPECT_FALSE(data.isDirty() || data.history().canUndo()) << "two steps";
+    }
+    // Pasted over the points that are there: they stay the same points.
+    const AQPointId id = data.sequence().idAt(2);
+    paste(QStringLiteral("15:00;40 %;50\r\n6:00;1,5;2"));
+    EXPECT_EQ(data.sequence().count(), 8);
+    EXPECT_EQ(data.sequence().at(data.sequence().rowOf(id)).brightness, 0.4);
+    EXPECT_EQ(data.selection().row(), 0) << "the first of the pasted ones";
+}
+
+TEST_F(ProgramEditingTest, whatCannotBePastedIsExplainedAndChangesNothing) {
+    const QByteArray before = text();
+    const auto answer = [&](const QString& clipboard) {
+        prompts.told.clear();
+        paste(clipboard);
+        return prompts.told.join(u'#');
+    };
+    const QString nothing = QStringLiteral("There is no text with time points in the clipboard.");
+    EXPECT_TRUE(answer(QStringLiteral(" \n")).startsWith(nothing));
+    QGuiApplication::clipboard()->setImage(QImage(4, 4, QImage::Format_RGB32));
+    prompts.told.clear();
+    ui().menuitemPaste->trigger();
+    EXPECT_TRUE(prompts.told.value(0).startsWith(nothing));
+
+    const QString reasons = answer(lines(2, "00") + lines(13, "77"));
+    EXPECT_TRUE(reasons.contains(QStringLiteral("Line 3: ")) &&
+                reasons.contains(QStringLiteral("Line 12: ")) &&
+                reasons.endsWith(QStringLiteral("\nand 3 more lines")))
+        << reasons.toStdString();
+    EXPECT_LT(answer(QString(ProgramText::maxLength, u'8')).size(), 300);
+
+    // 16 new points and two for times that are taken, in a program of 7.
+    const QString tooMany = lines(16, "15") + QStringLiteral("15:00\t1\t1\n20:00\t1\t1\n");
+    answer(tooMany);
+    EXPECT_TRUE(prompts.asked.value(0).contains(QStringLiteral(
+        "The program has 7 points and the controller holds 20: 15 of the 18 pasted points fit.")))
+        << prompts.asked.value(0).toStdString();
+    EXPECT_TRUE(prompts.told.isEmpty());
+    EXPECT_TRUE(answer(lines(21, "15")).contains(QStringLiteral("13 of the 21 pasted points fit")));
+    EXPECT_EQ(prompts.asked.size(), 1) << "they do not fit alone";
+    EXPECT_EQ(text(), before);
+
+    prompts.confirmations = {true};
+    answer(tooMany);
+    EXPECT_EQ(data.sequence().count(), 18);
+    ui().menuitemUndo->trigger();
+    EXPECT_EQ(text(), before);
+}
+
+TEST_F(ProgramEditingTest, commandsThatCannotBeUsedSayWhy) {
+    const std::initializer_list<const QAction*> changes{ui().menuitemCut, ui().menuitemPaste};
+    ui().bttnSwitchProgMode->click();
+    for (const QAction* item : changes)
+        EXPECT_TRUE(!item->isEnabled() && item->toolTip().contains(QStringLiteral("analog")))
+            << item->text().toStdString();
+    EXPECT_TRUE(ui().menuitemCopy->isEnabled());
+}
+
+} // namespace
