@@ -20,6 +20,7 @@
 #include "workflows/DocumentCommands.h"
 #include "workflows/LiveMode.h"
 #include "workflows/PointTable.h"
+#include "workflows/ProgramChangeCommands.h"
 #include "workflows/ProgramMode.h"
 #include "workflows/SelectDevicePanel.h"
 #include "workflows/TaskLightEditor.h"
@@ -44,6 +45,8 @@ struct AppDelegate::Workflows {
                                 *ui.menuitemAddPoint, *ui.menuitemDeletePoint}),
           clipboard(services.data, services.prompts,
                     {*ui.menuitemCut, *ui.menuitemCopy, *ui.menuitemPaste}),
+          programChanges(services.data, {*ui.menuitemShiftDay, *ui.menuitemScaleIntensity,
+                                         *ui.lblStatistics, window}),
           taskLight(services.data,
                     {*ui.pickerTaskTime, *ui.sliderTaskTemp, *ui.sliderTaskBrightness}),
           programMode(services.data, services.controller, *ui.bttnSwitchProgMode),
@@ -60,6 +63,7 @@ struct AppDelegate::Workflows {
     TransferWorkflow transfer;
     PointTable table;
     ClipboardCommands clipboard;
+    ProgramChangeCommands programChanges;
     TaskLightEditor taskLight;
     ProgramMode programMode;
     LampPreview lamp;
@@ -248,6 +252,7 @@ void AppDelegate::updateControls() {
     editing.applyTo(m_window->curveView());
     w.table.setEditingEnabled(editing.isEnabled);
     w.clipboard.setEditing(editing);
+    w.programChanges.setEditing(editing);
 }
 
 void AppDelegate::showTitle() {

@@ -52,7 +52,8 @@ MainWindow::MainWindow(AQDataSource& document)
     for (const QAction* command :
          {m_ui->menuitemNew, m_ui->menuitemOpen, m_ui->menuitemSave, m_ui->menuitemSaveAs,
           m_ui->menuitemUndo, m_ui->menuitemRedo, m_ui->menuitemCut, m_ui->menuitemCopy,
-          m_ui->menuitemPaste, m_ui->menuitemAddPoint, m_ui->menuitemLoad, m_ui->menuitemSend})
+          m_ui->menuitemPaste, m_ui->menuitemAddPoint, m_ui->menuitemShiftDay,
+          m_ui->menuitemScaleIntensity, m_ui->menuitemLoad, m_ui->menuitemSend})
         connect(command, &QAction::triggered, this, &MainWindow::finishTyping);
     connect(m_ui->menuitemQuit, &QAction::triggered, this, &MainWindow::requestClose);
     showConnected(false);

@@ -1,12 +1,16 @@
 #include "SimulatedProgram.h"
 #include "data/AQDataSourceWriter.h"
+#include "data/ColorMapping.h"
 #include "data/ProgramText.h"
 #include "workflows/ScriptedPrompts.h"
 
 #include <gtest/gtest.h>
 
 #include <QClipboard>
+#include <QDialog>
 #include <QImage>
+#include <QSpinBox>
+#include <QTimeEdit>
 
 namespace {
 
@@ -29,6 +33,11 @@ protected:
         for (int hour = 0; hour < count; ++hour)
             lines += QStringLiteral("%1:%2\t50\t50\n").arg(hour).arg(QLatin1String(minute));
         return lines;
+    }
+    static QDialog* dialog() { return qobject_cast<QDialog*>(QApplication::activeModalWidget()); }
+    template <class Field>
+    Field* field(const char* name) {
+        return delegate.window().findChild<Field*>(QLatin1String(name));
     }
 };
 
@@ -98,8 +107,53 @@ TEST_F(ProgramEditingTest, whatCannotBePastedIsExplainedAndChangesNothing) {
     EXPECT_EQ(text(), before);
 }
 
+TEST_F(ProgramEditingTest, lampAndFiguresShowAPreviewThatTheDocumentDoesNotKnow) {
+    plug();
+    ASSERT_TRUE(runUntil([&] { return isConnected(); }));
+    const QByteArray before = text();
+    const QString figures = ui().lblStatistics->text();
+    const AQPointId id = data.sequence().idAt(2);
+    select(2);
+    ui().bttnLiveModeSwitch->setChecked(true);
+    const auto lampShows = [&](double brightness) {
+        const ChannelLevels levels = levelsFromLight(data.sequence().at(2).colorTemp, brightness);
+        return runUntil([&] {
+            const auto shown = device.lampLevels();
+            return device.state().demoActive && shown[0] == levels.cold && shown[1] == levels.warm;
+        });
+    };
+    ASSERT_TRUE(lampShows(1.0));
+
+    ui().menuitemScaleIntensity->trigger();
+    field<QSpinBox>("spinScale")->setValue(50);
+    EXPECT_TRUE(lampShows(0.5));
+    EXPECT_EQ(ui().lblStatistics->text(), QStringLiteral("Light 15 h 00 min, 5.4 h of full light"));
+    EXPECT_EQ(text(), before);
+    dialog()->reject();
+    EXPECT_TRUE(lampShows(1.0));
+    EXPECT_EQ(ui().lblStatistics->text(), figures);
+    EXPECT_FALSE(data.history().canUndo() || data.isDirty());
+
+    // Without a change no step; a program that changes under the dialog is the one that is changed.
+    ui().menuitemShiftDay->trigger();
+    dialog()->accept();
+    EXPECT_FALSE(data.history().canUndo());
+    ui().menuitemShiftDay->trigger();
+    field<QTimeEdit>("pickerShift")->setTime(QTime(10, 30));
+    data.sequence().deleteWithRow(0, nullptr);
+    dialog()->accept();
+    EXPECT_EQ(data.history().undoName(), QStringLiteral("Shift Day by +10:30"));
+    EXPECT_EQ(data.sequence().count(), 6);
+    EXPECT_EQ(data.sequence().at(data.sequence().rowOf(id)).time, (AQTime{1, 30, 0}));
+    EXPECT_EQ(data.selection().id(), id);
+    ui().menuitemUndo->trigger();
+    ui().menuitemUndo->trigger();
+    EXPECT_EQ(text(), before);
+}
+
 TEST_F(ProgramEditingTest, commandsThatCannotBeUsedSayWhy) {
-    const std::initializer_list<const QAction*> changes{ui().menuitemCut, ui().menuitemPaste};
+    const std::initializer_list<const QAction*> changes{
+        ui().menuitemCut, ui().menuitemPaste, ui().menuitemShiftDay, ui().menuitemScaleIntensity};
     ui().bttnSwitchProgMode->click();
     for (const QAction* item : changes)
         EXPECT_TRUE(!item->isEnabled() && item->toolTip().contains(QStringLiteral("analog")))
