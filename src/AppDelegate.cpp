@@ -14,6 +14,7 @@
 #include "workflows/ClipboardCommands.h"
 #include "workflows/ConnectionWorkflow.h"
 #include "workflows/ControlStates.h"
+#include "workflows/CurveMenu.h"
 #include "workflows/DemoMode.h"
 #include "workflows/Departure.h"
 #include "workflows/DeviceTimePanel.h"
@@ -47,6 +48,9 @@ struct AppDelegate::Workflows {
                     {*ui.menuitemCut, *ui.menuitemCopy, *ui.menuitemPaste}),
           programChanges(services.data, {*ui.menuitemShiftDay, *ui.menuitemScaleIntensity,
                                          *ui.lblStatistics, window}),
+          curveMenu(window.curveView(), table,
+                    {*ui.menuitemCopy, *ui.menuitemPaste, *ui.menuitemAddPoint,
+                     *ui.menuitemDeletePoint}),
           taskLight(services.data,
                     {*ui.pickerTaskTime, *ui.sliderTaskTemp, *ui.sliderTaskBrightness}),
           programMode(services.data, services.controller, *ui.bttnSwitchProgMode),
@@ -64,6 +68,7 @@ struct AppDelegate::Workflows {
     PointTable table;
     ClipboardCommands clipboard;
     ProgramChangeCommands programChanges;
+    CurveMenu curveMenu;
     TaskLightEditor taskLight;
     ProgramMode programMode;
     LampPreview lamp;
