@@ -188,7 +188,7 @@ TEST(EditorJourneys, analogModeLeavesTheTaskLight) {
     expectSoon([&] { return duration.description(); },
                "Type minutes and seconds up to 255 min 59 s, for example 1:30.");
 
-    ASSERT_TRUE(journey.press("Programmed mode"));
+    Journey::keys("ctrl+z");
     expectSoon([&] { return editor.count(); }, 7U);
     ASSERT_TRUE(journey.waitForCommand("CmdSetDeviceMode", 2));
     EXPECT_TRUE(journey.controller("programMode").toBool());

@@ -1,5 +1,8 @@
 #include "journeys/Journey.h"
 
+#include <QFile>
+#include <QJsonArray>
+
 namespace {
 
 /// The whole program as text, so that a gesture is seen to do what it does and nothing else.
@@ -68,7 +71,7 @@ protected:
         for (; m_steps > 0; --m_steps)
             hands("key ctrl+z");
         expectSoon([&] { return withoutStar(program()); }, start);
-        ASSERT_TRUE(journey.waitForTitle("Aquelon - Untitled"));
+        ASSERT_TRUE(Journey::waitUntil([&] { return !journey.title().ends_with('*'); }));
         EXPECT_EQ(undoEntry(), "Undo, disabled");
     }
 
@@ -121,6 +124,54 @@ TEST_F(GestureJourneys, handsOnTheCurve) {
     undoEverything();
 }
 
+TEST_F(GestureJourneys, typedPastedAndWholeProgramsComeBackToTheSameFile) {
+    const auto saveAs = [&](const QString& name) {
+        EXPECT_TRUE(journey.chooseMenu("Save As...") && journey.chooseFile(journey.file(name)));
+        EXPECT_TRUE(journey.waitForTitle("Aquelon - " + name.toStdString()));
+        QFile file(journey.file(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    };
+    ASSERT_TRUE(journey.waitForText("CONNECTED"));
+    const QByteArray before = saveAs(QStringLiteral("before.sq"));
+
+    // Fields at a point: by a double click, by F2, and refused.
+    step(at(15, 0, 1.0) + " click --repeat 2 --delay 40 1 sleep 0.2 type --args 1 14.30",
+         "15:00 100 50", "15:00 100 50*");
+    --m_steps;
+    step("key Tab type --args 1 62,5 key Tab type --args 1 +5 key Return", "15:00 100 50",
+         "14:30 63 55*");
+    hands("key F2 sleep 0.2 type --args 1 10 key Return");
+    expectSoon([&] { return journey.shows("Another point already has the time 10:00."); }, true);
+    hands("key ctrl+a type --args 1 +30 key Return");
+    expect("14:30 63 55", "15:00 63 55*");
+    ++m_steps;
+
+    // Menus: of a point, of a place, by the key.
+    step(at(20, 0, 0.8) + " click 3 sleep 0.3 key d", "20:00 80 56, 21:00 50 92", "21:00 50 92*");
+    step(at(18, 0, 0.2) + " click 3 sleep 0.3 key a", "21:00", "18:00 56 74*, 21:00");
+    step("key Home Menu sleep 0.3 key d", "08:30 0 100, 10:00 80 56", "10:00 80 56*");
+
+    // Cut and paste lose nothing, of one point and of all.
+    step("key ctrl+x", "10:00 80 56, 15:00 63 55", "15:00 63 55*");
+    step("key ctrl+v", "15:00", "10:00 80 56*, 15:00");
+    const std::string all = m_program;
+    step("key Escape ctrl+x", withoutStar(all), "");
+    step("key ctrl+v", "", all);
+
+    // A digit and the wheel on a slider.
+    step("key Tab Tab Tab type --args 1 37 key Return", "10:00 80 56", "10:00 37 56*");
+    const auto slider = [&] { return journey.cell("10:00", "Intensity").screenRect().center(); };
+    step(Journey::at(slider()) + " click 5 click 5", "10:00 37 56", "10:00 35 56*");
+
+    step("key alt+e sleep 0.2 key h sleep 0.4 type --args 1 0:30 key Return",
+         withoutStar(m_program),
+         "00:00 0 100, 10:30 35 56*, 15:30 63 55, 18:30 56 74, 21:30 50 92, 23:00 15 100");
+    step("key alt+e sleep 0.2 key i sleep 0.4 type --args 1 200 key Return", withoutStar(m_program),
+         "00:00 0 100, 10:30 70 56*, 15:30 100 55, 18:30 100 74, 21:30 100 92, 23:00 30 100");
+    undoEverything();
+    EXPECT_EQ(saveAs(QStringLiteral("after.sq")), before);
+}
+
 TEST_F(GestureJourneys, keysOnTheCurve) {
     step("key Home Right Up Up shift+Down", "10:00 80 56", "10:00 72 56*");
     // The window manager of the journeys has its own use for Alt with Shift.
@@ -135,6 +186,24 @@ TEST_F(GestureJourneys, keysOnTheCurve) {
         quick += i % 2 ? " ctrl+shift+z" : " ctrl+z";
     hands(quick);
     undoEverything();
+}
+
+TEST_F(GestureJourneys, theLampShowsWhatAnUndoChanges) {
+    ASSERT_TRUE(journey.waitForText("CONNECTED") && journey.press("Live mode"));
+    const auto lamp = [&] {
+        const QJsonArray levels = journey.controller("lamp").toArray();
+        return std::to_string(levels.at(0).toInt()) + ' ' + std::to_string(levels.at(1).toInt());
+    };
+    hands("key Home Right");
+    expectSoon(lamp, "246 241");
+    hands("key shift+Down shift+Down");
+    expectSoon(lamp, "235 230");
+    Journey::click(Journey::placeOn(journey.find("slider", "Task light intensity"), 0.25));
+    expectSoon(lamp, "203 203");
+    hands("key ctrl+z");
+    expectSoon(lamp, "254 254");
+    hands("key ctrl+z");
+    expectSoon(lamp, "246 241");
 }
 
 } // namespace
