@@ -1,5 +1,7 @@
 #include "data/ContentsChange.h"
 
+#include "data/TimeText.h"
+
 #include <QStringLiteral>
 
 #include <algorithm>
@@ -11,9 +13,7 @@ namespace {
 using Kind = ContentsChange::Kind;
 
 QString clock(const AQTime& time) {
-    return QStringLiteral("%1:%2")
-        .arg(time.hour, 2, 10, QLatin1Char('0'))
-        .arg(time.minute, 2, 10, QLatin1Char('0'));
+    return timeText(time.hour, time.minute);
 }
 
 Kind kindOf(const AQTimePoint& before, const AQTimePoint& after) {

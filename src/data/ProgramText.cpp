@@ -1,5 +1,6 @@
 #include "data/ProgramText.h"
 
+#include "data/TimeText.h"
 #include "data/TypedValue.h"
 
 #include <QStringTokenizer>
@@ -70,10 +71,9 @@ QString ProgramText::percent(double fraction) {
 QString ProgramText::write(std::span<const AQTimePoint> points) {
     QString text;
     for (const AQTimePoint& point : points)
-        text += QStringLiteral("%1:%2\t%3\t%4\n")
-                    .arg(point.time.hour, 2, 10, QLatin1Char('0'))
-                    .arg(point.time.minute, 2, 10, QLatin1Char('0'))
-                    .arg(percent(point.brightness), percent(point.colorTemp));
+        text += QStringLiteral("%1\t%2\t%3\n")
+                    .arg(timeText(point.time.hour, point.time.minute), percent(point.brightness),
+                         percent(point.colorTemp));
     return text;
 }
 

@@ -59,14 +59,18 @@ std::optional<Percent> percentFrom(QString text) {
 
 } // namespace
 
-TypedValue<AQTime> typedTime(const QString& text, AQTime present) {
-    static const QRegularExpression relative(wholeText(QStringLiteral("[+-][0-9]+")));
+TypedValue<AQTime> clockTime(const QString& text) {
     static const QRegularExpression absolute(
         wholeText(QStringLiteral("(?<hour>[0-9]{1,2})(?|\\s*[:.,hH ]\\s*(?<minute>[0-9]{0,2})"
                                  "|(?<minute>[0-9]{2}))?")));
+    return timeOfDay(plain(text), absolute);
+}
+
+TypedValue<AQTime> typedTime(const QString& text, AQTime present) {
+    static const QRegularExpression relative(wholeText(QStringLiteral("[+-][0-9]+")));
     const QString typed = plain(text);
     if (!relative.match(typed).hasMatch())
-        return timeOfDay(typed, absolute);
+        return clockTime(typed);
 
     bool isNumber = false;
     const int way = typed.toInt(&isNumber);

@@ -18,9 +18,10 @@ struct TypedValue {
 // Blanks around a text are ignored, no-break spaces too, and U+2212 counts as minus. Times come
 // with 0 seconds. `present` is the value that the text is going to replace, itself valid.
 
-/// A time of day as the fields of the table read it: "8", "830", "0830", "8:30", "8.30", "8,30",
-/// "8h30", "8 30", "8:5" (five minutes past). Or minutes from `present`: "+10", "-5"; a way that
-/// leads out of the day is a fault.
+/// A time of day: "8", "830", "0830", "8:30", "8.30", "8,30", "8h30", "8 30", "8:5" (five minutes
+/// past).
+TypedValue<AQTime> clockTime(const QString& text);
+/// The same, or minutes from `present`: "+10", "-5"; a way that leads out of the day is a fault.
 TypedValue<AQTime> typedTime(const QString& text, AQTime present);
 /// A time of day from another program: "8", "830", "0830", "8:30", "8.30", "8,30", and with
 /// seconds, which are dropped, "08:30:00". Minutes have two digits, because in "8.3" a spreadsheet

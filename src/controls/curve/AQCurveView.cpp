@@ -14,7 +14,6 @@
 #include "controls/popovers/AQCurvePointPopover.h"
 #include "controls/popovers/AQPointFields.h"
 #include "controls/popovers/RefusalTip.h"
-#include "controls/time/TimeText.h"
 #include "data/AQSelection.h"
 #include "data/AQSequence.h"
 #include "data/History.h"
@@ -22,6 +21,7 @@
 #include "data/ProgramChanges.h"
 #include "data/ProgramInterpolation.h"
 #include "data/ProgramPreview.h"
+#include "data/TimeText.h"
 
 #include <QAccessible>
 #include <QContextMenuEvent>

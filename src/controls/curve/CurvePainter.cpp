@@ -5,8 +5,8 @@
 #include "controls/Percent.h"
 #include "controls/Strokes.h"
 #include "controls/curve/CurveGradient.h"
-#include "controls/time/TimeText.h"
 #include "data/ProgramInterpolation.h"
+#include "data/TimeText.h"
 
 #include <QFontInfo>
 #include <QLineF>

@@ -9,10 +9,10 @@
 #include "controls/points/AQPointListHeader.h"
 #include "controls/points/AQPointRow.h"
 #include "controls/points/AQScrollBar.h"
-#include "controls/time/TimeText.h"
 #include "data/AQSelection.h"
 #include "data/AQSequence.h"
 #include "data/NotificationCenter.h"
+#include "data/TimeText.h"
 
 #include <QEvent>
 #include <QPainter>

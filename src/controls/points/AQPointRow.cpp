@@ -7,9 +7,9 @@
 #include "controls/sliders/AQSliderColorTemp.h"
 #include "controls/sliders/DragSteps.h"
 #include "controls/time/AQTimeEdit.h"
-#include "controls/time/TimeText.h"
 #include "data/AQSequence.h"
 #include "data/History.h"
+#include "data/TimeText.h"
 
 #include <QMouseEvent>
 #include <QPainter>

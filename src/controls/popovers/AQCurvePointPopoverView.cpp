@@ -4,8 +4,8 @@
 #include "controls/FittingFont.h"
 #include "controls/Percent.h"
 #include "controls/popovers/PopoverPlacement.h"
-#include "controls/time/TimeText.h"
 #include "data/ColorMapping.h"
+#include "data/TimeText.h"
 
 #include <QPainter>
 #include <QPainterPath>

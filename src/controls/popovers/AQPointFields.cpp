@@ -7,11 +7,11 @@
 #include "controls/popovers/Overlay.h"
 #include "controls/popovers/PopoverShape.h"
 #include "controls/popovers/RefusalTip.h"
-#include "controls/time/TimeText.h"
 #include "data/AQSequence.h"
 #include "data/History.h"
 #include "data/NotificationCenter.h"
 #include "data/ProgramText.h"
+#include "data/TimeText.h"
 #include "data/TypedValue.h"
 
 #include <QAccessibleWidget>

@@ -1,20 +1,15 @@
 #include "controls/time/ClockFormat.h"
 
-#include "controls/time/TimeText.h"
+#include "data/TimeText.h"
+#include "data/TypedValue.h"
 
 #include <QCoreApplication>
-#include <QRegularExpression>
 
 #include <algorithm>
 
 namespace {
 
 constexpr int hoursPerDay = 24;
-
-std::optional<AQTime> checked(int hour, int minute) {
-    const AQTime time{hour, minute, 0};
-    return time.isValid() ? std::optional(time) : std::nullopt;
-}
 
 int wrapped(int value, int count) {
     return ((value % count) + count) % count;
@@ -31,16 +26,7 @@ QString ClockFormat::widestText() const {
 }
 
 std::optional<AQTime> ClockFormat::parse(const QString& text) const {
-    static const QRegularExpression separated(
-        QStringLiteral("^([0-9]{1,2})\\s*[:.,hH ]\\s*([0-9]{0,2})$"));
-    static const QRegularExpression digits(QStringLiteral("^[0-9]{1,4}$"));
-    const QString typed = text.trimmed();
-    if (const auto match = separated.match(typed); match.hasMatch())
-        return checked(match.captured(1).toInt(), match.captured(2).toInt());
-    if (!digits.match(typed).hasMatch())
-        return std::nullopt;
-    const int number = typed.toInt();
-    return typed.size() <= 2 ? checked(number, 0) : checked(number / 100, number % 100);
+    return clockTime(text).value;
 }
 
 AQTime ClockFormat::stepped(const AQTime& time, int section, int steps) const {

@@ -1,4 +1,4 @@
-#include "controls/time/TimeText.h"
+#include "data/TimeText.h"
 
 QString timeText(int hour, int minute) {
     return QStringLiteral("%1:%2")
