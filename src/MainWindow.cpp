@@ -25,6 +25,9 @@ QColor statusColor(bool isConnected, bool onDark) {
     return isConnected ? QColor(24, 121, 78) : QColor(176, 32, 48);
 }
 
+/// What a desktop puts around a window.
+constexpr QSize frameRoom{8, 40};
+
 /// The path of the one local file that is being dragged, else empty.
 QString draggedFile(const QMimeData& data) {
     const QList<QUrl> urls = data.urls();
@@ -46,13 +49,13 @@ MainWindow::MainWindow(AQDataSource& document)
     m_ui->setupUi(this);
     placeEditors();
     setCentralWidget(m_ui->content);
-    // Not larger than the screen, which may be a small one.
-    resize(size().boundedTo(screen()->availableSize()));
+    // Not larger than the screen, which may be a small one, with a frame around.
+    resize(size().boundedTo(screen()->availableSize() - frameRoom));
     setShortcuts();
     for (const QAction* command :
          {m_ui->menuitemNew, m_ui->menuitemOpen, m_ui->menuitemSave, m_ui->menuitemSaveAs,
-          m_ui->menuitemUndo, m_ui->menuitemRedo, m_ui->menuitemCut, m_ui->menuitemCopy,
-          m_ui->menuitemPaste, m_ui->menuitemAddPoint, m_ui->menuitemShiftDay,
+          m_ui->menuitemUndo, m_ui->menuitemRedo, m_ui->menuitemCut, m_ui->menuitemPaste,
+          m_ui->menuitemAddPoint, m_ui->menuitemDeletePoint, m_ui->menuitemShiftDay,
           m_ui->menuitemScaleIntensity, m_ui->menuitemLoad, m_ui->menuitemSend})
         connect(command, &QAction::triggered, this, &MainWindow::finishTyping);
     connect(m_ui->menuitemQuit, &QAction::triggered, this, &MainWindow::requestClose);
@@ -85,6 +88,7 @@ void MainWindow::setShortcuts() {
     QList<QKeySequence> redo = QKeySequence::keyBindings(QKeySequence::Redo);
     redo.removeAll(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z));
     redo.prepend(Qt::CTRL | Qt::SHIFT | Qt::Key_Z);
+    redo.append(Qt::CTRL | Qt::Key_Y); // what hands from another desktop look for
     m_ui->menuitemRedo->setShortcuts(redo);
     m_ui->menuitemCut->setShortcuts(QKeySequence::Cut);
     m_ui->menuitemCopy->setShortcuts(QKeySequence::Copy);

@@ -33,7 +33,8 @@ void AQDataSource::setIsDirty(bool isDirty) {
 
 void AQDataSource::markDirtyOrClean() {
     const Contents present = contents();
-    setIsDirty(present != m_saved && present != m_loaded);
+    setIsDirty(!areStoredAlike(present, m_saved) &&
+               !(m_loaded && areStoredAlike(present, *m_loaded)));
 }
 
 void AQDataSource::markSaved() {
@@ -58,8 +59,8 @@ void AQDataSource::noteEdit(History::Value value) {
     markDirtyOrClean();
 }
 
-void AQDataSource::noteStep(const QString& name) {
-    m_history.noteStep(name);
+void AQDataSource::noteStep(const QString& name, std::optional<AQPointId> selected) {
+    m_history.noteStep(name, selected);
     markDirtyOrClean();
 }
 
@@ -79,7 +80,9 @@ void AQDataSource::announceReplacement(const QObject* sender, bool pointsReplace
 void AQDataSource::restore(const Contents& contents, const ContentsChange& change,
                            AQPointId selected, bool isEdit) {
     using Kind = ContentsChange::Kind;
-    const bool arePointsChanged = contents.points != m_sequence.points();
+    // Points that are equal in value, as after a load of the same program, may be others.
+    const bool arePointsChanged = contents.points != m_sequence.points() ||
+                                  !haveSameIds(contents.points, m_sequence.points());
     m_taskLight = contents.taskLight;
     m_isProgramMode = contents.isProgramMode;
     m_sequence.replacePoints(contents.points);

@@ -72,10 +72,10 @@ public:
     /// One value, or everything, was changed by a person: a part of a step, or a step, of the
     /// history. Marks dirty or clean.
     void noteEdit(History::Value value);
-    void noteStep(const QString& name = {});
+    void noteStep(const QString& name = {}, std::optional<AQPointId> selected = {});
 
-    /// Clean is what equals the contents that were saved, opened or made new last, or loaded from
-    /// the controller last.
+    /// Clean is what is stored as the contents are that were saved, opened or made new last, or
+    /// loaded from the controller last.
     bool isDirty() const { return m_isDirty; }
     /// Posts dataDirty when the value changes. The next change marks as the contents say.
     void setIsDirty(bool isDirty);

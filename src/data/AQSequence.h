@@ -11,7 +11,8 @@ class History;
 class NotificationCenter;
 class ProgramPreview;
 
-/// The daily light program: time points in ascending order of their minute of the day.
+/// The daily light program: time points in ascending order of their minute of the day. Of a file
+/// whose points are in another order, the first change of a time puts them in order.
 ///
 /// A point has a row, its place in that order, and an id, which stays when the row does not. Who
 /// keeps a point for longer than a call keeps its id:

@@ -56,9 +56,11 @@ void History::noteEdit(Value value) {
     note(value, {});
 }
 
-void History::noteStep(const QString& name) {
+void History::noteStep(const QString& name, std::optional<AQPointId> selected) {
     interruptGesture();
     note(std::nullopt, name);
+    if (selected)
+        m_open->selected = *selected;
     closeStep();
 }
 
@@ -90,6 +92,8 @@ void History::closeStep() {
     const Step done = *std::exchange(m_open, std::nullopt);
     if (*done.before != *done.after)
         push(done);
+    else if (haveSameIds(done.before->points, done.after->points))
+        m_present = done.before; // shared with the step before
     Q_EMIT changed();
 }
 
@@ -141,16 +145,20 @@ void History::cancelGesture() {
     Q_EMIT changed();
 }
 
+bool History::isOpenStepChange() const {
+    return m_open && *m_open->before != *m_open->after;
+}
+
 bool History::canUndo() const {
-    return (m_open && *m_open->before != *m_open->after) || m_stack.canUndo();
+    return isOpenStepChange() || m_stack.canUndo();
 }
 
 bool History::canRedo() const {
-    return !m_open && m_stack.canRedo();
+    return !isOpenStepChange() && m_stack.canRedo();
 }
 
 QString History::undoName() const {
-    if (m_open && *m_open->before != *m_open->after)
+    if (isOpenStepChange())
         return nameOf(*m_open);
     return m_stack.canUndo() ? nameOf(*stepAt(m_stack.index() - 1)) : QString();
 }
@@ -214,7 +222,5 @@ AQPointId History::selectionAfter(const ContentsChange& change, const Step& step
         break;
     }
     const AQPointId present = m_document.selection().id();
-    if (present == AQPointId::none || isThere(present))
-        return present;
-    return isThere(step.selected) ? step.selected : AQPointId::none;
+    return isThere(present) ? present : isThere(step.selected) ? step.selected : AQPointId::none;
 }

@@ -51,8 +51,9 @@ public:
 
     /// This value was edited.
     void noteEdit(Value value);
-    /// A step of its own was done; without a name it is named after what changed.
-    void noteStep(const QString& name = {});
+    /// A step of its own was done; without a name it is named after what changed. `selected` was
+    /// when it began, if that has been changed since.
+    void noteStep(const QString& name = {}, std::optional<AQPointId> selected = {});
     /// What follows is a new step, but in a gesture.
     void endStep();
 
@@ -95,6 +96,7 @@ private:
     };
 
     void note(std::optional<Value> value, const QString& name);
+    bool isOpenStepChange() const;
     void closeStep();
     void push(const Step& step);
     void dropOldest();

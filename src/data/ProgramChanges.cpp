@@ -44,6 +44,8 @@ std::vector<AQTimePoint> inOrder(std::vector<AQTimePoint> points) {
 } // namespace
 
 std::vector<AQTimePoint> ProgramChanges::shiftedDay(std::vector<AQTimePoint> points, int minutes) {
+    if (minutes == 0)
+        return points;
     for (AQTimePoint& point : points) {
         const int minute = minuteOf(point) + minutes + AQTime::minutesPerDay;
         const int second = point.time.second;
@@ -57,7 +59,7 @@ std::vector<AQTimePoint> ProgramChanges::scaledIntensity(std::vector<AQTimePoint
                                                          double factor) {
     for (AQTimePoint& point : points)
         point.brightness = std::min(point.brightness * factor, 1.0);
-    return inOrder(std::move(points));
+    return points;
 }
 
 std::vector<AQTimePoint> ProgramChanges::merged(std::vector<AQTimePoint> points,

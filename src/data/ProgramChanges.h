@@ -10,10 +10,10 @@
 /// points with valid times; points keep their ids.
 namespace ProgramChanges {
 
-// New programs, in ascending order of the minute; points of the same minute stay in their order.
+// New programs. Points of the same minute stay in their order.
 
 /// Moves every time by `minutes` (-1439..1439), over midnight where it comes to that: the curve
-/// moves as a whole.
+/// moves as a whole. By anything but 0 they are in ascending order of the minute then.
 std::vector<AQTimePoint> shiftedDay(std::vector<AQTimePoint> points, int minutes);
 /// Multiplies every intensity by `factor` (0.01..2.0), up to 1.0 at most.
 std::vector<AQTimePoint> scaledIntensity(std::vector<AQTimePoint> points, double factor);

@@ -136,9 +136,9 @@ void ClipboardCommands::tellWhatDoesNotFit(const std::vector<AQTimePoint>& paste
     const QString message = QStringLiteral("Not all pasted points fit into the program.");
     const QString points = counted(m_data.sequence().count(), QStringLiteral("point"));
     const QString figures =
-        QStringLiteral("The program has %1 and the controller holds %2: %3 of the %4 pasted points "
-                       "fit.")
-            .arg(points)
+        QStringLiteral("The program has %1 and %2 %3: %4 of the %5 pasted points fit.")
+            .arg(points, m_data.device() ? QStringLiteral("the controller holds")
+                                         : QStringLiteral("can have"))
             .arg(limit)
             .arg(count - missing)
             .arg(count);

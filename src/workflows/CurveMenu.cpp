@@ -11,7 +11,8 @@ namespace {
 
 /// An entry that does what `item` does, under another name.
 QAction* addEntry(QMenu& menu, const QString& text, QAction& item) {
-    QAction* entry = menu.addAction(text, &item, &QAction::trigger);
+    const QString keys = item.shortcut().toString(QKeySequence::NativeText);
+    QAction* entry = menu.addAction(text + u'\t' + keys, &item, &QAction::trigger);
     entry->setEnabled(item.isEnabled());
     entry->setToolTip(item.toolTip()); // why it cannot be done
     return entry;
@@ -29,7 +30,7 @@ void CurveMenu::open(QPoint place, bool isForPoint, const std::optional<AQTimePo
     menu->setAttribute(Qt::WA_DeleteOnClose);
     menu->setToolTipsVisible(true);
     if (isForPoint) {
-        menu->addAction(QStringLiteral("&Edit..."), this, [this] {
+        menu->addAction(QStringLiteral("&Edit...\tEnter"), this, [this] {
             if (const AQCurvePoint* selected = m_curveView.selectedPoint())
                 m_curveView.openFields(selected->id());
         });

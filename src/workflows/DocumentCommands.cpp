@@ -74,6 +74,7 @@ void DocumentCommands::openPath(const QString& path) {
 
 void DocumentCommands::read(const QString& path) {
     const auto before = m_data.contents();
+    const AQPointId selected = m_data.selection().id();
     if (m_reader.loadFromFile(path)) {
         m_openFilePath = path;
         m_openFileContents = m_reader.fileContents();
@@ -86,7 +87,7 @@ void DocumentCommands::read(const QString& path) {
     }
     if (m_data.contents() != before) {
         m_holdsPartsOfAnotherFile = true;
-        m_data.noteStep(QStringLiteral("Open ") + QFileInfo(path).fileName());
+        m_data.noteStep(QStringLiteral("Open ") + QFileInfo(path).fileName(), selected);
     }
     SPDLOG_ERROR("{}: {}", path.toStdString(), m_reader.errorString().toStdString());
     m_prompts.alert(

@@ -66,7 +66,8 @@ bool PointTable::canAdd() {
 }
 
 QString PointTable::limitReason() const {
-    return QStringLiteral("The controller holds no more than %1 points")
+    return (m_data.device() ? QStringLiteral("The controller holds no more than %1 points")
+                            : QStringLiteral("A program holds no more than %1 points"))
         .arg(m_data.sequence().pointLimit());
 }
 

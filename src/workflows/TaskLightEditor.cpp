@@ -19,8 +19,13 @@ TaskLightEditor::TaskLightEditor(AQDataSource& data, Outlets outlets, QObject* p
     connect(&data.notifications(), &NotificationCenter::dataLoaded, this,
             &TaskLightEditor::refresh);
     connect(&data.notifications(), &NotificationCenter::taskLightChanged, this, [this] {
+        const AQTimePoint& light = m_data.taskLight();
+        // Its duration alone does not turn the lamp to it.
+        const bool isAnotherLight = light.colorTemp != m_outlets.sliderTaskTemp.value() ||
+                                    light.brightness != m_outlets.sliderTaskBrightness.value();
         refresh();
-        Q_EMIT touched();
+        if (isAnotherLight)
+            Q_EMIT touched();
     });
     refresh();
 }
@@ -54,7 +59,12 @@ void TaskLightEditor::aqValueDidChange(AQValueView& view, const QVariant& value)
         column = PointColumn::brightness;
     }
     m_data.setTaskLight(light);
+    // A typed duration is a step of its own.
+    if (m_outlets.pickerTaskTime.isTyped())
+        m_data.history().endStep();
     m_data.noteEdit({AQPointId::none, column});
+    if (m_outlets.pickerTaskTime.isTyped())
+        m_data.history().endStep();
     // The colour slider's percentages are those at the present intensity.
     m_outlets.sliderTaskTemp.setMaxValue(light.brightness);
     if (&view != &m_outlets.pickerTaskTime)

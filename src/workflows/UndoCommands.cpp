@@ -8,9 +8,14 @@
 
 namespace {
 
+constexpr qsizetype longestName = 48;
+
 void show(QAction& item, bool isEnabled, const QString& verb, const QString& step) {
     item.setEnabled(isEnabled);
-    item.setText(step.isEmpty() ? verb : verb + u' ' + step);
+    // A file's name may be long, and hold what a menu takes for a mnemonic.
+    QString name = step.size() > longestName ? step.left(longestName - 1) + u'\u2026' : step;
+    name.replace(u'&', QLatin1String("&&"));
+    item.setText(name.isEmpty() ? verb : verb + u' ' + name);
 }
 
 } // namespace

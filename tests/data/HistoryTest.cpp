@@ -165,6 +165,27 @@ TEST(History, comesBackToWhatEachStepChanged) {
     }
 }
 
+TEST(History, knowsPointsOfTheSameValuesForOthers) {
+    Document d;
+    const AQPointId before = d.select(1);
+    d.source.setTaskLight({{0, 2, 0}, 0.1, 0.1});
+    d.sequence.replacePoints({d.begin.points[0], {{10, 0}, 0.565, 0.8}});
+    d.source.noteStep(QStringLiteral("Load"));
+    d.sequence.replacePoints({{{8, 30}, 1.0, 0.0}, {{10, 0}, 0.565, 0.8}}); // the same again
+    d.source.noteStep();
+    d.source.selection().select(AQPointId::none, nullptr);
+    EXPECT_EQ(d.history.count(), 1);
+    d.history.undo();
+    EXPECT_EQ(d.sequence.idAt(1), before);
+    EXPECT_EQ(d.source.selection().row(), 1);
+    d.dim(1, 0.8); // what it is
+    EXPECT_TRUE(d.history.canRedo());
+    NotificationLog log(d.center);
+    d.history.redo();
+    EXPECT_NE(d.sequence.idAt(1), before);
+    EXPECT_EQ(log.take().at(1), "dataChanged from History");
+}
+
 TEST(History, cleanIsWhatAFileOrTheControllerHolds) {
     Document d;
     d.dim(0, 0.5);

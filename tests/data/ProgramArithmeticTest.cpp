@@ -39,7 +39,7 @@ TEST(ProgramChanges, changesTheWholeProgram) {
                         lightAt(program, AQTime::fromMinuteOfDay(minute)).brightness, 1e-9);
     const Points points{{{23, 0}, 0.5, 0.4, a}, {{8, 0}, 0.5, 0.8, b}};
     EXPECT_EQ(shiftedDay(points, 60)[0].id, a);
-    EXPECT_EQ(scaledIntensity(points, 2.0), (Points{{{8, 0}, 0.5, 1.0}, {{23, 0}, 0.5, 0.8}}));
+    EXPECT_EQ(scaledIntensity(points, 2.0), (Points{{{23, 0}, 0.5, 0.8}, {{8, 0}, 0.5, 1.0}}));
     const Points both = merged(points, Points{{{8, 0}, 0.1, 0.2, a}, {{7, 0}, 0.1, 0.3, a}});
     EXPECT_EQ(both, (Points{{{7, 0}, 0.1, 0.3}, {{8, 0}, 0.1, 0.2}, {{23, 0}, 0.5, 0.4}}));
     EXPECT_EQ(both[0].id, AQPointId::none);

@@ -109,6 +109,20 @@ TEST_F(GestureJourneys, handsOnTheCurve) {
     hands(tag(0, 0) + held + tag(2, 0) + ' ' + tag(6, 0) + " key Escape mouseup 1");
     expect("00:00 54 50", "00:00 54 50*");
 
+    // A menu or a demo in the middle of a drag ends it, and the tag goes on with its own point.
+    step(at(10, 0, 0.8) + held + at(10, 0, 0.7) + " key Menu sleep 0.3 key Escape " +
+             at(10, 0, 0.2) + " mouseup 1",
+         "10:00 80 56", "10:00 70 56*");
+    step("key Up", "10:00 70 56", "10:00 71 56*");
+    hands("key Escape");
+    expect("10:00 71 56", "10:00 71 56");
+    step(at(10, 0, 0.71) + " click 1 " + tag(10, 0) + held + tag(11, 0) + " key Right " +
+             tag(12, 0) + " mouseup 1",
+         "10:00 71 56, 20:00 80 56", "12:00 71 56, 20:00 80 56*");
+    hands("key ctrl+z ctrl+z ctrl+z");
+    m_steps -= 3;
+    expect("12:00 71 56", "10:00 80 56*");
+
     // A double click adds a point on the curve, and on a taken minute beside it.
     const std::string twice = " click --repeat 2 --delay 40 1";
     step(at(9, 14, 0.9) + twice, "08:30 0 100, ", "08:30 0 100, 09:15 40 78*, ");

@@ -93,7 +93,7 @@ TEST_F(ProgramEditingTest, whatCannotBePastedIsExplainedAndChangesNothing) {
     const QString tooMany = lines(16, "15") + QStringLiteral("15:00\t1\t1\n20:00\t1\t1\n");
     answer(tooMany);
     EXPECT_TRUE(prompts.asked.value(0).contains(QStringLiteral(
-        "The program has 7 points and the controller holds 20: 15 of the 18 pasted points fit.")))
+        "The program has 7 points and can have 20: 15 of the 18 pasted points fit.")))
         << prompts.asked.value(0).toStdString();
     EXPECT_TRUE(prompts.told.isEmpty());
     EXPECT_TRUE(answer(lines(21, "15")).contains(QStringLiteral("13 of the 21 pasted points fit")));

@@ -3,9 +3,6 @@
 #include <QMouseEvent>
 #include <QPainter>
 
-#include <cmath>
-#include <utility>
-
 namespace {
 
 constexpr double outlineWidth = 2.0;
@@ -16,10 +13,9 @@ constexpr double fineShare = 0.1;
 
 } // namespace
 
-AQCurvePoint::AQCurvePoint(AQPointId id, QWidget* parent) : QWidget(parent), m_id(id) {
+AQCurvePoint::AQCurvePoint(AQPointId id, QWidget* parent) : AQCurveHandle(parent), m_id(id) {
     setGeometry(outOfSight, outOfSight, side, side);
     setCursor(Qt::SizeVerCursor);
-    setFocusPolicy(Qt::NoFocus);
     setToolTip(QStringLiteral("Drag up or down, with Ctrl for a tenth of the way.\n"
                               "Double-click or Enter to type the values."));
 }
@@ -49,12 +45,9 @@ void AQCurvePoint::setIsSelected(bool isSelected) {
 }
 
 bool AQCurvePoint::event(QEvent* event) {
-    // The button will be released in the modal window, and nobody will tell this point.
-    if (event->type() == QEvent::WindowBlocked && m_isMouseDown) {
-        endPress();
+    if (event->type() == QEvent::WindowBlocked && isMouseDown())
         Q_EMIT hoverEnded(this);
-    }
-    return QWidget::event(event);
+    return AQCurveHandle::event(event);
 }
 
 void AQCurvePoint::paintEvent(QPaintEvent*) {
@@ -67,39 +60,28 @@ void AQCurvePoint::paintEvent(QPaintEvent*) {
 }
 
 void AQCurvePoint::mousePressEvent(QMouseEvent* event) {
-    if (event->button() != Qt::LeftButton) {
-        event->ignore();
+    AQCurveHandle::mousePressEvent(event);
+    if (!isMouseDown())
         return;
-    }
-    m_isMouseDown = true;
-    m_isDragging = false;
     m_pressY = mapToParent(event->position()).y();
     Q_EMIT pressed(this);
 }
 
-void AQCurvePoint::endPress() {
-    m_isDragging = false;
-    if (std::exchange(m_isMouseDown, false))
-        Q_EMIT released(this);
-}
-
 void AQCurvePoint::beginDrag(bool isFine) {
-    m_isDragging = true;
     m_pointerY = m_pressY;
     // A plain drag brings the disc to the pointer, a fine one begins where it is.
     m_fromPointer = isFine ? y() + side / 2.0 + m_offset.y() - m_pressY : 0.0;
 }
 
 void AQCurvePoint::mouseMoveEvent(QMouseEvent* event) {
-    if (!m_isMouseDown)
-        return;
     const double y = mapToParent(event->position()).y();
-    // Only the height counts: moving sideways changes nothing and so begins nothing.
     const bool isFine = event->modifiers() & Qt::ControlModifier;
-    if (!m_isDragging && std::abs(y - m_pressY) >= dragThreshold)
-        beginDrag(isFine);
-    if (!m_isDragging)
+    const bool isBegun = isDragging();
+    // Only the height counts: moving sideways changes nothing and so begins nothing.
+    if (!dragsAfter(y - m_pressY))
         return;
+    if (!isBegun)
+        beginDrag(isFine);
     if (isFine)
         m_fromPointer -= (y - m_pointerY) * (1.0 - fineShare);
     m_pointerY = y;
@@ -107,10 +89,8 @@ void AQCurvePoint::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void AQCurvePoint::mouseReleaseEvent(QMouseEvent* event) {
-    if (event->button() != Qt::LeftButton || !m_isMouseDown)
-        return;
-    endPress();
-    if (!QRectF(rect()).contains(event->position()))
+    AQCurveHandle::mouseReleaseEvent(event);
+    if (!isMouseDown() && !QRectF(rect()).contains(event->position()))
         Q_EMIT hoverEnded(this);
 }
 
@@ -126,6 +106,6 @@ void AQCurvePoint::enterEvent(QEnterEvent*) {
 }
 
 void AQCurvePoint::leaveEvent(QEvent*) {
-    if (!m_isMouseDown)
+    if (!isMouseDown())
         Q_EMIT hoverEnded(this);
 }

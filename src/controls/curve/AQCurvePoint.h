@@ -1,28 +1,23 @@
 #pragma once
 
 #include "controls/DisplayColors.h"
-
+#include "controls/curve/AQCurveHandle.h"
 #include "data/AQTimePoint.h"
 
 #include <QColor>
 #include <QPointF>
-#include <QWidget>
 
 /// One point of the light program on the curve: a disc that grows when selected.
 ///
 /// It belongs to its point wherever that moves, with a press or a drag that it may be in. It knows
 /// no program: it reports what the mouse does to it, and its curve view acts on that. Only the left
 /// button counts.
-class AQCurvePoint : public QWidget {
+class AQCurvePoint : public AQCurveHandle {
     Q_OBJECT
 
 public:
     static constexpr double radius = 6.0;
     static constexpr double sel_radius = 10.0;
-    /// How far the pointer must move up or down before a press becomes a drag: a click must not
-    /// change the light.
-    static constexpr double dragThreshold = 3.0;
-
     /// A square of 2 x `sel_radius` + 4 units, out of sight until it is placed.
     AQCurvePoint(AQPointId id, QWidget* parent);
 
@@ -38,16 +33,9 @@ public:
     /// Redraws when the state changes.
     void setIsSelected(bool isSelected);
 
-    /// A press that began on this point is still held. A modal window ends it.
-    bool isMouseDown() const { return m_isMouseDown; }
-    /// Ends such a press: the button that is still held drags no more.
-    void endPress();
-
 Q_SIGNALS:
     void pressed(AQCurvePoint* point);
     void doubleClicked(AQCurvePoint* point);
-    /// The press has ended, however it did.
-    void released(AQCurvePoint* point);
     /// The disc shall be at height `y` of the parent; once for each move of a drag. That is where
     /// the pointer is, unless it moved with Ctrl held, which counts for a tenth of the way.
     void dragged(AQCurvePoint* point, double y);
@@ -73,8 +61,6 @@ private:
     QColor m_color = DisplayColors::neutral;
     QPointF m_offset; ///< of the disc from the middle of the widget, below one pixel
     bool m_isSelected = false;
-    bool m_isMouseDown = false;
-    bool m_isDragging = false;
     double m_pressY = 0.0;
     double m_pointerY = 0.0;    ///< in the last move
     double m_fromPointer = 0.0; ///< where the disc shall be, seen from the pointer

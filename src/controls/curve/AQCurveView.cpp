@@ -48,9 +48,14 @@ QString duringDemo() {
 
 /// Of those that would edit a point if the demo did not show the day.
 bool isEditingKey(const QKeyEvent& event) {
-    constexpr std::array keys{Qt::Key_Up,     Qt::Key_Down,   Qt::Key_Insert,
-                              Qt::Key_Delete, Qt::Key_Return, Qt::Key_F2};
-    return std::ranges::find(keys, event.key()) != keys.end();
+    constexpr std::array plain{Qt::Key_Up,     Qt::Key_Down,  Qt::Key_Insert, Qt::Key_Delete,
+                               Qt::Key_Return, Qt::Key_Enter, Qt::Key_F2};
+    constexpr std::array withAlt{Qt::Key_Left, Qt::Key_Right};
+    const auto holds = [&](const auto& keys) {
+        return std::ranges::find(keys, event.key()) != keys.end();
+    };
+    const auto modifiers = event.modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier);
+    return (!modifiers && holds(plain)) || (modifiers == Qt::AltModifier && holds(withAlt));
 }
 
 void announce(QWidget* widget, QAccessible::Event type) {
@@ -148,6 +153,8 @@ void AQCurveView::setPlayheadTime(std::optional<AQTime> time) {
     if (m_playheadTime && m_playheadTime->hour == time->hour &&
         m_playheadTime->minute == time->minute)
         return;
+    if (!m_playheadTime && m_fields && m_fields->isOpen())
+        setFocus(); // leaves them as a person does
     m_playhead = lightAt(points(), *time);
     m_playheadTime = time;
     m_popoverId = AQPointId::none;
@@ -264,6 +271,7 @@ void AQCurveView::makeTimeTag() {
     connect(m_timeTag, &AQCurveTimeTag::pressed, this, [this, &history] {
         showFocus(false);
         setFocus(Qt::MouseFocusReason);
+        m_taggedId = m_selection.id();
         m_tagMinute = m_sequence.at(m_selection.row()).time.minuteOfDay();
         history.beginGesture();
     });
@@ -275,7 +283,7 @@ void AQCurveView::makeTimeTag() {
 }
 
 void AQCurveView::onTimeTagDragged(double way, bool isFine) {
-    const AQPointId id = m_selection.id();
+    const AQPointId id = m_taggedId;
     const CurveGeometry geometry = curveGeometry();
     const double wanted = m_tagMinute + geometry.minuteAt(geometry.left() + way);
     const auto free = ProgramChanges::draggedMinute(
@@ -342,8 +350,9 @@ void AQCurveView::refreshPopover() {
         return;
     }
     const bool areFieldsOpen = m_fields && m_fields->isOpen();
-    if (areFieldsOpen)
-        m_fields->setAnchor(geometry.position(m_sequence.at(m_sequence.rowOf(m_fields->id()))));
+    // The point may have gone, and the fields not heard of it yet.
+    if (const int row = areFieldsOpen ? m_sequence.rowOf(m_fields->id()) : -1; row >= 0)
+        m_fields->setAnchor(geometry.position(m_sequence.at(row)));
     const AQTimePoint* point =
         pointView(m_popoverId) ? m_sequence.preview().find(m_popoverId) : nullptr;
     if (areFieldsOpen || !point) {
@@ -386,11 +395,15 @@ std::optional<AQTimePoint> AQCurveView::pointAt(QPointF place, bool isFine) cons
 }
 
 void AQCurveView::contextMenuEvent(QContextMenuEvent* event) {
+    if (m_playheadTime)
+        return tell(duringDemo());
     if (!showsPoints())
         return event->ignore();
+    letGoOfPoint(); // the menu takes the release
     const bool isByKey = event->reason() == QContextMenuEvent::Keyboard;
+    const QWidget* child = childAt(event->pos());
     const auto* under =
-        isByKey ? selectedPoint() : qobject_cast<AQCurvePoint*>(childAt(event->pos()));
+        isByKey || child == m_timeTag ? selectedPoint() : qobject_cast<const AQCurvePoint*>(child);
     if (!isByKey && under)
         select(under->id());
     const QPoint place = !isByKey ? event->pos()
@@ -459,6 +472,7 @@ void AQCurveView::showFocus(bool isShown) {
 
 void AQCurveView::focusOutEvent(QFocusEvent* event) {
     update();
+    letGoOfPoint(); // a menu takes the release
     // What the keyboard showed goes; what the pointer shows stays. With the window, the focus comes
     // back.
     const AQCurvePoint* shown = pointView(m_popoverId);

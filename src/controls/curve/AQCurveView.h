@@ -152,7 +152,8 @@ private:
     AQSelection& m_selection;
     CurveKeyboard m_keyboard;
     AQCurveTimeTag* m_timeTag;
-    int m_tagMinute = 0;                     ///< of the point whose tag was pressed, when it was
+    AQPointId m_taggedId = AQPointId::none;  ///< whose tag was pressed last
+    int m_tagMinute = 0;                     ///< where it stood then
     std::vector<AQCurvePoint*> m_pointViews; ///< in the order of the day
     AQCurvePointPopover* m_pointPopover;
     AQPointFields* m_fields = nullptr;       ///< made when first wanted

@@ -141,9 +141,9 @@ void AQPointFields::openFor(AQPointId id, QPointF anchor, int column) {
 void AQPointFields::showPoint() {
     const int row = m_sequence.rowOf(m_id);
     const QString time = timeText(point().time.hour, point().time.minute);
-    const QString title = QStringLiteral("Point %1 of %2").arg(row + 1).arg(m_sequence.count());
-    m_title->setText(title);
-    setAccessibleName(QStringLiteral("Edit p%1, %2").arg(title.mid(1), time));
+    m_title->setText(QStringLiteral("Point %1 of %2").arg(row + 1).arg(m_sequence.count()));
+    setAccessibleName(
+        QStringLiteral("Edit point %1 of %2, %3").arg(row + 1).arg(m_sequence.count()).arg(time));
     for (const int column : columns) {
         field(column).showPresent(column == PointColumn::time
                                       ? time

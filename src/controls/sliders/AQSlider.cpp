@@ -262,7 +262,7 @@ void AQSlider::wheelEvent(QWheelEvent* event) {
 
 bool AQSlider::event(QEvent* event) {
     if (event->type() == QEvent::Hide || event->type() == QEvent::EnabledChange ||
-        event->type() == QEvent::WindowBlocked)
+        event->type() == QEvent::WindowBlocked || event->type() == QEvent::FocusOut)
         endDrag(); // without a release
     else if (event->type() == QEvent::FontChange)
         updateGeometry();

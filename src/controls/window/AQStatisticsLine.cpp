@@ -4,6 +4,8 @@
 #include "controls/curve/CurveGeometry.h"
 #include "data/ProgramStatistics.h"
 
+#include <QEvent>
+#include <QFontInfo>
 #include <QPainter>
 
 #include <algorithm>
@@ -12,19 +14,29 @@ namespace {
 
 constexpr int leastHeight = 16;
 constexpr int gapBelow = 2;
-constexpr int smallestText = 11; ///< pixels, beside a desktop's font of 13, as at the curve's axes
+constexpr int usualText = 13;    ///< pixels, a desktop's
+constexpr int smallestText = 11; ///< beside that, as at the curve's axes
 constexpr int largestText = 14;
 constexpr QColor textColor{100, 100, 100};
 
 } // namespace
 
 AQStatisticsLine::AQStatisticsLine(QWidget* parent) : QLabel(parent) {
-    QFont small = font();
-    small.setPixelSize(
-        std::clamp(QFontInfo(small).pixelSize() * smallestText / 13, smallestText, largestText));
-    setFont(small);
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-    setFixedHeight(std::max(leastHeight, QFontMetrics(small).height() + gapBelow));
+    fitToFont();
+}
+
+void AQStatisticsLine::fitToFont() {
+    m_small = font();
+    m_small.setPixelSize(std::clamp(QFontInfo(m_small).pixelSize() * smallestText / usualText,
+                                    smallestText, largestText));
+    setFixedHeight(std::max(leastHeight, QFontMetrics(m_small).height() + gapBelow));
+}
+
+void AQStatisticsLine::changeEvent(QEvent* event) {
+    QLabel::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        fitToFont();
 }
 
 void AQStatisticsLine::setStatistics(const ProgramStatistics& statistics) {
@@ -35,6 +47,7 @@ void AQStatisticsLine::setStatistics(const ProgramStatistics& statistics) {
 void AQStatisticsLine::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.fillRect(rect(), DisplayColors::neutral);
+    painter.setFont(m_small);
     painter.setPen(textColor);
     painter.drawText(rect().adjusted(static_cast<int>(CurveGeometry::sideMargin), 0, 0, -gapBelow),
                      Qt::AlignLeft | Qt::AlignVCenter, text());

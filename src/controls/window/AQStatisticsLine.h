@@ -16,4 +16,10 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void fitToFont();
+
+    QFont m_small;
 };
