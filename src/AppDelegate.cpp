@@ -8,6 +8,7 @@
 #include "controls/window/AQAboutPanel.h"
 #include "data/AQDataSource.h"
 #include "data/ProgramStatistics.h"
+#include "lamp/LampContents.h"
 #include "lamp/LampPreview.h"
 #include "lamp/Transfers.h"
 #include "ui_MainWindow.h"
@@ -40,8 +41,8 @@ struct AppDelegate::Workflows {
         : ui(window.outlets()), documents(services.data, services.prompts),
           undo(services.data.history(), *ui.menuitemUndo, *ui.menuitemRedo), selectDevice(&window),
           connection(services.controller, services.prompts, selectDevice),
-          transfers(services.data, services.controller),
-          transfer(transfers, documents, services.prompts),
+          lampContents(services.data), transfers(services.data, services.controller, lampContents),
+          transfer(transfers, lampContents, documents, services.prompts),
           table(services.data, {window.tableView(), *ui.bttnTableItemAdd, *ui.bttnTableItemDelete,
                                 *ui.menuitemAddPoint, *ui.menuitemDeletePoint}),
           clipboard(services.data, services.prompts,
@@ -63,6 +64,7 @@ struct AppDelegate::Workflows {
     UndoCommands undo;
     SelectDevicePanel selectDevice;
     ConnectionWorkflow connection;
+    LampContents lampContents;
     Transfers transfers;
     TransferWorkflow transfer;
     PointTable table;
@@ -83,6 +85,7 @@ AppDelegate::AppDelegate(const Services& services)
     m_workflows = std::make_unique<Workflows>(services, *m_window);
     connectDocument();
     connectDevice();
+    connectLampContents();
     connectPreview();
     connectHelp();
     updateControls();
@@ -171,6 +174,18 @@ void AppDelegate::connectDevice() {
             &MainWindow::showPortProblem);
 }
 
+void AppDelegate::connectLampContents() {
+    Workflows& w = *m_workflows;
+    connect(&w.lampContents, &LampContents::changed, this, &AppDelegate::showLampState);
+    connect(&w.programMode, &ProgramMode::modeTold, &w.lampContents, &LampContents::noteMode);
+    connect(&w.connection, &ConnectionWorkflow::portRemoved, &w.lampContents,
+            &LampContents::portRemoved);
+    connect(&w.connection, &ConnectionWorkflow::looked, &w.lampContents,
+            [this] { m_workflows->lampContents.portsPresent(presentPaths()); });
+    connect(&w.transfers.progress(), &TransferProgress::changed, m_window.get(),
+            &MainWindow::showProgress);
+}
+
 void AppDelegate::connectPreview() {
     Workflows& w = *m_workflows;
     connect(&w.taskLight, &TaskLightEditor::touched, &w.liveMode, &LiveMode::taskLightTouched);
@@ -210,6 +225,9 @@ void AppDelegate::onConnectedChanged(bool isConnected) {
     if (!isConnected) {
         m_workflows->transfers.linkWasLost();
         m_workflows->departure.linkWasLost();
+        m_workflows->lampContents.linkLost();
+    } else {
+        m_workflows->lampContents.linkOpened(m_services.controller.portPath(), presentPaths());
     }
     m_workflows->lamp.setConnected(isConnected);
 }
@@ -227,6 +245,18 @@ void AppDelegate::showSign() {
 
 void AppDelegate::showStatistics() {
     m_workflows->ui.lblStatistics->setStatistics(statisticsOf(m_services.data.preview().points()));
+}
+
+void AppDelegate::showLampState() {
+    const LampContents& lamp = m_workflows->lampContents;
+    m_window->showLampState(lamp.text(), lamp.state() == LampContents::State::partOfThisProgram);
+}
+
+std::vector<std::string> AppDelegate::presentPaths() const {
+    std::vector<std::string> paths;
+    for (const SerialPortInfo& port : m_services.controller.availablePorts())
+        paths.push_back(port.path);
+    return paths;
 }
 
 void AppDelegate::menuSetDeviceTime() {

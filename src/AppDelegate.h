@@ -7,6 +7,8 @@
 
 #include <memory>
 #include <optional>
+#include <string>
+#include <vector>
 
 class MainWindow;
 class Prompts;
@@ -49,6 +51,7 @@ private:
 
     void connectDocument();
     void connectDevice();
+    void connectLampContents();
     void connectPreview();
     void connectHelp();
     void startDiscovery();
@@ -62,6 +65,8 @@ private:
     void showTitle();
     void showSign();
     void showStatistics();
+    void showLampState();
+    std::vector<std::string> presentPaths() const;
     void updateControls();
 
     Services m_services;

@@ -28,6 +28,11 @@ QColor statusColor(bool isConnected, bool onDark) {
 /// What a desktop puts around a window.
 constexpr QSize frameRoom{8, 40};
 
+/// For what may have gone wrong, readable on both too.
+QColor warningColor(bool onDark) {
+    return onDark ? QColor(255, 190, 92) : QColor(150, 82, 0);
+}
+
 /// The path of the one local file that is being dragged, else empty.
 QString draggedFile(const QMimeData& data) {
     const QList<QUrl> urls = data.urls();
@@ -127,6 +132,34 @@ void MainWindow::showConnected(bool isConnected) {
         Announcement::make(*this, m_ui->lblConnectionStatus->text());
     setTextColor(*m_ui->lblConnectionStatus, color);
     setTextColor(*m_ui->lblConnectionDot, color);
+    refreshLampState();
+}
+
+void MainWindow::showLampState(const QString& text, bool isWarning) {
+    const bool isNews = text != m_lampState && !text.isEmpty();
+    m_lampState = text;
+    m_isLampStateWarning = isWarning;
+    if (isNews)
+        Announcement::make(*this, text);
+    refreshLampState();
+}
+
+void MainWindow::showProgress(const QString& text) {
+    m_progress = text;
+    refreshLampState();
+}
+
+void MainWindow::refreshLampState() {
+    AQBarLabel& label = *m_ui->lblLampState;
+    // Wide enough for both, and the longest progress before there is any.
+    label.setReserve({m_lampState, QStringLiteral("Sending 00 of 00")});
+    label.setText(m_progress.isEmpty() ? m_lampState : m_progress);
+    label.setVisible(!label.text().isEmpty());
+    const bool isWarning = m_isLampStateWarning && m_progress.isEmpty();
+    setTextColor(label, isWarning ? warningColor(AccentColor::isDark(palette()))
+                                  : palette().color(QPalette::WindowText));
+    m_ui->lblConnectionStatus->setToolTip(
+        m_isConnected && m_lampState.isEmpty() ? QStringLiteral("not read yet") : QString());
 }
 
 void MainWindow::showPortProblem(const QString& text, const QString& help) {

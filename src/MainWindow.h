@@ -28,6 +28,10 @@ public:
     AQPointList& tableView() { return *m_tableView; }
 
     void showConnected(bool isConnected);
+    /// What the lamp holds; an empty text while that is not known.
+    void showLampState(const QString& text, bool isWarning);
+    /// How far a transfer is, in the place of the lamp's state; an empty text when there is none.
+    void showProgress(const QString& text);
     /// Why a controller that is plugged in cannot be opened, and what helps; an empty text hides
     /// it.
     void showPortProblem(const QString& text, const QString& help);
@@ -60,10 +64,14 @@ private:
     void placeEditors();
     void setShortcuts();
     void requestClose();
+    void refreshLampState();
 
     std::unique_ptr<Ui::MainWindow> m_ui;
     AQCurveView* m_curveView;
     AQPointList* m_tableView;
     bool m_isConnected = false;
+    QString m_lampState;
+    bool m_isLampStateWarning = false;
+    QString m_progress;
     bool m_wasPainted = false;
 };

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <span>
 #include <utility>
 
 namespace {
@@ -40,9 +41,9 @@ std::uint8_t levelOf(const AQTimePoint& point, int channel) {
 
 /// The program's entries of one channel. A single entry would give the controller nothing to fade
 /// between, so it is sent as the same level from the start to the end of the day.
-Entries programEntries(const AQSequence& sequence, int channel) {
+Entries programEntries(std::span<const AQTimePoint> points, int channel) {
     Entries entries;
-    for (const AQTimePoint& point : sequence.points()) {
+    for (const AQTimePoint& point : points) {
         Q_ASSERT(point.time.isValid());
         entries.push_back({static_cast<std::uint8_t>(point.time.hour),
                            static_cast<std::uint8_t>(point.time.minute), levelOf(point, channel)});
@@ -68,12 +69,6 @@ double taskLightFraction(std::uint8_t level) {
     return std::min(level / taskLightScale, 1.0);
 }
 
-/// What the answers of a load hold.
-struct Loaded {
-    std::vector<AQTimePoint> points;
-    AQTimePoint taskLight;
-};
-
 /// The entries of each channel, or none when the answers are not those of a load.
 std::optional<std::vector<Entries>> channelEntries(const Answers& answers) {
     std::vector<Entries> channels;
@@ -90,11 +85,13 @@ std::optional<std::vector<Entries>> channelEntries(const Answers& answers) {
     for (std::size_t index = 0; index < names.size(); ++index)
         if (!allTheSame && names[index] != index)
             return {};
-    // Two channels together describe a point.
-    for (std::size_t even = 0; even + 1 < channels.size(); even += 2)
-        if (channels[even].size() != channels[even + 1].size())
-            return {};
     return channels;
+}
+
+/// Two channels together describe a point.
+bool arePaired(const std::vector<Entries>& channels) {
+    return channels[0].size() == channels[1].size() &&
+           (channels.size() < fourChannels || channels[2].size() == channels[3].size());
 }
 
 /// The points at the times of `times`, their light being that of its entry and the partner's.
@@ -116,58 +113,39 @@ void setLight(AQTimePoint& point, Light light) {
     point.brightness = light.brightness;
 }
 
-bool readTwoChannels(const std::vector<Entries>& channels, const AnswerTaskMode& taskMode,
-                     Loaded& loaded) {
-    setLight(loaded.taskLight, lightFromLevels(taskMode.levels[0].raw, taskMode.levels[1].raw));
-    return makePoints(channels[0], channels[1], lightFromLevels, loaded.points);
+bool readTwoChannels(const DeviceImage& image, DocumentContents& contents) {
+    setLight(contents.taskLight, lightFromLevels(image.taskMode.cold, image.taskMode.warm));
+    return makePoints(image.channels[0], image.channels[1], lightFromLevels, contents.points);
 }
 
-bool readFourChannels(const std::vector<Entries>& channels, Loaded& loaded) {
+bool readFourChannels(const std::vector<Entries>& channels, DocumentContents& contents) {
     const auto taskLightOf = [](const SequenceEntry& colorTemp, const SequenceEntry& brightness) {
         return Light{taskLightFraction(colorTemp.level), taskLightFraction(brightness.level)};
     };
     // An empty program was sent with the task light alone in these channels.
     if (channels[2].size() == 1) {
-        setLight(loaded.taskLight, taskLightOf(channels[2][0], channels[3][0]));
+        setLight(contents.taskLight, taskLightOf(channels[2][0], channels[3][0]));
         return true;
     }
-    setLight(loaded.taskLight,
+    setLight(contents.taskLight,
              channels[0].empty() ? Light{0.5, 1.0} : taskLightOf(channels[0][0], channels[1][0]));
     return makePoints(
         channels[2], channels[3],
         [](std::uint8_t colorTemp, std::uint8_t brightness) {
             return Light{fractionFromByte(colorTemp), fractionFromByte(brightness)};
         },
-        loaded.points);
+        contents.points);
 }
 
 /// The duration of the task light. The hours are counted without the minutes that the seconds carry
 /// over, which therefore may not exceed the controller's minutes; none then. The application itself
 /// sends no carry.
-std::optional<AQTime> durationOf(const AnswerTaskMode& taskMode) {
+std::optional<AQTime> durationOf(const DeviceImage::TaskMode& taskMode) {
     const int minute = (taskMode.minutes + taskMode.seconds / 60) % 60;
     const int wholeHours = taskMode.minutes - minute;
     if (wholeHours < 0)
         return {};
     return AQTime{(wholeHours / 60) % 24, minute, taskMode.seconds % 60};
-}
-
-std::optional<Loaded> readAnswers(const Answers& answers, int channelCount) {
-    const int expected = 1 + std::min(channelCount, fourChannels);
-    if (std::cmp_not_equal(answers.size(), expected))
-        return {};
-    const auto* taskMode = dynamic_cast<const AnswerTaskMode*>(answers[0].get());
-    const auto channels = channelEntries(answers);
-    if (!taskMode || !channels)
-        return {};
-    const auto duration = durationOf(*taskMode);
-    if (!duration)
-        return {};
-    Loaded loaded;
-    loaded.taskLight.time = *duration;
-    const bool ok = channelCount == twoChannels ? readTwoChannels(*channels, *taskMode, loaded)
-                                                : readFourChannels(*channels, loaded);
-    return ok ? std::optional(std::move(loaded)) : std::nullopt;
 }
 
 } // namespace
@@ -199,32 +177,58 @@ std::vector<YCommand> DeviceProgramImage::loadCommands(const DeviceInfo& device)
     return commands;
 }
 
-std::vector<YCommand> DeviceProgramImage::sendCommands(const AQDataSource& document,
-                                                       const DeviceInfo& device) {
-    const AQTimePoint& taskLight = document.taskLight();
-    std::vector<YCommand> commands;
-    for (int channel = 0; channel < *device.channelCount; ++channel) {
-        Entries entries = programEntries(document.sequence(), channel);
-        if (*device.channelCount >= fourChannels)
+DeviceImage DeviceProgramImage::imageOf(const DocumentContents& contents, int channelCount) {
+    const AQTimePoint& taskLight = contents.taskLight;
+    DeviceImage image;
+    for (int channel = 0; channel < channelCount; ++channel) {
+        Entries& entries = image.channels.emplace_back(programEntries(contents.points, channel));
+        if (channelCount >= fourChannels)
             foldInTaskLight(entries, channel, taskLight);
-        commands.push_back(CmdSetSequenceData(channel, entries, device));
     }
     const ChannelLevels levels = levelsFromLight(taskLight.colorTemp, taskLight.brightness);
-    const AQTime& duration = taskLight.time;
-    commands.push_back(
-        CmdSetTaskMode(duration.hour, duration.minute, duration.second, levels.cold, levels.warm));
+    const auto byte = [](int value) {
+        constexpr int most = 255;
+        return static_cast<std::uint8_t>(std::clamp(value, 0, most));
+    };
+    image.taskMode = {byte(taskLight.time.minuteOfDay()), byte(taskLight.time.second), levels.cold,
+                      levels.warm};
+    return image;
+}
+
+std::vector<YCommand> DeviceProgramImage::sendCommands(const DeviceImage& image,
+                                                       const DeviceInfo& device) {
+    std::vector<YCommand> commands;
+    for (std::size_t channel = 0; channel < image.channels.size(); ++channel)
+        commands.push_back(
+            CmdSetSequenceData(static_cast<int>(channel), image.channels[channel], device));
+    const auto& [minutes, seconds, cold, warm] = image.taskMode;
+    commands.push_back(CmdSetTaskMode(0, minutes, seconds, cold, warm));
     return commands;
 }
 
-TransferResult DeviceProgramImage::apply(const Answers& answers, const DeviceInfo& device,
-                                         AQDataSource& document) {
-    const TransferResult check = checkLoad(device);
-    if (!check.isOk())
-        return check;
-    auto loaded = readAnswers(answers, *device.channelCount);
-    if (!loaded)
-        return TransferResult::errorInvalidData{};
-    document.sequence().replacePoints(std::move(loaded->points));
-    document.setTaskLight(loaded->taskLight);
-    return TransferResult::ok{};
+std::optional<DeviceImage> DeviceProgramImage::imageOf(const Answers& answers,
+                                                       const DeviceInfo& device) {
+    const int expected = 1 + std::min(device.channelCount.value_or(0), fourChannels);
+    if (!checkLoad(device).isOk() || std::cmp_not_equal(answers.size(), expected))
+        return {};
+    const auto* taskMode = dynamic_cast<const AnswerTaskMode*>(answers[0].get());
+    auto channels = channelEntries(answers);
+    if (!taskMode || !channels)
+        return {};
+    return DeviceImage{
+        std::move(*channels),
+        {taskMode->minutes, taskMode->seconds, taskMode->levels[0].raw, taskMode->levels[1].raw}};
+}
+
+std::optional<DocumentContents> DeviceProgramImage::contentsOf(const DeviceImage& image) {
+    const auto duration = durationOf(image.taskMode);
+    if (!isKnownChannelCount(static_cast<int>(image.channels.size())) ||
+        !arePaired(image.channels) || !duration)
+        return {};
+    DocumentContents contents;
+    contents.taskLight.time = *duration;
+    const bool isReadable = image.channels.size() == twoChannels
+                                ? readTwoChannels(image, contents)
+                                : readFourChannels(image.channels, contents);
+    return isReadable ? std::optional(std::move(contents)) : std::nullopt;
 }

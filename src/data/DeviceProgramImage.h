@@ -1,5 +1,7 @@
 #pragma once
 
+#include "data/DeviceImage.h"
+#include "data/DocumentContents.h"
 #include "data/TransferResult.h"
 #include "yprotocoll/DeviceInfo.h"
 #include "yprotocoll/YCommand.h"
@@ -29,18 +31,20 @@ TransferResult checkSend(const AQDataSource& document, const std::optional<Devic
 /// The commands of a load, in order: CmdGetTaskMode, then CmdGetSequenceData for channels 0 and 1,
 /// or 0 to 3. `checkLoad()` must have been ok.
 std::vector<YCommand> loadCommands(const DeviceInfo& device);
+/// What a controller of `channelCount` (2, or at least 4) channels stores after a send of these
+/// contents. A single point becomes two entries, 00:00 and 23:59.
+DeviceImage imageOf(const DocumentContents& contents, int channelCount);
 /// The commands of a send, in order: one CmdSetSequenceData for each channel, CmdSetTaskMode last.
-/// `checkSend()` must have been ok. A single point is sent as two entries, 00:00 and 23:59.
-std::vector<YCommand> sendCommands(const AQDataSource& document, const DeviceInfo& device);
+/// `checkSend()` must have been ok.
+std::vector<YCommand> sendCommands(const DeviceImage& image, const DeviceInfo& device);
 
-/// Replaces program and task light of the document by what the answers to `loadCommands()` hold.
-/// Posts nothing and leaves mode and dirty flag alone. Points come in the controller's order.
-///
-/// errorInvalidData leaves the document unchanged: answers that are missing, too many, of the wrong
-/// kind or for another channel, lists of different lengths, a time of day that is none, or a task
-/// light whose seconds carry over beyond its minutes (0 minutes 60 seconds), which the application
-/// never sends.
-TransferResult apply(const std::vector<std::shared_ptr<const YAnswer>>& answers,
-                     const DeviceInfo& device, AQDataSource& document);
+/// What the answers to `loadCommands()` hold. None for answers that are missing, too many, of the
+/// wrong kind or for another channel.
+std::optional<DeviceImage> imageOf(const std::vector<std::shared_ptr<const YAnswer>>& answers,
+                                   const DeviceInfo& device);
+/// What a load makes of it, in program mode, the points in the controller's order. None for lists
+/// of different lengths, a time of day that is none, or a task light whose seconds carry over
+/// beyond its minutes (0 minutes 60 seconds), which the application never sends.
+std::optional<DocumentContents> contentsOf(const DeviceImage& image);
 
 } // namespace DeviceProgramImage

@@ -1,12 +1,39 @@
 #include "lamp/Transfers.h"
 
 #include "data/DeviceProgramImage.h"
+#include "lamp/LampContents.h"
+#include "yprotocoll/YAnswers.h"
+#include "yprotocoll/YCommands.h"
 #include "yprotocoll/link/YMessageController.h"
+
+#include <spdlog/spdlog.h>
 
 #include <utility>
 
-Transfers::Transfers(AQDataSource& data, YMessageController& controller, QObject* parent)
-    : QObject(parent), m_data(data), m_controller(controller) {}
+/// One send, and what its answers tell.
+struct Transfers::Sending {
+    AQDataSource::Contents contents;
+    DeviceImage image;
+    DeviceImage stored; ///< what no answer tells is taken to be as it was sent
+
+    void noteAnswer(std::size_t index, const YAnswer& answer) {
+        if (const auto* taskMode = dynamic_cast<const AnswerTaskMode*>(&answer))
+            stored.taskMode = {taskMode->minutes, taskMode->seconds, taskMode->levels[0].raw,
+                               taskMode->levels[1].raw};
+        const auto* sequence = dynamic_cast<const AnswerSequenceData*>(&answer);
+        if (!sequence || sequence->seqData.empty() || index >= stored.channels.size())
+            return;
+        // Of a controller that names no channels, it may be the late answer about the one before.
+        const bool isLate = index > 0 && sequence->channel != index &&
+                            sequence->seqData == image.channels[index - 1];
+        if (!isLate)
+            stored.channels[index] = sequence->seqData;
+    }
+};
+
+Transfers::Transfers(AQDataSource& data, YMessageController& controller, LampContents& lamp,
+                     QObject* parent)
+    : QObject(parent), m_data(data), m_controller(controller), m_lamp(lamp) {}
 
 void Transfers::load() {
     const auto& device = m_controller.device();
@@ -17,59 +44,135 @@ void Transfers::load() {
     }
     if (m_loads++ == 0)
         m_undisturbed = m_data.contents();
+    auto commands = DeviceProgramImage::loadCommands(*device);
+    m_progress.begin(QStringLiteral("Loading"), static_cast<int>(commands.size()));
     m_controller.sendCommands(
-        DeviceProgramImage::loadCommands(*device),
+        std::move(commands),
         [this, loadedFrom = *device, droppings = m_droppings](const Answers& answers) {
-            if (droppings == m_droppings)
-                onAnswers(answers, loadedFrom);
-        });
+            if (droppings == m_droppings && --m_loads == 0)
+                readAnswers(answers, loadedFrom, [this](const auto& result, const auto& program) {
+                    onLoaded(result, program);
+                });
+        },
+        [this](const YAnswer&) { m_progress.step(); });
 }
 
-void Transfers::onAnswers(const Answers& answers, const DeviceInfo& device) {
-    if (--m_loads > 0)
-        return;
-    m_answers = answers;
-    m_device = device;
+void Transfers::readAnswers(const Answers& answers, const DeviceInfo& device,
+                            const ReadDone& done) {
+    StoredProgram program;
+    const auto image = DeviceProgramImage::imageOf(answers, device);
+    if (image)
+        program = {*image, DeviceProgramImage::contentsOf(*image)};
+    if (program.contents) {
+        done(TransferResult::ok{}, program);
+    } else {
+        m_lamp.noteUnreadable();
+        done(TransferResult::errorInvalidData{}, program);
+    }
+}
+
+void Transfers::onLoaded(const TransferResult& result, const StoredProgram& program) {
+    m_loaded = program;
     Q_EMIT arrived();
     // The dirty mark does not tell: it may stand from before, and have been asked about.
-    if (m_data.contents() == m_undisturbed)
+    const bool isUndisturbed = m_data.contents() == m_undisturbed;
+    if (!isUndisturbed && result.isOk())
+        m_lamp.noteRead(program);
+    if (isUndisturbed)
         replaceDocument();
     else
         Q_EMIT disturbed();
 }
 
 void Transfers::replaceDocument() {
-    const auto before = m_data.contents();
-    const TransferResult result =
-        DeviceProgramImage::apply(std::exchange(m_answers, {}), m_device, m_data);
-    if (result.isOk()) {
-        m_data.noteStep(QStringLiteral("Load from Device"));
-        m_data.markLoaded();
-        m_data.announceReplacement(this);
+    const StoredProgram program = std::exchange(m_loaded, {});
+    if (!program.contents) {
+        Q_EMIT loaded(TransferResult::errorInvalidData{}, false);
+        return;
     }
-    Q_EMIT loaded(result, m_data.contents() != before);
+    const auto before = m_data.contents();
+    take(program, QStringLiteral("Load from Device"));
+    Q_EMIT loaded(TransferResult::ok{}, m_data.contents() != before);
+}
+
+void Transfers::take(const StoredProgram& program, const QString& stepName) {
+    m_data.sequence().replacePoints(program.contents->points);
+    m_data.setTaskLight(program.contents->taskLight);
+    m_data.noteStep(stepName);
+    m_data.markLoaded();
+    // Before the change is announced, so that nobody is told that they differ.
+    m_lamp.noteRead(program);
+    m_data.announceReplacement(this);
+}
+
+void Transfers::read(Read what, const ReadDone& done) {
+    const auto& device = m_controller.device();
+    const TransferResult check = DeviceProgramImage::checkLoad(device);
+    if (!check.isOk()) {
+        done(check, {});
+        return;
+    }
+    auto commands = DeviceProgramImage::loadCommands(*device);
+    if (what == Read::AndMode)
+        commands.push_back(CmdGetDeviceMode());
+    m_progress.begin(QStringLiteral("Reading"), static_cast<int>(commands.size()));
+    m_controller.sendCommands(
+        std::move(commands),
+        [this, what, done, readFrom = *device](Answers answers) {
+            if (what == Read::AndMode) {
+                if (const auto* mode = dynamic_cast<const AnswerDeviceMode*>(answers.back().get()))
+                    m_lamp.noteMode(mode->mode != 0);
+                answers.pop_back();
+            }
+            readAnswers(answers, readFrom, [this, &done](const auto& result, const auto& program) {
+                if (result.isOk())
+                    m_lamp.noteRead(program);
+                done(result, program);
+            });
+        },
+        [this](const YAnswer&) { m_progress.step(); });
 }
 
 void Transfers::send() {
     const auto& device = m_controller.device();
     const TransferResult check = DeviceProgramImage::checkSend(m_data, device);
     if (!check.isOk()) {
-        Q_EMIT sent(check);
+        Q_EMIT sent(check, {});
         return;
     }
-    auto commands = DeviceProgramImage::sendCommands(m_data, *device);
-    // The controller answers in order, so the last answer, the task mode's, stands for all.
-    YCommand last = std::move(commands.back());
-    commands.pop_back();
-    for (YCommand& command : commands)
-        m_controller.send(std::move(command));
+    const auto sending = std::make_shared<Sending>();
+    sending->contents = m_data.contents();
+    sending->image = DeviceProgramImage::imageOf(sending->contents, *device->channelCount);
+    sending->stored = sending->image;
+    auto commands = DeviceProgramImage::sendCommands(sending->image, *device);
     ++m_sends;
-    m_controller.send(std::move(last), [this](const YAnswer&) { onSent(); });
+    m_data.markSent(sending->contents);
+    m_progress.begin(QStringLiteral("Sending"), static_cast<int>(commands.size()));
+    for (std::size_t index = 0; index < commands.size(); ++index)
+        m_controller.send(std::move(commands[index]),
+                          [this, sending, index](const YAnswer& answer) {
+                              onSendAnswer(*sending, index, answer);
+                          });
 }
 
-void Transfers::onSent() {
+void Transfers::onSendAnswer(Sending& sending, std::size_t index, const YAnswer& answer) {
+    m_progress.step();
+    sending.noteAnswer(index, answer);
+    // The controller answers in order, so the last answer, the task mode's, stands for all.
+    if (index == sending.image.channels.size())
+        onSent(sending);
+}
+
+void Transfers::onSent(const Sending& sending) {
     --m_sends;
-    Q_EMIT sent(TransferResult::ok{});
+    m_lamp.noteStored(sending.stored);
+    QString difference;
+    if (sending.stored != sending.image) {
+        const ProgramComparison comparison(sending.contents, sending.image, sending.stored);
+        difference = comparison.differences().value(0);
+        SPDLOG_ERROR("the controller stored something else: {}", difference.toStdString());
+    }
+    Q_EMIT sent(TransferResult::ok{}, difference);
     if (const auto done = isSending() ? nullptr : std::exchange(m_afterSends, nullptr))
         done();
 }
@@ -88,6 +191,8 @@ void Transfers::afterSends(std::function<void()> done) {
 
 void Transfers::linkWasLost() {
     dropLoads();
-    m_sends = 0;
+    m_progress.stop();
+    if (std::exchange(m_sends, 0) > 0)
+        m_lamp.noteBrokenSend();
     m_afterSends = nullptr;
 }

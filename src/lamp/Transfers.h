@@ -2,25 +2,35 @@
 
 #include "data/AQDataSource.h"
 #include "data/TransferResult.h"
+#include "lamp/ProgramComparison.h"
+#include "lamp/TransferProgress.h"
 
 #include <QObject>
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
+class LampContents;
 class YAnswer;
 class YMessageController;
 
-/// Loads the document's light program and task light from the controller, and sends them to it.
+/// Loads the document's light program and task light from the controller, sends them to it, and
+/// reads the controller without touching the document.
 ///
-/// A transfer whose link fails ends without a result.
+/// What the answers tell of the controller's program is noted in `lamp`. A transfer whose link
+/// fails ends without a result.
 class Transfers : public QObject {
     Q_OBJECT
 
 public:
-    /// Both must outlive this.
-    Transfers(AQDataSource& data, YMessageController& controller, QObject* parent = nullptr);
+    /// What was read, or why it is no program.
+    using ReadDone = std::function<void(const TransferResult& result, const StoredProgram& read)>;
+
+    /// All must outlive this.
+    Transfers(AQDataSource& data, YMessageController& controller, LampContents& lamp,
+              QObject* parent = nullptr);
 
     /// Asks for the program in the controller. Ends in `loaded`, or in `disturbed` when the
     /// document was changed meanwhile. Of several loads on their way the last one counts.
@@ -31,6 +41,15 @@ public:
     /// Ends in `sent`.
     void send();
     bool isSending() const { return m_sends > 0; }
+
+    /// Reads the program in the controller, and with `AndMode` whether it runs it. `read` holds
+    /// contents when the result is `ok`.
+    enum class Read { Program, AndMode };
+    void read(Read what, const ReadDone& done);
+    /// The document becomes what was read, in one step of this name, and is clean.
+    void take(const StoredProgram& program, const QString& stepName);
+
+    const TransferProgress& progress() const { return m_progress; }
 
     /// Forgets the loads on their way, but not one that was `disturbed`.
     void dropLoads();
@@ -47,21 +66,27 @@ Q_SIGNALS:
     /// that is something else than it held before.
     void loaded(const TransferResult& result, bool isOther);
     void disturbed();
-    void sent(const TransferResult& result);
+    /// With `ok` the controller has answered all; a `difference`, in words, tells that it says it
+    /// stored something else.
+    void sent(const TransferResult& result, const QString& difference);
 
 private:
     using Answers = std::vector<std::shared_ptr<const YAnswer>>;
+    struct Sending;
 
-    void onAnswers(const Answers& answers, const DeviceInfo& device);
-    void onSent();
+    void readAnswers(const Answers& answers, const DeviceInfo& device, const ReadDone& done);
+    void onLoaded(const TransferResult& result, const StoredProgram& program);
+    void onSendAnswer(Sending& sending, std::size_t index, const YAnswer& answer);
+    void onSent(const Sending& sending);
 
     AQDataSource& m_data;
     YMessageController& m_controller;
+    LampContents& m_lamp;
+    TransferProgress m_progress;
     int m_loads = 0;
     int m_sends = 0;
     int m_droppings = 0; ///< tells the answers of a dropped load from those of a later one
     AQDataSource::Contents m_undisturbed; ///< the document when the first load on its way began
-    Answers m_answers;                    ///< of the last load
-    DeviceInfo m_device;                  ///< where they came from
+    StoredProgram m_loaded;               ///< by the last load
     std::function<void()> m_afterSends;
 };

@@ -1,6 +1,9 @@
 #include "workflows/DialogPrompts.h"
 
+#include <QDialogButtonBox>
 #include <QFileDialog>
+#include <QGridLayout>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -23,6 +26,27 @@ void runFileDialog(QFileDialog* dialog, std::function<void(std::optional<QString
             done(std::nullopt);
     });
     dialog->show();
+}
+
+/// Puts one more text between those of the box and its buttons.
+void addLine(QMessageBox& box, const QString& text) {
+    auto* grid = qobject_cast<QGridLayout*>(box.layout());
+    auto* buttons = box.findChild<QDialogButtonBox*>();
+    const auto* informative = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_informativelabel"));
+    if (!grid || !buttons || !informative)
+        return;
+    int row = 0;
+    int column = 0;
+    int rows = 0;
+    int columns = 0;
+    grid->getItemPosition(grid->indexOf(informative), &row, &column, &rows, &columns);
+    auto* line = new QLabel(text, &box);
+    line->setTextFormat(Qt::PlainText);
+    line->setWordWrap(true);
+    line->setContentsMargins(informative->contentsMargins());
+    grid->removeWidget(buttons);
+    grid->addWidget(line, row + 1, column);
+    grid->addWidget(buttons, row + 2, 0, 1, grid->columnCount());
 }
 
 } // namespace
@@ -58,8 +82,8 @@ void DialogPrompts::askToSave(const QString& message, const QString& informative
     box->show();
 }
 
-void DialogPrompts::confirm(const QString& message, const QString& informative, Answer usual,
-                            std::function<void(bool)> done) {
+QMessageBox* DialogPrompts::makeQuestion(const QString& message, const QString& informative,
+                                         Answer usual, std::function<void(bool)> done) const {
     QMessageBox* box = makeBox(message, informative);
     box->setIcon(QMessageBox::Question);
     box->setStandardButtons(QMessageBox::Yes | QMessageBox::No);
@@ -67,6 +91,19 @@ void DialogPrompts::confirm(const QString& message, const QString& informative, 
     box->setEscapeButton(QMessageBox::No);
     QObject::connect(box, &QDialog::finished, box,
                      [done](int result) { done(result == QMessageBox::Yes); });
+    return box;
+}
+
+void DialogPrompts::confirm(const QString& message, const QString& informative, Answer usual,
+                            std::function<void(bool)> done) {
+    makeQuestion(message, informative, usual, std::move(done))->show();
+}
+
+void DialogPrompts::confirmWithNote(const QString& message, const QString& informative,
+                                    const QString& note, Answer usual,
+                                    std::function<void(bool)> done) {
+    QMessageBox* box = makeQuestion(message, informative, usual, std::move(done));
+    addLine(*box, note);
     box->show();
 }
 
@@ -88,7 +125,15 @@ void DialogPrompts::alert(const QString& message, const QString& informative, Se
     box->setIcon(severity == Severity::Critical ? QMessageBox::Critical : QMessageBox::Information);
     box->setStandardButtons(QMessageBox::Ok);
     box->setEscapeButton(QMessageBox::Ok);
-    box->show();
+    if (m_lastAlert)
+        QObject::connect(m_lastAlert, &QDialog::finished, box, &QWidget::show);
+    else
+        box->show();
+    m_lastAlert = box;
+    QObject::connect(box, &QDialog::finished, box, [this, box] {
+        if (m_lastAlert == box)
+            m_lastAlert = nullptr;
+    });
 }
 
 void DialogPrompts::askForFileToOpen(std::function<void(std::optional<QString>)> done) {

@@ -19,6 +19,8 @@ public:
                  std::function<void(bool)> done) override;
     void offer(const QString& message, const QString& informative, const QString& button,
                std::function<void(bool)> done) override;
+    void confirmWithNote(const QString& message, const QString& informative, const QString& note,
+                         Answer usual, std::function<void(bool)> done) override;
     void alert(const QString& message, const QString& informative, Severity severity) override;
     void askForFileToOpen(std::function<void(std::optional<QString>)> done) override;
     void askWhereToSave(const QString& suggested,
@@ -26,6 +28,9 @@ public:
 
 private:
     QMessageBox* makeBox(const QString& message, const QString& informative) const;
+    QMessageBox* makeQuestion(const QString& message, const QString& informative, Answer usual,
+                              std::function<void(bool)> done) const;
 
     QPointer<QWidget> m_parent;
+    QPointer<QMessageBox> m_lastAlert; ///< shown, or waiting for the one before it
 };

@@ -2,6 +2,7 @@
 
 #include "controls/window/AQSwitchButton.h"
 #include "data/AQDataSource.h"
+#include "yprotocoll/YAnswers.h"
 #include "yprotocoll/YCommands.h"
 #include "yprotocoll/link/YMessageController.h"
 
@@ -34,7 +35,11 @@ void ProgramMode::onSwitched(bool isProgramMode) {
 void ProgramMode::onModeChanged() {
     if (m_controller.isConnected())
         m_controller.send(
-            CmdSetDeviceMode(m_data.isProgramMode() ? programModeByte : analogModeByte));
+            CmdSetDeviceMode(m_data.isProgramMode() ? programModeByte : analogModeByte),
+            [this](const YAnswer& answer) {
+                if (const auto* mode = dynamic_cast<const AnswerDeviceMode*>(&answer))
+                    Q_EMIT modeTold(mode->mode == programModeByte);
+            });
     refresh();
 }
 

@@ -20,6 +20,8 @@ public:
 
 Q_SIGNALS:
     void changed(bool isProgramMode);
+    /// The controller has answered what it does now.
+    void modeTold(bool isProgramMode);
 
 private:
     void onSwitched(bool isProgramMode);

@@ -27,7 +27,11 @@ public:
     /// `button` beside "Cancel", which is what Enter answers; `done` gets true for the button only.
     virtual void offer(const QString& message, const QString& informative, const QString& button,
                        std::function<void(bool)> done) = 0;
-    /// One "OK" button.
+    /// As `confirm`, with one more line below the two texts.
+    virtual void confirmWithNote(const QString& message, const QString& informative,
+                                 const QString& note, Answer usual,
+                                 std::function<void(bool)> done) = 0;
+    /// One "OK" button. While one is shown, the next ones wait until it is closed.
     virtual void alert(const QString& message, const QString& informative, Severity severity) = 0;
     /// Asks for an existing settings file; none when cancelled.
     virtual void askForFileToOpen(std::function<void(std::optional<QString>)> done) = 0;

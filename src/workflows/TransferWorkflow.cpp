@@ -1,5 +1,6 @@
 #include "workflows/TransferWorkflow.h"
 
+#include "lamp/LampContents.h"
 #include "lamp/Transfers.h"
 #include "workflows/DocumentCommands.h"
 #include "workflows/Prompts.h"
@@ -10,9 +11,10 @@ const QString saveFirst = QStringLiteral("Save changes before loading settings")
 
 } // namespace
 
-TransferWorkflow::TransferWorkflow(Transfers& transfers, DocumentCommands& documents,
-                                   Prompts& prompts, QObject* parent)
-    : QObject(parent), m_transfers(transfers), m_documents(documents), m_prompts(prompts) {
+TransferWorkflow::TransferWorkflow(Transfers& transfers, const LampContents& lamp,
+                                   DocumentCommands& documents, Prompts& prompts, QObject* parent)
+    : QObject(parent), m_transfers(transfers), m_lamp(lamp), m_documents(documents),
+      m_prompts(prompts) {
     connect(&transfers, &Transfers::disturbed, this, &TransferWorkflow::onDisturbed);
     connect(&transfers, &Transfers::loaded, this, &TransferWorkflow::loadResult);
     connect(&transfers, &Transfers::sent, this, &TransferWorkflow::sendResult);
@@ -39,20 +41,26 @@ void TransferWorkflow::loadResult(const TransferResult& result, bool isOther) {
 }
 
 void TransferWorkflow::onBttnSaveToDevice() {
-    m_prompts.confirm(QStringLiteral("The device settings will be overwritten!"),
-                      QStringLiteral("Are you sure you want to continue?"), Prompts::Answer::Yes,
-                      [this](bool yes) {
-                          if (yes)
-                              m_transfers.send();
-                      });
+    m_prompts.confirmWithNote(QStringLiteral("The device settings will be overwritten!"),
+                              QStringLiteral("Are you sure you want to continue?"),
+                              m_lamp.changeBySending(), Prompts::Answer::Yes, [this](bool yes) {
+                                  if (yes)
+                                      m_transfers.send();
+                              });
 }
 
-void TransferWorkflow::sendResult(const TransferResult& result) {
-    if (!result.isOk())
+void TransferWorkflow::sendResult(const TransferResult& result, const QString& difference) {
+    if (!result.isOk()) {
         m_prompts.alert(QStringLiteral("Could not send settings to device!"),
                         QString::fromStdString(result.description()), Prompts::Severity::Critical);
-    else if (!m_isQuiet)
-        m_prompts.alert(QStringLiteral("Upload was successfull!"),
-                        QStringLiteral("Your settings have been applied to the device."),
-                        Prompts::Severity::Information);
+        return;
+    }
+    if (m_isQuiet)
+        return;
+    m_prompts.alert(QStringLiteral("Upload was successfull!"),
+                    QStringLiteral("Your settings have been applied to the device."),
+                    Prompts::Severity::Information);
+    if (!difference.isEmpty())
+        m_prompts.alert(QStringLiteral("The device stored something else!"), difference,
+                        Prompts::Severity::Critical);
 }

@@ -3,6 +3,7 @@
 #include <QObject>
 
 class DocumentCommands;
+class LampContents;
 class Prompts;
 class TransferResult;
 class Transfers;
@@ -15,8 +16,8 @@ class TransferWorkflow : public QObject {
 
 public:
     /// All must outlive this.
-    TransferWorkflow(Transfers& transfers, DocumentCommands& documents, Prompts& prompts,
-                     QObject* parent = nullptr);
+    TransferWorkflow(Transfers& transfers, const LampContents& lamp, DocumentCommands& documents,
+                     Prompts& prompts, QObject* parent = nullptr);
 
     void onBttnLoadFromDevice();
     void onBttnSaveToDevice();
@@ -26,9 +27,10 @@ public:
 private:
     void onDisturbed();
     void loadResult(const TransferResult& result, bool isOther);
-    void sendResult(const TransferResult& result);
+    void sendResult(const TransferResult& result, const QString& difference);
 
     Transfers& m_transfers;
+    const LampContents& m_lamp;
     DocumentCommands& m_documents;
     Prompts& m_prompts;
     bool m_isQuiet = false;

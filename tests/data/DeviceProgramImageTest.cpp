@@ -46,14 +46,21 @@ struct Fixture {
 
     std::vector<Bytes> sent(const DeviceInfo& device) const {
         std::vector<Bytes> payloads;
-        for (const YCommand& command : DeviceProgramImage::sendCommands(document, device)) {
+        for (const YCommand& command : DeviceProgramImage::sendCommands(
+                 DeviceProgramImage::imageOf(document.contents(), *device.channelCount), device)) {
             EXPECT_EQ(command.id(), payloads.size() == std::size_t(*device.channelCount) ? 50 : 44);
             payloads.push_back(command.data());
         }
         return payloads;
     }
     TransferResult apply(const Answers& answers, int channels) {
-        return DeviceProgramImage::apply(answers, controller(channels), document);
+        const auto image = DeviceProgramImage::imageOf(answers, controller(channels));
+        const auto contents = image ? DeviceProgramImage::contentsOf(*image) : std::nullopt;
+        if (!contents)
+            return TransferResult::errorInvalidData{};
+        document.sequence().replacePoints(contents->points);
+        document.setTaskLight(contents->taskLight);
+        return TransferResult::ok{};
     }
 };
 

@@ -62,6 +62,17 @@ Answers storedBy(const std::vector<YCommand>& commands, int channelCount) {
     return answers;
 }
 
+/// As a load does; false when the answers hold no program.
+bool apply(const Answers& answers, const DeviceInfo& device, AQDataSource& document) {
+    const auto image = DeviceProgramImage::imageOf(answers, device);
+    const auto contents = image ? DeviceProgramImage::contentsOf(*image) : std::nullopt;
+    if (!contents)
+        return false;
+    document.sequence().replacePoints(contents->points);
+    document.setTaskLight(contents->taskLight);
+    return true;
+}
+
 /// A document that came from a controller goes back to it, and comes again as it was.
 void checkReturn(const AQDataSource& document, const DeviceInfo& device) {
     const bool fits = document.sequence().count() <= std::min(*device.maxPointsInSeq, mostEntries);
@@ -70,12 +81,13 @@ void checkReturn(const AQDataSource& document, const DeviceInfo& device) {
     if (!fits || device.maxPointsInSeq < 2)
         return;
 
-    const auto stored =
-        storedBy(DeviceProgramImage::sendCommands(document, device), *device.channelCount);
+    const auto stored = storedBy(
+        DeviceProgramImage::sendCommands(
+            DeviceProgramImage::imageOf(document.contents(), *device.channelCount), device),
+        *device.channelCount);
     NotificationCenter notifications;
     AQDataSource loaded(notifications);
-    require(DeviceProgramImage::apply(stored, device, loaded).isOk(),
-            "what was sent can be loaded");
+    require(apply(stored, device, loaded), "what was sent can be loaded");
     requireValid(loaded);
     require(loaded.taskLight().time == document.taskLight().time, "the duration is kept");
     require(device.channelCount < 4 || loaded.contents() == document.contents(),
@@ -101,10 +113,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     NotificationCenter notifications;
     AQDataSource document(notifications);
     const AQDataSource::Contents before = document.contents();
-    const TransferResult result = DeviceProgramImage::apply(answers, device, document);
+    const bool isApplied = apply(answers, device, document);
     requireValid(document);
     require(document.taskLight().time.isValid(), "the task light's duration is a time");
-    if (result.isOk())
+    if (isApplied)
         checkReturn(document, device);
     else
         require(document.contents() == before, "a failed load changes nothing");

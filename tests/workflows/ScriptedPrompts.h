@@ -34,6 +34,10 @@ public:
         asked << message + u'|' + informative + u'|' + button;
         done(take(confirmations, false));
     }
+    void confirmWithNote(const QString& message, const QString& informative, const QString& note,
+                         Answer usual, std::function<void(bool)> done) override {
+        confirm(message, informative + u'|' + note, usual, std::move(done));
+    }
     void alert(const QString& message, const QString& informative, Severity /*severity*/) override {
         told << message + u'|' + informative;
     }

@@ -27,6 +27,11 @@ public:
                const QString& /*button*/, std::function<void(bool)> done) override {
         done(true);
     }
+    void confirmWithNote(const QString& message, const QString& informative,
+                         const QString& /*note*/, Answer usual,
+                         std::function<void(bool)> done) override {
+        confirm(message, informative, usual, std::move(done));
+    }
     void alert(const QString& /*message*/, const QString& /*informative*/,
                Severity /*severity*/) override {
         if (onAlert)

@@ -69,7 +69,7 @@ void ControllerLine::handleCommand(const SimulatedController::Received& received
     const std::vector<Fault> faults = m_faults.take(command.id());
     std::optional<YMessage> answer;
     if (!FaultPlan::preventsExecution(faults))
-        answer = m_controller.execute(command);
+        answer = m_controller.execute(FaultPlan::misheard(faults, command));
     FaultOutcome outcome = m_faults.apply(faults, command, answer);
     schedule(std::move(outcome.pieces));
     if (outcome.resetFor) {

@@ -38,6 +38,8 @@ constexpr std::array kinds{
     KindInfo{K::Echo, "echo", 0, "the command comes back before the answer"},
     KindInfo{K::ModemNoise, "modem-noise", 0, "a modem's reply to AT before the answer"},
     KindInfo{K::Reset, "reset", 300, "half of the answer, then deaf and dumb for N milliseconds"},
+    KindInfo{K::OtherLevels, "other-levels", 9, "levels are stored N lower than sent"},
+    KindInfo{K::FewerPoints, "fewer-points", 1, "the last N entries of a channel are not stored"},
     KindInfo{K::Unplug, "unplug", 0,
              "the cable is pulled when the command arrives; back after N milliseconds, 0: never"},
 };

@@ -36,6 +36,8 @@ struct Fault {
         Echo,          ///< the command itself comes back before the answer
         ModemNoise,    ///< what a modem would say to `AT` stands before the answer
         Reset,         ///< half of the answer, then nothing is heard or said for value milliseconds
+        OtherLevels,   ///< value: how much lower than sent levels are stored
+        FewerPoints,   ///< value: how many entries of a channel, at its end, are not stored
         Unplug,        ///< the cable is pulled when the command arrives; value: milliseconds until
                        ///< it is plugged in again, 0 for never
     };

@@ -50,6 +50,27 @@ bool FaultPlan::preventsExecution(const std::vector<Fault>& faults) {
     return anyOf(faults, K::Deaf) || anyOf(faults, K::Unplug);
 }
 
+YMessage FaultPlan::misheard(const std::vector<Fault>& faults, const YMessage& command) {
+    constexpr std::uint8_t setSequence = 44;
+    constexpr std::uint8_t taskMode = 50;
+    constexpr std::size_t entrySize = 3;
+    Bytes payload = command.data();
+    const bool isSequence = command.id() == setSequence;
+    // Where levels stand: behind the channel's number in each entry, at the end of the task mode.
+    const std::size_t first = isSequence ? entrySize : 2;
+    const std::size_t step = isSequence ? entrySize : 1;
+    for (const Fault& fault : faults) {
+        if (fault.kind == K::OtherLevels && (isSequence || command.id() == taskMode))
+            for (std::size_t at = first; at < payload.size(); at += step)
+                payload[at] = byte(std::max(0, payload[at] - fault.amount()));
+        if (fault.kind == K::FewerPoints && isSequence)
+            payload.resize(
+                payload.size() -
+                std::min(payload.size() - 1, entrySize * static_cast<std::size_t>(fault.amount())));
+    }
+    return YMessage(command.name(), command.id(), payload);
+}
+
 FaultOutcome FaultPlan::apply(const std::vector<Fault>& faults, const YMessage& command,
                               const std::optional<YMessage>& answer) {
     FaultOutcome outcome;

@@ -39,6 +39,8 @@ public:
     /// Applies the faults to the answer (none when the controller gave none).
     FaultOutcome apply(const std::vector<Fault>& faults, const YMessage& command,
                        const std::optional<YMessage>& answer);
+    /// The command as the controller takes it.
+    static YMessage misheard(const std::vector<Fault>& faults, const YMessage& command);
     /// True when one of the faults keeps the command from the controller.
     static bool preventsExecution(const std::vector<Fault>& faults);
 

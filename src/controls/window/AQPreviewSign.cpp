@@ -5,16 +5,19 @@
 
 #include <QPainter>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int horizontalPadding = 12;
 constexpr int verticalPadding = 6;
+constexpr double roundest = 16.0;
 
 } // namespace
 
-AQPreviewSign::AQPreviewSign(QWidget* parent) : QLabel(parent) {
-    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-    setContentsMargins(horizontalPadding, verticalPadding, horizontalPadding, verticalPadding);
+AQPreviewSign::AQPreviewSign(QWidget* parent) : AQBarLabel(parent) {
+    setAlignment(Qt::AlignCenter);
+    setContentsMargins(horizontalPadding, 0, horizontalPadding, 0);
     QFont bold = font();
     bold.setBold(true);
     setFont(bold);
@@ -41,7 +44,13 @@ void AQPreviewSign::paintEvent(QPaintEvent* event) {
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(AccentColor::fill(parentWidget()->palette()));
-    painter.drawRoundedRect(QRectF(rect()), height() / 2.0, height() / 2.0);
+    // As high as its lines need.
+    const QRect words =
+        fontMetrics().boundingRect(contentsRect(), Qt::AlignCenter | Qt::TextWordWrap, text());
+    const double pillHeight = std::min(words.height() + 2.0 * verticalPadding, height() - 2.0);
+    const double radius = std::min(pillHeight / 2.0, roundest);
+    painter.drawRoundedRect(QRectF(0.0, (height() - pillHeight) / 2.0, width(), pillHeight), radius,
+                            radius);
     painter.end();
-    QLabel::paintEvent(event);
+    AQBarLabel::paintEvent(event);
 }

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <QLabel>
+#include "controls/window/AQBarLabel.h"
 
 /// The sign that the lamp shows a preview: white words on the accent, hidden while there are none.
-class AQPreviewSign : public QLabel {
+class AQPreviewSign : public AQBarLabel {
     Q_OBJECT
 
 public:

@@ -24,6 +24,7 @@ struct CommandQueue::ListTransfer {
     std::deque<YCommand> commands; ///< still to send
     std::vector<AnswerPtr> answers;
     AnswersCallback callback;
+    AnswerCallback onEach;
 };
 
 CommandQueue::CommandQueue(ModalPause& pause, std::chrono::milliseconds answerTime, int maxTimeouts)
@@ -99,7 +100,8 @@ void CommandQueue::onSendTimeout() {
         Q_EMIT gaveUp();
 }
 
-void CommandQueue::sendCommands(std::vector<YCommand> commands, AnswersCallback callback) {
+void CommandQueue::sendCommands(std::vector<YCommand> commands, AnswersCallback callback,
+                                AnswerCallback onEach) {
     if (commands.empty()) {
         if (callback)
             callback({});
@@ -108,7 +110,8 @@ void CommandQueue::sendCommands(std::vector<YCommand> commands, AnswersCallback 
     sendNextOfList(std::make_shared<ListTransfer>(ListTransfer{
         {std::make_move_iterator(commands.begin()), std::make_move_iterator(commands.end())},
         {},
-        std::move(callback)}));
+        std::move(callback),
+        std::move(onEach)}));
 }
 
 void CommandQueue::sendNextOfList(const std::shared_ptr<ListTransfer>& transfer) {
@@ -121,6 +124,8 @@ void CommandQueue::sendNextOfList(const std::shared_ptr<ListTransfer>& transfer)
     transfer->commands.pop_front();
     enqueue(std::move(command), [this, transfer](const AnswerPtr& answer) {
         transfer->answers.push_back(answer);
+        if (transfer->onEach)
+            later([transfer, answer] { transfer->onEach(*answer); });
         sendNextOfList(transfer);
     });
 }

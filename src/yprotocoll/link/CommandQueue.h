@@ -50,7 +50,8 @@ public:
     void enqueue(YCommand command, DirectCallback onAnswer);
     // The callbacks of these come from the event loop.
     void send(YCommand command, AnswerCallback callback);
-    void sendCommands(std::vector<YCommand> commands, AnswersCallback callback);
+    void sendCommands(std::vector<YCommand> commands, AnswersCallback callback,
+                      AnswerCallback onEach);
     void sendStream(YCommand command, std::chrono::milliseconds interval, AnswerCallback callback);
     void dropWaitingStream() { m_nextStreamCmd.reset(); }
 

@@ -112,9 +112,10 @@ public:
         m_queue.send(std::move(command), std::move(callback));
     }
     /// Sends the commands one after another and delivers all answers at once, in command order. An
-    /// empty list is delivered before this returns.
-    void sendCommands(std::vector<YCommand> commands, AnswersCallback callback) {
-        m_queue.sendCommands(std::move(commands), std::move(callback));
+    /// empty list is delivered before this returns. `onEach` gets each answer as it comes.
+    void sendCommands(std::vector<YCommand> commands, AnswersCallback callback,
+                      AnswerCallback onEach = {}) {
+        m_queue.sendCommands(std::move(commands), std::move(callback), std::move(onEach));
     }
     /// For values that change faster than the controller answers: one command at most is in flight,
     /// the newest goes out last, and after each answer the next waits `interval`.

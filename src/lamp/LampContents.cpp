@@ -1,0 +1,125 @@
+#include "lamp/LampContents.h"
+
+#include "data/AQDataSource.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+bool contains(const std::vector<std::string>& paths, const std::string& path) {
+    return std::ranges::find(paths, path) != paths.end();
+}
+
+} // namespace
+
+LampContents::LampContents(AQDataSource& data, QObject* parent) : QObject(parent), m_data(data) {
+    const NotificationCenter& center = data.notifications();
+    connect(&center, &NotificationCenter::dataChanged, this, &LampContents::refresh);
+    connect(&center, &NotificationCenter::dataLoaded, this, &LampContents::refresh);
+    connect(&center, &NotificationCenter::taskLightChanged, this, &LampContents::refresh);
+    connect(&center, &NotificationCenter::cellChanged, this, &LampContents::refresh);
+}
+
+bool LampContents::isPartKnown() const {
+    return m_brokenSendTo && (!m_isConnected || m_brokenSendTo == m_path);
+}
+
+LampContents::State LampContents::stateNow() const {
+    if (isPartKnown())
+        return State::partOfThisProgram;
+    if (!m_isConnected)
+        return State::unknown;
+    if (m_isProgramMode == false)
+        return State::analogInput;
+    if (!m_stored)
+        return State::unknown;
+    return ProgramComparison(m_data.contents(), *m_stored).isEqual() ? State::thisProgram
+                                                                     : State::anotherProgram;
+}
+
+void LampContents::refresh() {
+    m_state = stateNow();
+    if (std::exchange(m_announcedText, text()) != text())
+        Q_EMIT changed();
+}
+
+QString LampContents::text() const {
+    switch (m_state) {
+    case State::thisProgram:
+        return QStringLiteral("the lamp runs this program");
+    case State::anotherProgram:
+        return QStringLiteral("the lamp runs another program");
+    case State::partOfThisProgram:
+        return QStringLiteral("the lamp may hold a part of this program") +
+               (m_isConnected ? QStringLiteral(": Send again") : QString());
+    case State::analogInput:
+        return QStringLiteral("the lamp follows its analog input");
+    case State::unknown:
+        break;
+    }
+    return {};
+}
+
+QString LampContents::changeBySending() const {
+    if (isPartKnown())
+        return QStringLiteral("The lamp may hold a part of what was sent before.");
+    if (!m_stored)
+        return QStringLiteral("What the lamp holds has not been read yet.");
+    return ProgramComparison(m_data.contents(), *m_stored).change();
+}
+
+void LampContents::noteRead(const StoredProgram& program) {
+    m_stored = program;
+    if (isPartKnown())
+        m_brokenSendTo.reset();
+    refresh();
+}
+
+void LampContents::noteUnreadable() {
+    m_stored.reset();
+    refresh();
+}
+
+void LampContents::noteStored(const DeviceImage& image) {
+    noteRead({image, std::nullopt});
+}
+
+void LampContents::noteBrokenSend() {
+    m_stored.reset();
+    m_brokenSendTo = m_path;
+    refresh();
+}
+
+void LampContents::noteMode(bool isProgramMode) {
+    m_isProgramMode = isProgramMode;
+    refresh();
+}
+
+void LampContents::linkOpened(const std::string& path, const std::vector<std::string>& present) {
+    if (path != m_path)
+        portRemoved();
+    m_path = path;
+    // A controller that was plugged in again may have another path.
+    if (m_brokenSendTo && !contains(present, *m_brokenSendTo))
+        m_brokenSendTo = path;
+    m_isConnected = true;
+    refresh();
+}
+
+void LampContents::linkLost() {
+    m_isConnected = false;
+    refresh();
+}
+
+void LampContents::portRemoved() {
+    m_path.clear();
+    m_stored.reset();
+    m_isProgramMode.reset();
+    refresh();
+}
+
+void LampContents::portsPresent(const std::vector<std::string>& present) {
+    if (!m_isConnected && !m_path.empty() && !contains(present, m_path))
+        portRemoved();
+}

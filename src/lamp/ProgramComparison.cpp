@@ -1,0 +1,260 @@
+#include "lamp/ProgramComparison.h"
+
+#include "data/ColorMapping.h"
+#include "data/DeviceProgramImage.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr std::size_t fourChannels = 4;
+
+/// One that the item has no part in is none.
+using Levels = std::vector<std::optional<std::uint8_t>>;
+
+QString clockOf(int hour, int minute) {
+    return QStringLiteral("%1:%2")
+        .arg(hour, 2, 10, QLatin1Char('0'))
+        .arg(minute, 2, 10, QLatin1Char('0'));
+}
+
+QString durationOf(const AQTime& time) {
+    const int minutes = time.minuteOfDay();
+    const QString seconds = QStringLiteral("%1 s").arg(time.second);
+    if (minutes == 0 && time.second > 0)
+        return seconds;
+    const QString text = QStringLiteral("%1 min").arg(minutes);
+    return time.second > 0 ? text + u' ' + seconds : text;
+}
+
+QString differs(const QString& place, const QString& here, const QString& lamp) {
+    return QStringLiteral("%1%2 here, %3 in the lamp").arg(place, here, lamp);
+}
+
+/// The two fractions in percent, as short as shows the difference; empty when nothing does.
+QString percentsDiffer(const QString& place, double here, double lamp) {
+    for (const int decimals : {0, 1}) {
+        const QString first = QString::number(here * 100.0, 'f', decimals);
+        const QString second = QString::number(lamp * 100.0, 'f', decimals);
+        if (first != second)
+            return differs(place, first + QStringLiteral(" %"), second + QStringLiteral(" %"));
+    }
+    return {};
+}
+
+QString textOf(const Levels& levels) {
+    QStringList texts;
+    for (const auto& level : levels)
+        if (level)
+            texts << QString::number(*level);
+    return texts.join(u'/');
+}
+
+bool areEqual(const Levels& first, const Levels& second) {
+    for (std::size_t i = 0; i < std::min(first.size(), second.size()); ++i)
+        if (first[i] && second[i] && first[i] != second[i])
+            return false;
+    return true;
+}
+
+int minuteOf(const SequenceEntry& entry) {
+    return AQTime{entry.hour, entry.minute}.minuteOfDay();
+}
+
+} // namespace
+
+/// A point or the task light.
+struct ProgramComparison::Item {
+    AQTimePoint shown; ///< the light as people see it
+    AQTimePoint read;  ///< as a load gives it, at the time that is stored
+    Levels levels;
+    bool isOfTwoChannels;
+
+    int minute() const { return read.time.minuteOfDay(); }
+    QString clock() const { return clockOf(read.time.hour, read.time.minute); }
+    /// Of the same colour, as far as two outputs can tell: their levels are rounded.
+    bool hasColorOf(const Item& other) const {
+        if (read.colorTemp == other.read.colorTemp)
+            return true;
+        if (!isOfTwoChannels || !levels[0] || !levels[1])
+            return false;
+        const auto expected = levelsFromLight(other.shown.colorTemp, read.brightness);
+        return std::abs(expected.cold - *levels[0]) <= 1 &&
+               std::abs(expected.warm - *levels[1]) <= 1;
+    }
+};
+
+struct ProgramComparison::Side {
+    /// `shown` none: what is read of the image.
+    Side(const std::optional<DocumentContents>& shown, const DeviceImage& deviceImage)
+        : image(deviceImage), read(DeviceProgramImage::contentsOf(deviceImage)),
+          contents(shown ? shown : read) {}
+
+    /// In the order of the day.
+    std::vector<Item> points() const {
+        std::vector<Item> items;
+        // A single point is stored as two.
+        const bool isDoubled = contents->points.size() == 1 && read->points.size() == 2;
+        for (std::size_t i = 0; i < read->points.size(); ++i) {
+            const std::size_t shown = isDoubled ? 0 : i;
+            if (shown < contents->points.size())
+                items.push_back(
+                    {contents->points[shown], read->points[i], levelsAt(i), isOfTwoChannels()});
+        }
+        std::ranges::stable_sort(items, {}, &Item::minute);
+        return items;
+    }
+    Levels levelsAt(std::size_t index) const {
+        Levels levels(image.channels.size());
+        for (std::size_t channel = 0; channel < levels.size(); ++channel) {
+            // The first entries of these hold the task light.
+            const bool isTaskLight = !isOfTwoChannels() && channel < 2 && index == 0;
+            if (!isTaskLight && index < image.channels[channel].size())
+                levels[channel] = image.channels[channel][index].level;
+        }
+        return levels;
+    }
+    Item taskLight() const {
+        Levels levels{image.taskMode.cold, image.taskMode.warm};
+        const std::size_t first = image.channels[0].empty() ? 2 : 0;
+        for (std::size_t channel = first; !isOfTwoChannels() && channel < first + 2; ++channel)
+            if (!image.channels[channel].empty())
+                levels.push_back(image.channels[channel].front().level);
+        return {contents->taskLight, read->taskLight, levels, isOfTwoChannels()};
+    }
+    bool isOfTwoChannels() const { return image.channels.size() < fourChannels; }
+
+    const DeviceImage& image;
+    std::optional<DocumentContents> read;
+    std::optional<DocumentContents> contents;
+};
+
+ProgramComparison::ProgramComparison(const DocumentContents& here, const StoredProgram& lamp)
+    : m_countsAsRead(lamp.contents.has_value()) {
+    if (lamp.contents && lamp.contents->points == here.points &&
+        lamp.contents->taskLight == here.taskLight)
+        return;
+    const auto channels = static_cast<int>(lamp.image.channels.size());
+    const DeviceImage image = DeviceProgramImage::imageOf(here, channels);
+    compare(Side(here, image), Side(lamp.contents, lamp.image));
+}
+
+ProgramComparison::ProgramComparison(const DocumentContents& sent, const DeviceImage& image,
+                                     const DeviceImage& stored) {
+    compare(Side(sent, image), Side(std::nullopt, stored));
+}
+
+void ProgramComparison::compare(const Side& here, const Side& lamp) {
+    if (here.image == lamp.image)
+        return;
+    if (!here.read || !lamp.read) {
+        compareChannels(here.image, lamp.image, Rest::All);
+        return;
+    }
+    // Also a program that cannot be given back, such as one of a single entry.
+    if (!m_countsAsRead || here.contents->points != lamp.contents->points) {
+        comparePoints(here, lamp);
+        if (isEqual())
+            compareChannels(here.image, lamp.image, Rest::ExceptPoints);
+    }
+    compareTaskLights(here.taskLight(), lamp.taskLight());
+}
+
+void ProgramComparison::comparePoints(const Side& here, const Side& lamp) {
+    const auto points = here.points();
+    const auto others = lamp.points();
+    auto point = points.begin();
+    auto other = others.begin();
+    const auto only = [this](const Item& item, const char* where) {
+        ++m_points;
+        m_lines << item.clock() + QLatin1String(where);
+    };
+    while (point != points.end() || other != others.end()) {
+        if (other == others.end() || (point != points.end() && point->minute() < other->minute()))
+            only(*point++, " only here");
+        else if (point == points.end() || other->minute() < point->minute())
+            only(*other++, " only in the lamp");
+        else
+            comparePoint(*point++, *other++);
+    }
+}
+
+void ProgramComparison::comparePoint(const Item& here, const Item& lamp) {
+    if (areEqual(here.levels, lamp.levels) || (m_countsAsRead && here.shown == lamp.shown))
+        return;
+    ++m_points;
+    addLight(here.clock() + QStringLiteral(": "), here, lamp);
+}
+
+void ProgramComparison::compareTaskLights(const Item& here, const Item& lamp) {
+    if (m_countsAsRead && here.shown == lamp.shown)
+        return;
+    const QString place = QStringLiteral("Task light: ");
+    const auto count = m_lines.size();
+    if (here.read.time != lamp.read.time)
+        m_lines << differs(place, durationOf(here.read.time), durationOf(lamp.read.time));
+    if (!areEqual(here.levels, lamp.levels))
+        addLight(place, here, lamp);
+    m_isTaskLightEqual = m_lines.size() == count;
+}
+
+void ProgramComparison::addLight(const QString& place, const Item& here, const Item& lamp) {
+    QStringList lines;
+    const bool isOtherIntensity = here.read.brightness != lamp.read.brightness;
+    const bool isOneDark = here.read.brightness == 0.0 || lamp.read.brightness == 0.0;
+    if (isOtherIntensity)
+        lines << percentsDiffer(place, here.shown.brightness, lamp.shown.brightness);
+    // Where one is dark its colour says nothing.
+    if (!(isOtherIntensity && isOneDark) && !lamp.hasColorOf(here))
+        lines << percentsDiffer(place + QStringLiteral("colour temperature "), here.shown.colorTemp,
+                                lamp.shown.colorTemp);
+    lines.removeAll(QString());
+    if (lines.isEmpty())
+        lines << differs(place + QStringLiteral("levels "), textOf(here.levels),
+                         textOf(lamp.levels));
+    m_lines += lines;
+}
+
+void ProgramComparison::compareChannels(const DeviceImage& here, const DeviceImage& lamp,
+                                        Rest rest) {
+    const auto before = m_lines.size();
+    for (std::size_t channel = 0; channel < here.channels.size(); ++channel) {
+        const auto& ours = here.channels[channel];
+        const auto& theirs = lamp.channels[channel];
+        const QString place = QStringLiteral("Channel %1").arg(channel + 1);
+        if (ours.size() != theirs.size()) {
+            m_lines << differs(place + QStringLiteral(": "),
+                               QStringLiteral("%1 entries").arg(ours.size()),
+                               QString::number(theirs.size()));
+            continue;
+        }
+        const auto [our, their] =
+            std::ranges::mismatch(ours, theirs, [rest](const auto& first, const auto& second) {
+                return minuteOf(first) == minuteOf(second) &&
+                       (rest == Rest::ExceptPoints || first.level == second.level);
+            });
+        if (our == ours.end())
+            continue;
+        const QString entry = place + QStringLiteral(", entry %1: ").arg(our - ours.begin() + 1);
+        if (minuteOf(*our) != minuteOf(*their))
+            m_lines << differs(entry, clockOf(our->hour, our->minute),
+                               clockOf(their->hour, their->minute));
+        else
+            m_lines << differs(entry + QStringLiteral("level "), QString::number(our->level),
+                               QString::number(their->level));
+    }
+    m_others += static_cast<int>(m_lines.size() - before);
+}
+
+QString ProgramComparison::change() const {
+    if (m_points == 0)
+        return !m_isTaskLightEqual ? QStringLiteral("The task light changes")
+               : m_others > 0      ? QStringLiteral("The stored levels change")
+                                   : QStringLiteral("Nothing changes");
+    const QString points =
+        m_points == 1 ? QStringLiteral("1 point") : QStringLiteral("%1 points").arg(m_points);
+    if (!m_isTaskLightEqual)
+        return points + QStringLiteral(" and the task light change");
+    return points + (m_points == 1 ? QStringLiteral(" changes") : QStringLiteral(" change"));
+}
