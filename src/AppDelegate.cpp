@@ -18,6 +18,8 @@
 #include "workflows/CurveMenu.h"
 #include "workflows/DemoMode.h"
 #include "workflows/Departure.h"
+#include "workflows/DeviceBackup.h"
+#include "workflows/DeviceComparison.h"
 #include "workflows/DeviceTimePanel.h"
 #include "workflows/DocumentCommands.h"
 #include "workflows/LiveMode.h"
@@ -43,6 +45,9 @@ struct AppDelegate::Workflows {
           connection(services.controller, services.prompts, selectDevice),
           lampContents(services.data), transfers(services.data, services.controller, lampContents),
           transfer(transfers, lampContents, documents, services.prompts),
+          comparison({services.data, services.controller, transfers, lampContents, documents,
+                      services.prompts, &window}),
+          backup(services.data, transfers, documents, services.prompts),
           table(services.data, {window.tableView(), *ui.bttnTableItemAdd, *ui.bttnTableItemDelete,
                                 *ui.menuitemAddPoint, *ui.menuitemDeletePoint}),
           clipboard(services.data, services.prompts,
@@ -67,6 +72,8 @@ struct AppDelegate::Workflows {
     LampContents lampContents;
     Transfers transfers;
     TransferWorkflow transfer;
+    DeviceComparison comparison;
+    DeviceBackup backup;
     PointTable table;
     ClipboardCommands clipboard;
     ProgramChangeCommands programChanges;
@@ -86,6 +93,7 @@ AppDelegate::AppDelegate(const Services& services)
     connectDocument();
     connectDevice();
     connectLampContents();
+    connectComparison();
     connectPreview();
     connectHelp();
     updateControls();
@@ -186,6 +194,21 @@ void AppDelegate::connectLampContents() {
             &MainWindow::showProgress);
 }
 
+void AppDelegate::connectComparison() {
+    Workflows& w = *m_workflows;
+    connect(w.ui.menuitemCompare, &QAction::triggered, &w.comparison,
+            &DeviceComparison::menuCompare);
+    connect(&w.comparison, &DeviceComparison::arrived, m_window.get(), &MainWindow::finishTyping);
+    connect(&w.comparison, &DeviceComparison::sendRequested, &w.transfer,
+            &TransferWorkflow::onBttnSaveToDevice);
+    connect(w.ui.menuitemBackup, &QAction::triggered, &w.backup, &DeviceBackup::menuBackup);
+    connect(&w.backup, &DeviceBackup::savedTo, m_window.get(), [this](const QString& path) {
+        Announcement::make(*m_window, QStringLiteral("Saved ") + QFileInfo(path).fileName());
+    });
+    connect(&w.transfers, &Transfers::readingChanged, this, &AppDelegate::updateControls);
+    connect(w.ui.bttnLiveModeSwitch, &QAbstractButton::toggled, this, &AppDelegate::updateControls);
+}
+
 void AppDelegate::connectPreview() {
     Workflows& w = *m_workflows;
     connect(&w.taskLight, &TaskLightEditor::touched, &w.liveMode, &LiveMode::taskLightTouched);
@@ -221,6 +244,7 @@ void AppDelegate::onConnectedChanged(bool isConnected) {
     m_window->showConnected(isConnected);
     if (m_workflows->deviceTime)
         m_workflows->deviceTime->setConnected(isConnected);
+    m_workflows->comparison.setConnected(isConnected);
     updateControls();
     if (!isConnected) {
         m_workflows->transfers.linkWasLost();
@@ -270,11 +294,14 @@ void AppDelegate::menuSetDeviceTime() {
 void AppDelegate::updateControls() {
     Workflows& w = *m_workflows;
     const WindowState state{w.connection.isConnected(), m_services.data.isProgramMode(),
-                            w.demoMode.isRunning()};
+                            w.demoMode.isRunning(), w.ui.bttnLiveModeSwitch->isChecked(),
+                            w.transfers.isReading()};
     ControlStates::load(state).applyTo(*w.ui.bttnLoad);
     ControlStates::load(state).applyTo(*w.ui.menuitemLoad);
     ControlStates::send(state).applyTo(*w.ui.bttnSend);
     ControlStates::send(state).applyTo(*w.ui.menuitemSend);
+    ControlStates::compare(state).applyTo(*w.ui.menuitemCompare);
+    ControlStates::backup(state).applyTo(*w.ui.menuitemBackup);
     ControlStates::live(state).applyTo(*w.ui.bttnLiveModeSwitch);
     ControlStates::live(state).applyTo(*w.ui.lblLiveMode);
     ControlStates::live(state).applyTo(*w.ui.menuitemLiveMode);

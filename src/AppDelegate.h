@@ -52,6 +52,7 @@ private:
     void connectDocument();
     void connectDevice();
     void connectLampContents();
+    void connectComparison();
     void connectPreview();
     void connectHelp();
     void startDiscovery();

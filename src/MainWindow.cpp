@@ -61,11 +61,14 @@ MainWindow::MainWindow(AQDataSource& document)
          {m_ui->menuitemNew, m_ui->menuitemOpen, m_ui->menuitemSave, m_ui->menuitemSaveAs,
           m_ui->menuitemUndo, m_ui->menuitemRedo, m_ui->menuitemCut, m_ui->menuitemPaste,
           m_ui->menuitemAddPoint, m_ui->menuitemDeletePoint, m_ui->menuitemShiftDay,
-          m_ui->menuitemScaleIntensity, m_ui->menuitemLoad, m_ui->menuitemSend})
+          m_ui->menuitemScaleIntensity, m_ui->menuitemLoad, m_ui->menuitemSend,
+          m_ui->menuitemCompare, m_ui->menuitemBackup})
         connect(command, &QAction::triggered, this, &MainWindow::finishTyping);
     connect(m_ui->menuitemQuit, &QAction::triggered, this, &MainWindow::requestClose);
     showConnected(false);
     showPortProblem({}, {});
+    // Apart from the word that it stands before.
+    m_ui->lblLampState->setContentsMargins(0, 0, 8, 0);
     m_curveView->setFocus();
 }
 

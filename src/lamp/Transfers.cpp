@@ -115,10 +115,14 @@ void Transfers::read(Read what, const ReadDone& done) {
     auto commands = DeviceProgramImage::loadCommands(*device);
     if (what == Read::AndMode)
         commands.push_back(CmdGetDeviceMode());
+    setReadings(m_readings + 1);
     m_progress.begin(QStringLiteral("Reading"), static_cast<int>(commands.size()));
     m_controller.sendCommands(
         std::move(commands),
-        [this, what, done, readFrom = *device](Answers answers) {
+        [this, what, done, readFrom = *device, droppings = m_droppings](Answers answers) {
+            if (droppings != m_droppings)
+                return;
+            setReadings(m_readings - 1);
             if (what == Read::AndMode) {
                 if (const auto* mode = dynamic_cast<const AnswerDeviceMode*>(answers.back().get()))
                     m_lamp.noteMode(mode->mode != 0);
@@ -180,6 +184,12 @@ void Transfers::onSent(const Sending& sending) {
 void Transfers::dropLoads() {
     ++m_droppings;
     m_loads = 0;
+    setReadings(0);
+}
+
+void Transfers::setReadings(int count) {
+    m_readings = count;
+    Q_EMIT readingChanged(isReading());
 }
 
 void Transfers::afterSends(std::function<void()> done) {

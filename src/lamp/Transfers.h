@@ -46,12 +46,13 @@ public:
     /// contents when the result is `ok`.
     enum class Read { Program, AndMode };
     void read(Read what, const ReadDone& done);
+    bool isReading() const { return m_readings > 0; }
     /// The document becomes what was read, in one step of this name, and is clean.
     void take(const StoredProgram& program, const QString& stepName);
 
     const TransferProgress& progress() const { return m_progress; }
 
-    /// Forgets the loads on their way, but not one that was `disturbed`.
+    /// Forgets the loads and readings on their way, but not a load that was `disturbed`.
     void dropLoads();
     /// Calls `done` after the sends on their way, behind their `sent`; at once when there are none;
     /// never when their link fails. A second call takes the place of the first.
@@ -66,6 +67,7 @@ Q_SIGNALS:
     /// that is something else than it held before.
     void loaded(const TransferResult& result, bool isOther);
     void disturbed();
+    void readingChanged(bool isReading);
     /// With `ok` the controller has answered all; a `difference`, in words, tells that it says it
     /// stored something else.
     void sent(const TransferResult& result, const QString& difference);
@@ -74,6 +76,7 @@ private:
     using Answers = std::vector<std::shared_ptr<const YAnswer>>;
     struct Sending;
 
+    void setReadings(int count);
     void readAnswers(const Answers& answers, const DeviceInfo& device, const ReadDone& done);
     void onLoaded(const TransferResult& result, const StoredProgram& program);
     void onSendAnswer(Sending& sending, std::size_t index, const YAnswer& answer);
@@ -85,6 +88,7 @@ private:
     TransferProgress m_progress;
     int m_loads = 0;
     int m_sends = 0;
+    int m_readings = 0;
     int m_droppings = 0; ///< tells the answers of a dropped load from those of a later one
     AQDataSource::Contents m_undisturbed; ///< the document when the first load on its way began
     StoredProgram m_loaded;               ///< by the last load

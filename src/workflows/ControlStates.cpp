@@ -21,6 +21,12 @@ ControlState whileConnected(const WindowState& state, const QString& purpose) {
     return {true, purpose};
 }
 
+ControlState whileNotReading(const WindowState& state, const QString& purpose) {
+    if (state.isConnected && state.isReading)
+        return {false, QStringLiteral("The controller is being read already")};
+    return whileConnected(state, purpose);
+}
+
 } // namespace
 
 ControlState ControlStates::load(const WindowState& state) {
@@ -46,6 +52,20 @@ ControlState ControlStates::demo(const WindowState& state) {
 
 ControlState ControlStates::deviceTime(const WindowState& state) {
     return whileConnected(state, QStringLiteral("Set the controller's clock"));
+}
+
+ControlState ControlStates::compare(const WindowState& state) {
+    if (state.isConnected && state.isDemo)
+        return {false, QStringLiteral("The demo has the lamp; stop it first")};
+    if (state.isConnected && state.isLive)
+        return {false, QStringLiteral("Live mode has the lamp; switch it off first")};
+    return whileNotReading(state, QStringLiteral("Tell how the light program differs from the one "
+                                                 "in the controller"));
+}
+
+ControlState ControlStates::backup(const WindowState& state) {
+    return whileNotReading(state,
+                           QStringLiteral("Save what the controller holds, without loading it"));
 }
 
 ControlState ControlStates::editing(const WindowState& state) {

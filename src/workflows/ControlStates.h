@@ -10,6 +10,8 @@ struct WindowState {
     bool isConnected = false;
     bool isProgramMode = true;
     bool isDemo = false;
+    bool isLive = false;
+    bool isReading = false; ///< the controller, for a comparison or a backup
 };
 
 /// Whether a control can be used, and if not, why: the reason is its tool tip.
@@ -31,6 +33,9 @@ ControlState send(const WindowState& state);
 ControlState live(const WindowState& state);
 ControlState demo(const WindowState& state);
 ControlState deviceTime(const WindowState& state);
+/// Not while the lamp shows a preview.
+ControlState compare(const WindowState& state);
+ControlState backup(const WindowState& state);
 /// The curve, the point table and its buttons.
 ControlState editing(const WindowState& state);
 

@@ -117,46 +117,47 @@ void DocumentCommands::saveOverOwnFile(const Continuation& saved) {
     if (reason.isEmpty())
         write(m_openFilePath, saved);
     else
-        confirmThenWrite(m_openFilePath, reason, saved);
+        confirmThen(reason, [this, saved] { write(m_openFilePath, saved); });
 }
 
 void DocumentCommands::askWhereThenSave(const Continuation& saved) {
     const QString suggested =
         m_openFilePath.isEmpty() ? QStringLiteral("Untitled.sq") : m_openFilePath;
-    m_prompts.askWhereToSave(suggested, [this, saved](const std::optional<QString>& path) {
+    askWhereToWrite(suggested, [this, saved](const QString& path) { write(path, saved); });
+}
+
+void DocumentCommands::askWhereToWrite(const QString& suggested,
+                                       const std::function<void(const QString&)>& write) {
+    m_prompts.askWhereToSave(suggested, [this, write](const std::optional<QString>& path) {
         if (!path)
             return;
         if (QFileInfo(*path).suffix().compare(QLatin1String("sq"), Qt::CaseInsensitive) == 0) {
-            write(*path, saved);
+            write(*path);
             return;
         }
         // The panels show files that end in .sq only, so a name without the ending gets it. The
         // save panel asked about replacing a file of the typed name, not of this longer one.
         const QString file = *path + QStringLiteral(".sq");
         if (QFileInfo::exists(file))
-            confirmThenWrite(file, QFileInfo(file).fileName() + QStringLiteral(" exists already."),
-                             saved);
+            confirmThen(QFileInfo(file).fileName() + QStringLiteral(" exists already."),
+                        [write, file] { write(file); });
         else
-            write(file, saved);
+            write(file);
     });
 }
 
-void DocumentCommands::confirmThenWrite(const QString& path, const QString& reason,
-                                        const Continuation& saved) {
+void DocumentCommands::confirmThen(const QString& reason, const Continuation& write) {
     m_prompts.confirm(QStringLiteral("The file will be overwritten!"),
                       reason + QStringLiteral(" Are you sure you want to continue?"),
-                      Prompts::Answer::No, [this, path, saved](bool yes) {
+                      Prompts::Answer::No, [write](bool yes) {
                           if (yes)
-                              write(path, saved);
+                              write();
                       });
 }
 
 void DocumentCommands::write(const QString& path, const Continuation& saved) {
     if (!m_writer.saveToFile(path)) {
-        SPDLOG_ERROR("{}: {}", path.toStdString(), m_writer.errorString().toStdString());
-        m_prompts.alert(QStringLiteral("Could not save file!"),
-                        QStringLiteral("There was an error while saving to ") + path,
-                        Prompts::Severity::Critical);
+        tellNotSaved(path, m_writer.errorString());
         return;
     }
     m_openFilePath = path;
@@ -166,6 +167,13 @@ void DocumentCommands::write(const QString& path, const Continuation& saved) {
     Q_EMIT savedTo(path);
     if (saved)
         saved();
+}
+
+void DocumentCommands::tellNotSaved(const QString& path, const QString& reason) {
+    SPDLOG_ERROR("{}: {}", path.toStdString(), reason.toStdString());
+    m_prompts.alert(QStringLiteral("Could not save file!"),
+                    QStringLiteral("There was an error while saving to ") + path,
+                    Prompts::Severity::Critical);
 }
 
 QString DocumentCommands::reasonNotToOverwrite() const {

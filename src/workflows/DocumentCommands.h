@@ -35,6 +35,13 @@ public:
     /// or after "No". On "Cancel", a cancelled panel or a failed save nothing more happens.
     void askAboutChanges(const QString& message, Continuation goOn);
 
+    /// For files that are not the document's: asks where to save, with the ending and the question
+    /// of Save As, and hands on what was chosen.
+    void askWhereToWrite(const QString& suggested,
+                         const std::function<void(const QString&)>& write);
+    /// The alert of a failed save, and its reason for the log.
+    void tellNotSaved(const QString& path, const QString& reason);
+
     /// The document's contents no longer come from the current file: saving over it asks first.
     void noteOtherContents() { m_holdsPartsOfAnotherFile = true; }
 
@@ -55,7 +62,7 @@ private:
     void saveOrAskWhere(const Continuation& saved);
     void askWhereThenSave(const Continuation& saved);
     void saveOverOwnFile(const Continuation& saved);
-    void confirmThenWrite(const QString& path, const QString& reason, const Continuation& saved);
+    void confirmThen(const QString& reason, const Continuation& write);
     void write(const QString& path, const Continuation& saved);
     /// What the person should know before the current file is overwritten; empty for nothing.
     QString reasonNotToOverwrite() const;

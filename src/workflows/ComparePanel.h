@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QDialog>
+#include <QStringList>
+
+class QLabel;
+class QPlainTextEdit;
+class QPushButton;
+
+/// The window that tells how the program here and the one in the lamp differ, and offers to make
+/// them equal either way.
+class ComparePanel : public QDialog {
+    Q_OBJECT
+
+public:
+    explicit ComparePanel(QWidget* parent);
+
+    /// Shows the differences, one a line; none are said to be none. `notes` say what else is to be
+    /// known about them.
+    void run(const QStringList& differences, const QStringList& notes);
+    /// What needs the controller waits until it is back.
+    void setConnected(bool isConnected);
+
+Q_SIGNALS:
+    // The window is closed then.
+    void takeRequested();
+    void sendRequested();
+
+private:
+    void makeButtons();
+    void refreshButtons();
+
+    QLabel* m_lblHeadline;
+    QPlainTextEdit* m_txtDifferences;
+    QLabel* m_lblNotes;
+    QPushButton* m_bttnTake;
+    QPushButton* m_bttnSend;
+    QPushButton* m_bttnClose;
+    bool m_isEqual = false;
+    bool m_isConnected = true;
+};

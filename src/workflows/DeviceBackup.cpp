@@ -1,0 +1,62 @@
+#include "workflows/DeviceBackup.h"
+
+#include "data/AQDataSource.h"
+#include "data/AQDataSourceWriter.h"
+#include "data/DeviceProgramImage.h"
+#include "lamp/Transfers.h"
+#include "workflows/DocumentCommands.h"
+#include "workflows/Prompts.h"
+
+#include <QFileInfo>
+
+DeviceBackup::DeviceBackup(AQDataSource& data, Transfers& transfers, DocumentCommands& documents,
+                           Prompts& prompts, QObject* parent)
+    : QObject(parent), m_data(data), m_transfers(transfers), m_documents(documents),
+      m_prompts(prompts) {}
+
+void DeviceBackup::menuBackup() {
+    if (m_transfers.isReading())
+        return;
+    m_transfers.read(Transfers::Read::Program,
+                     [this](const TransferResult& result, const StoredProgram& program) {
+                         onRead(result, program);
+                     });
+}
+
+void DeviceBackup::onRead(const TransferResult& result, const StoredProgram& program) {
+    if (!result.isOk()) {
+        m_prompts.alert(QStringLiteral("Could not load settings from device!"),
+                        QString::fromStdString(result.description()), Prompts::Severity::Critical);
+        return;
+    }
+    const QFileInfo open(m_documents.openFilePath());
+    const QString name = QStringLiteral("Lamp.sq");
+    m_documents.askWhereToWrite(
+        m_documents.openFilePath().isEmpty() ? name : open.absolutePath() + u'/' + name,
+        [this, program, device = m_data.device()](const QString& path) {
+            save(path, program, device);
+        });
+}
+
+void DeviceBackup::save(const QString& path, const StoredProgram& program,
+                        const std::optional<DeviceInfo>& device) {
+    NotificationCenter unheard;
+    AQDataSource copy(unheard, [&device] { return device; });
+    copy.sequence().replacePoints(program.contents->points);
+    copy.setTaskLight(program.contents->taskLight);
+    AQDataSourceWriter writer(copy);
+    if (!writer.saveToFile(path)) {
+        m_documents.tellNotSaved(path, writer.errorString());
+        return;
+    }
+    Q_EMIT savedTo(path);
+    const auto channels = static_cast<int>(program.image.channels.size());
+    const auto givenBack = DeviceProgramImage::imageOf(*program.contents, channels);
+    const ProgramComparison comparison(*program.contents, givenBack, program.image);
+    if (!comparison.isEqual())
+        m_prompts.alert(QStringLiteral("Not all levels can be given back exactly!"),
+                        QStringLiteral("%1 was saved. Sent to the device again, it stores levels "
+                                       "that are near to those of now: %2.")
+                            .arg(QFileInfo(path).fileName(), comparison.change()),
+                        Prompts::Severity::Information);
+}

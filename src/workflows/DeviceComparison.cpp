@@ -1,0 +1,65 @@
+#include "workflows/DeviceComparison.h"
+
+#include "data/AQDataSource.h"
+#include "lamp/LampContents.h"
+#include "lamp/Transfers.h"
+#include "workflows/ComparePanel.h"
+#include "workflows/DocumentCommands.h"
+#include "workflows/Prompts.h"
+#include "yprotocoll/link/YMessageController.h"
+
+DeviceComparison::DeviceComparison(const Context& context) : m_context(context) {}
+
+DeviceComparison::~DeviceComparison() = default;
+
+void DeviceComparison::menuCompare() {
+    if (m_context.transfers.isReading())
+        return;
+    m_context.transfers.read(Transfers::Read::AndMode,
+                             [this](const TransferResult& result, const StoredProgram& program) {
+                                 onRead(result, program);
+                             });
+}
+
+void DeviceComparison::onRead(const TransferResult& result, const StoredProgram& program) {
+    if (!result.isOk()) {
+        m_context.prompts.alert(QStringLiteral("Could not compare with the device!"),
+                                QString::fromStdString(result.description()),
+                                Prompts::Severity::Critical);
+        return;
+    }
+    Q_EMIT arrived();
+    m_read = program;
+    QStringList notes;
+    const auto read = static_cast<int>(program.image.channels.size());
+    const auto& device = m_context.controller.device();
+    const int all = device ? device->channelCount.value_or(read) : read;
+    if (read < all)
+        notes << QStringLiteral("Of the %1 channels of this controller the first %2 are read and "
+                                "compared.")
+                     .arg(all)
+                     .arg(read);
+    if (m_context.lamp.state() == LampContents::State::analogInput)
+        notes << QStringLiteral("At present the lamp follows its analog input.");
+    if (!m_panel)
+        makePanel();
+    Q_EMIT ghostChanged(program.contents->points);
+    m_panel->run(ProgramComparison(m_context.data.contents(), program).differences(), notes);
+}
+
+void DeviceComparison::makePanel() {
+    m_panel = std::make_unique<ComparePanel>(m_context.window);
+    connect(m_panel.get(), &QDialog::finished, this, [this] { Q_EMIT ghostChanged(std::nullopt); });
+    connect(m_panel.get(), &ComparePanel::takeRequested, this, &DeviceComparison::take);
+    connect(m_panel.get(), &ComparePanel::sendRequested, this, &DeviceComparison::sendRequested);
+}
+
+void DeviceComparison::take() {
+    m_context.transfers.take(m_read, QStringLiteral("Take the Lamp's Program"));
+    m_context.documents.noteOtherContents();
+}
+
+void DeviceComparison::setConnected(bool isConnected) {
+    if (m_panel)
+        m_panel->setConnected(isConnected);
+}
