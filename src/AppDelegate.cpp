@@ -54,9 +54,9 @@ struct AppDelegate::Workflows {
                     {*ui.menuitemCut, *ui.menuitemCopy, *ui.menuitemPaste}),
           programChanges(services.data, {*ui.menuitemShiftDay, *ui.menuitemScaleIntensity,
                                          *ui.lblStatistics, window}),
-          curveMenu(window.curveView(), table,
-                    {*ui.menuitemCopy, *ui.menuitemPaste, *ui.menuitemAddPoint,
-                     *ui.menuitemDeletePoint}),
+          curveMenu(
+              window.curveView(), table,
+              {*ui.menuitemCopy, *ui.menuitemPaste, *ui.menuitemAddPoint, *ui.menuitemDeletePoint}),
           taskLight(services.data,
                     {*ui.pickerTaskTime, *ui.sliderTaskTemp, *ui.sliderTaskBrightness}),
           programMode(services.data, services.controller, *ui.bttnSwitchProgMode),
@@ -199,6 +199,8 @@ void AppDelegate::connectComparison() {
     connect(w.ui.menuitemCompare, &QAction::triggered, &w.comparison,
             &DeviceComparison::menuCompare);
     connect(&w.comparison, &DeviceComparison::arrived, m_window.get(), &MainWindow::finishTyping);
+    connect(&w.comparison, &DeviceComparison::ghostChanged, &m_window->curveView(),
+            &AQCurveView::setGhost);
     connect(&w.comparison, &DeviceComparison::sendRequested, &w.transfer,
             &TransferWorkflow::onBttnSaveToDevice);
     connect(w.ui.menuitemBackup, &QAction::triggered, &w.backup, &DeviceBackup::menuBackup);

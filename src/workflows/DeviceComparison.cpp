@@ -8,6 +8,8 @@
 #include "workflows/Prompts.h"
 #include "yprotocoll/link/YMessageController.h"
 
+#include <algorithm>
+
 DeviceComparison::DeviceComparison(const Context& context) : m_context(context) {}
 
 DeviceComparison::~DeviceComparison() = default;
@@ -43,7 +45,9 @@ void DeviceComparison::onRead(const TransferResult& result, const StoredProgram&
         notes << QStringLiteral("At present the lamp follows its analog input.");
     if (!m_panel)
         makePanel();
-    Q_EMIT ghostChanged(program.contents->points);
+    auto points = program.contents->points; // in the controller's order
+    std::ranges::stable_sort(points, {}, [](const auto& p) { return p.time.minuteOfDay(); });
+    Q_EMIT ghostChanged(std::move(points));
     m_panel->run(ProgramComparison(m_context.data.contents(), program).differences(), notes);
 }
 
