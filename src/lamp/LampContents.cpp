@@ -14,11 +14,9 @@ bool contains(const std::vector<std::string>& paths, const std::string& path) {
 } // namespace
 
 LampContents::LampContents(AQDataSource& data, QObject* parent) : QObject(parent), m_data(data) {
-    const NotificationCenter& center = data.notifications();
-    connect(&center, &NotificationCenter::dataChanged, this, &LampContents::refresh);
-    connect(&center, &NotificationCenter::dataLoaded, this, &LampContents::refresh);
-    connect(&center, &NotificationCenter::taskLightChanged, this, &LampContents::refresh);
-    connect(&center, &NotificationCenter::cellChanged, this, &LampContents::refresh);
+    // Whatever a person changes is noted there.
+    connect(&data.history(), &History::changed, this, &LampContents::refresh);
+    connect(&data.notifications(), &NotificationCenter::dataLoaded, this, &LampContents::refresh);
 }
 
 bool LampContents::isPartKnown() const {

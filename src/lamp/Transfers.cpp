@@ -8,6 +8,8 @@
 
 #include <spdlog/spdlog.h>
 
+#include <QSignalBlocker>
+
 #include <utility>
 
 /// One send, and what its answers tell.
@@ -76,8 +78,11 @@ void Transfers::onLoaded(const TransferResult& result, const StoredProgram& prog
     Q_EMIT arrived();
     // The dirty mark does not tell: it may stand from before, and have been asked about.
     const bool isUndisturbed = m_data.contents() == m_undisturbed;
-    if (!isUndisturbed && result.isOk())
+    if (result.isOk()) {
+        // Nobody is to be told of a difference that ends in the next moment.
+        const QSignalBlocker quiet(isUndisturbed ? &m_lamp : nullptr);
         m_lamp.noteRead(program);
+    }
     if (isUndisturbed)
         replaceDocument();
     else
@@ -100,8 +105,6 @@ void Transfers::take(const StoredProgram& program, const QString& stepName) {
     m_data.setTaskLight(program.contents->taskLight);
     m_data.noteStep(stepName);
     m_data.markLoaded();
-    // Before the change is announced, so that nobody is told that they differ.
-    m_lamp.noteRead(program);
     m_data.announceReplacement(this);
 }
 

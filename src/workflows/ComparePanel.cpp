@@ -43,6 +43,7 @@ void ComparePanel::makeButtons() {
     m_bttnClose->setDefault(true);
     for (QPushButton* button : {m_bttnTake, m_bttnSend})
         button->setAutoDefault(false);
+    m_bttnTake->setMinimumWidth(m_bttnTake->sizeHint().width() + 16);
     connect(m_bttnTake, &QPushButton::clicked, this, [this] {
         accept();
         Q_EMIT takeRequested();

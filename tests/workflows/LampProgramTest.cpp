@@ -1,0 +1,274 @@
+#include "SimulatedProgram.h"
+#include "controls/curve/AQCurveView.h"
+#include "controls/sliders/AQSliderBrightness.h"
+#include "controls/window/AQPreviewSign.h"
+#include "data/AQDataSourceReader.h"
+#include "workflows/ScriptedPrompts.h"
+
+#include <gtest/gtest.h>
+
+#include <QDialog>
+#include <QPlainTextEdit>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+
+namespace {
+
+using namespace std::chrono_literals;
+
+const std::string runsThis = "the lamp runs this program";
+const std::string runsAnother = "the lamp runs another program";
+const std::string notRead = "What the lamp holds has not been read yet.";
+
+/// The whole program, and what it knows of the lamp.
+class LampProgramTest : public testing::Test, public SimulatedProgram<ScriptedPrompts> {
+protected:
+    LampProgramTest()
+        : SimulatedProgram({.scan = 20ms, .answer = 50ms, .arrival = 1ms, .maxTimeouts = 3}) {
+        start();
+    }
+    void connect(int channels = 2) {
+        device = SimulatedController({.channels = channels});
+        plug();
+        ASSERT_TRUE(runUntil([&] { return isConnected(); }));
+    }
+    void fault(const char* text) { faults.add(*Fault::parse(text)); }
+    std::string state() { return ui().lblLampState->text().toStdString(); }
+    /// The third text of the question before sending.
+    std::string lineAsked() const { return prompts.asked.last().section(u'|', 2).toStdString(); }
+    bool becomes(const std::string& text) {
+        return runUntil([&] { return state() == text; });
+    }
+    /// Sends, and waits until this many alerts were shown in all.
+    void send(int alerts) {
+        prompts.confirmations = {true};
+        ui().bttnSend->click();
+        EXPECT_TRUE(runUntil([&] { return prompts.told.size() >= alerts; }));
+    }
+    QDialog* compare() {
+        ui().menuitemCompare->trigger();
+        const auto panel = [this] {
+            return delegate.window().findChild<QDialog*>(QStringLiteral("panelCompare"));
+        };
+        EXPECT_TRUE(runUntil([&] { return panel() && panel()->isVisible(); }));
+        return panel();
+    }
+    static std::string textOf(QDialog* panel) {
+        return panel->findChild<QPlainTextEdit*>()->toPlainText().toStdString();
+    }
+    static QAbstractButton* button(QDialog* panel, const char* name) {
+        return panel->findChild<QAbstractButton*>(QLatin1String(name));
+    }
+};
+
+TEST_F(LampProgramTest, tellsWhatTheLampHolds) {
+    connect();
+    EXPECT_EQ(state(), "");
+    EXPECT_EQ(ui().lblConnectionStatus->toolTip(), QStringLiteral("not read yet"));
+    send(1);
+    EXPECT_EQ(lineAsked(), notRead);
+    EXPECT_EQ(state(), runsThis);
+    EXPECT_EQ(ui().lblConnectionStatus->toolTip(), QString());
+    ui().sliderTaskBrightness->userSetValue(0.5);
+    EXPECT_EQ(state(), runsAnother);
+    ui().bttnSend->click();
+    EXPECT_EQ(lineAsked(), "The task light changes");
+    ui().menuitemUndo->trigger();
+    EXPECT_EQ(state(), runsThis);
+    ui().bttnSwitchProgMode->click();
+    EXPECT_TRUE(becomes("the lamp follows its analog input"));
+    ports.unplug("ttyUSB0");
+    EXPECT_TRUE(becomes({}));
+    plug();
+    EXPECT_TRUE(runUntil([&] { return isConnected(); }));
+    EXPECT_EQ(ui().lblConnectionStatus->toolTip(), QStringLiteral("not read yet"));
+}
+
+TEST_F(LampProgramTest, aLoadThatCannotBeGivenBackIsThisProgram) {
+    connect();
+    for (auto& channel : device.editState().sequence)
+        channel[0].level = 86;
+    ui().bttnLoad->click();
+    EXPECT_TRUE(becomes(runsThis));
+}
+
+TEST_F(LampProgramTest, readsBackWhatASendStored) {
+    struct Case {
+        const char* fault;
+        int channels;
+        const char* difference; ///< empty: it is not told
+    };
+    const Case cases[] = {
+        {"other-levels=50#44", 2, "10:00: 80 % here, 21 % in the lamp"},
+        {"other-levels=50#44@3", 4, "08:30: colour temperature 100 % here, 80 % in the lamp"},
+        {"other-levels=1#50", 2, "Task light: 100 % here, 97 % in the lamp"},
+        {"fewer-points=1#44", 2, "23:30 only here"},
+        {"fewer-points=1#44@2", 4, "Channel 2: 7 entries here, 6 in the lamp"},
+        {"shorter=21#44", 2, ""}, // the answers name their channel and no more
+        {"channel=0 twice#44@1", 2, ""},
+    };
+    int told = 0;
+    for (const Case& test : cases) {
+        SCOPED_TRACE(test.fault);
+        connect(test.channels);
+        for (const QString& one : QString::fromLatin1(test.fault).split(u' '))
+            fault(qPrintable(one));
+        const bool isTold = *test.difference != '\0';
+        send(told += isTold ? 2 : 1);
+        if (isTold) {
+            EXPECT_EQ(prompts.told.last().toStdString(),
+                      std::string("The device stored something else!|") + test.difference);
+        }
+        EXPECT_TRUE(
+            prompts.told.at(told - (isTold ? 2 : 1)).startsWith(u"Upload was successfull!"));
+        EXPECT_EQ(state(), isTold ? runsAnother : runsThis);
+        faults.clear();
+        ports.unplug("ttyUSB0");
+        ASSERT_TRUE(runUntil([&] { return prompts.told.size() > told; }));
+        ++told;
+    }
+}
+
+TEST_F(LampProgramTest, aBrokenSendIsRememberedUntilTheLampIsKnown) {
+    const std::string part = "the lamp may hold a part of this program";
+    connect();
+    for (const char* way : {"unplug#44@2", "silence#44@2.."}) {
+        SCOPED_TRACE(way);
+        const auto told = prompts.told.size();
+        fault(way);
+        prompts.confirmations = {true};
+        ui().bttnSend->click();
+        EXPECT_TRUE(becomes(part));
+        EXPECT_FALSE(isConnected());
+        EXPECT_EQ(prompts.told.size(), told + 1);
+        faults.clear();
+        ports.unplug("ttyUSB0");
+        plug();
+        EXPECT_TRUE(becomes(part + ": Send again"));
+        EXPECT_NE(ui().lblLampState->palette().color(QPalette::WindowText),
+                  delegate.window().palette().color(QPalette::WindowText));
+        // The channels do not fit each other.
+        if (way == std::string("unplug#44@2")) {
+            ui().menuitemCompare->trigger();
+            EXPECT_TRUE(runUntil([&] { return prompts.told.size() == told + 2; }));
+            EXPECT_EQ(state(), part + ": Send again");
+            send(static_cast<int>(told) + 3);
+            EXPECT_EQ(state(), runsThis);
+        } else {
+            compare()->reject();
+            EXPECT_EQ(state(), runsThis) << "it had been heard all the same";
+        }
+    }
+}
+
+TEST_F(LampProgramTest, comparesAndMakesEqual) {
+    connect(6);
+    const auto picture = [this] { return delegate.window().curveView().grab().toImage(); };
+    const QImage without = picture();
+    QDialog* panel = compare();
+    const QString first = panel->findChild<QPlainTextEdit*>()->toPlainText().section(u'\n', 0, 1);
+    EXPECT_EQ(first, QStringLiteral("08:00 only in the lamp\n08:30 only here"));
+    EXPECT_NE(panel->findChild<QLabel*>(QStringLiteral("lblNotes"))->text().indexOf(u"first 4"),
+              -1);
+    EXPECT_NE(picture(), without) << "the lamp's curve";
+    button(panel, "bttnTakeLamps")->click();
+    ui().menuitemUndo->trigger();
+    EXPECT_EQ(picture(), without);
+    ui().menuitemRedo->trigger();
+    EXPECT_EQ(data.sequence().count(), 4);
+    EXPECT_EQ(data.history().count(), 1);
+    EXPECT_FALSE(data.isDirty());
+    EXPECT_EQ(state(), runsThis);
+    panel = compare();
+    EXPECT_EQ(textOf(panel), "Nothing differs.");
+    panel->reject();
+
+    data.history().undo();
+    panel = compare();
+    button(panel, "bttnSendMine")->click();
+    EXPECT_EQ(prompts.asked.size(), 1);
+    EXPECT_FALSE(panel->isVisible());
+    // What was read stays of use without the cable.
+    panel = compare();
+    ports.unplug("ttyUSB0");
+    EXPECT_TRUE(runUntil([&] { return !button(panel, "bttnSendMine")->isEnabled(); }));
+    button(panel, "bttnTakeLamps")->click();
+    EXPECT_EQ(data.sequence().count(), 4);
+}
+
+TEST_F(LampProgramTest, refusesToCompareWithAReason) {
+    const QAction& menuitem = *ui().menuitemCompare;
+    EXPECT_EQ(menuitem.toolTip(), QStringLiteral("No controller is connected"));
+    connect();
+    for (QAbstractButton* mode : {static_cast<QAbstractButton*>(ui().bttnLiveModeSwitch),
+                                  static_cast<QAbstractButton*>(ui().bttnRunDemo)}) {
+        mode->click();
+        EXPECT_FALSE(menuitem.isEnabled());
+        EXPECT_NE(menuitem.toolTip().indexOf(u"has the lamp"), -1);
+        mode->click();
+    }
+    ASSERT_TRUE(runUntil([&] { return received("CmdDisableDemoMode") == 2; }));
+    // Two at once.
+    fault("delay=10");
+    compare();
+    const int reads = received("CmdGetTaskMode");
+    fault("shorter=3#46@1");
+    ui().menuitemCompare->trigger();
+    EXPECT_FALSE(menuitem.isEnabled());
+    ui().menuitemCompare->trigger();
+    EXPECT_TRUE(runUntil([&] { return !prompts.told.isEmpty(); }));
+    EXPECT_EQ(prompts.told, QStringList(QStringLiteral(
+                                "Could not compare with the device!|Got invalid or unknown data "
+                                "format from device.")));
+    EXPECT_EQ(received("CmdGetTaskMode"), reads + 1);
+    EXPECT_TRUE(menuitem.isEnabled());
+}
+
+TEST_F(LampProgramTest, savesWhatTheDeviceHolds) {
+    connect();
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("lamp.sq"));
+    prompts.placesToSave = {folder.filePath(QStringLiteral("lamp"))};
+    const auto before = data.contents();
+    ui().menuitemBackup->trigger();
+    EXPECT_TRUE(runUntil([&] { return QFileInfo::exists(path); }));
+    EXPECT_EQ(data.contents(), before);
+    EXPECT_FALSE(data.isDirty());
+    EXPECT_EQ(state(), runsAnother);
+    NotificationCenter center;
+    AQDataSource saved(center);
+    EXPECT_TRUE(AQDataSourceReader(saved).loadFromFile(path));
+    EXPECT_EQ(saved.sequence().count(), 4);
+    EXPECT_TRUE(saved.isProgramMode());
+
+    for (auto& channel : device.editState().sequence)
+        channel[0].level = 86;
+    prompts.told.clear();
+    prompts.placesToSave = {path};
+    ui().menuitemBackup->trigger();
+    EXPECT_TRUE(runUntil([&] { return !prompts.told.isEmpty(); }));
+    EXPECT_TRUE(prompts.told.first().startsWith(u"Not all levels can be given back exactly!"));
+}
+
+TEST_F(LampProgramTest, aSlowTransferShowsItsProgress) {
+    connect();
+    ui().lblPreview->setSign(QStringLiteral("DEMO 12:00"));
+    QCoreApplication::processEvents();
+    const QRect sign = ui().lblPreview->geometry();
+    send(1);
+    EXPECT_EQ(state(), runsThis) << "a quick one shows none";
+    data.loadDefaults();
+    fault("delay=45");
+    for (int i = 0; i < 4; ++i) {
+        prompts.confirmations = {true};
+        ui().bttnSend->click();
+    }
+    EXPECT_TRUE(runUntil([&] { return state().starts_with("Sending "); }));
+    EXPECT_TRUE(state().ends_with(" of 12")) << state();
+    EXPECT_TRUE(ui().bttnSend->isEnabled() && ui().bttnLoad->isEnabled());
+    EXPECT_TRUE(becomes(runsThis));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(ui().lblPreview->geometry().height(), sign.height());
+}
+
+} // namespace
