@@ -8,8 +8,6 @@
 
 #include <spdlog/spdlog.h>
 
-#include <QSignalBlocker>
-
 #include <utility>
 
 /// One send, and what its answers tell.
@@ -24,6 +22,10 @@ struct Transfers::Sending {
                                taskMode->levels[1].raw};
         const auto* sequence = dynamic_cast<const AnswerSequenceData*>(&answer);
         if (!sequence || sequence->seqData.empty() || index >= stored.channels.size())
+            return;
+        // Bytes are missing or too many: it does not tell what is stored.
+        constexpr std::size_t entrySize = 3;
+        if (sequence->data().size() != 1 + entrySize * sequence->seqData.size())
             return;
         // Of a controller that names no channels, it may be the late answer about the one before.
         const bool isLate = index > 0 && sequence->channel != index &&
@@ -77,32 +79,40 @@ void Transfers::onLoaded(const TransferResult& result, const StoredProgram& prog
     m_loaded = program;
     Q_EMIT arrived();
     // The dirty mark does not tell: it may stand from before, and have been asked about.
-    const bool isUndisturbed = m_data.contents() == m_undisturbed;
-    if (result.isOk()) {
-        // Nobody is to be told of a difference that ends in the next moment.
-        const QSignalBlocker quiet(isUndisturbed ? &m_lamp : nullptr);
-        m_lamp.noteRead(program);
+    if (m_data.contents() == m_undisturbed) {
+        finishLoad(News::Yes);
+        return;
     }
-    if (isUndisturbed)
-        replaceDocument();
-    else
-        Q_EMIT disturbed();
+    if (result.isOk())
+        m_lamp.noteRead(program);
+    Q_EMIT disturbed();
 }
 
 void Transfers::replaceDocument() {
+    finishLoad(News::No);
+}
+
+void Transfers::finishLoad(News news) {
     const StoredProgram program = std::exchange(m_loaded, {});
     if (!program.contents) {
         Q_EMIT loaded(TransferResult::errorInvalidData{}, false);
         return;
     }
     const auto before = m_data.contents();
-    take(program, QStringLiteral("Load from Device"));
+    replaceBy(program, QStringLiteral("Load from Device"), news);
     Q_EMIT loaded(TransferResult::ok{}, m_data.contents() != before);
 }
 
 void Transfers::take(const StoredProgram& program, const QString& stepName) {
+    replaceBy(program, stepName, News::No);
+}
+
+void Transfers::replaceBy(const StoredProgram& program, const QString& stepName, News news) {
     m_data.sequence().replacePoints(program.contents->points);
     m_data.setTaskLight(program.contents->taskLight);
+    // Not sooner: nobody is to be told of a difference that ends in the next moment.
+    if (news == News::Yes)
+        m_lamp.noteRead(program);
     m_data.noteStep(stepName);
     m_data.markLoaded();
     m_data.announceReplacement(this);

@@ -47,7 +47,7 @@ public:
     enum class Read { Program, AndMode };
     void read(Read what, const ReadDone& done);
     bool isReading() const { return m_readings > 0; }
-    /// The document becomes what was read, in one step of this name, and is clean.
+    /// The document becomes what was read before, in one step of this name, and is clean.
     void take(const StoredProgram& program, const QString& stepName);
 
     const TransferProgress& progress() const { return m_progress; }
@@ -78,6 +78,9 @@ private:
 
     void setReadings(int count);
     void readAnswers(const Answers& answers, const DeviceInfo& device, const ReadDone& done);
+    enum class News { No, Yes }; ///< whether what was read is to be noted yet
+    void finishLoad(News news);
+    void replaceBy(const StoredProgram& program, const QString& stepName, News news);
     void onLoaded(const TransferResult& result, const StoredProgram& program);
     void onSendAnswer(Sending& sending, std::size_t index, const YAnswer& answer);
     void onSent(const Sending& sending);
