@@ -24,6 +24,7 @@
 #include "workflows/DocumentCommands.h"
 #include "workflows/LiveMode.h"
 #include "workflows/PointTable.h"
+#include "workflows/PortHelpPanel.h"
 #include "workflows/ProgramChangeCommands.h"
 #include "workflows/ProgramMode.h"
 #include "workflows/SelectDevicePanel.h"
@@ -85,6 +86,7 @@ struct AppDelegate::Workflows {
     LiveMode liveMode;
     DemoMode demoMode;
     std::unique_ptr<DeviceTimePanel> deviceTime; ///< null until it is asked for
+    std::unique_ptr<PortHelpPanel> portHelp;     ///< null until there are remedies
 };
 
 AppDelegate::AppDelegate(const Services& services)
@@ -178,8 +180,13 @@ void AppDelegate::connectDevice() {
     });
     connect(&w.connection, &ConnectionWorkflow::connectedChanged, this,
             &AppDelegate::onConnectedChanged);
-    connect(&w.connection, &ConnectionWorkflow::portProblemChanged, m_window.get(),
-            &MainWindow::showPortProblem);
+    connect(&w.connection, &ConnectionWorkflow::portProblemChanged, this,
+            &AppDelegate::showPortProblem);
+    connect(w.ui.bttnPortHelp, &QAbstractButton::clicked, this, [this] {
+        m_workflows->portHelp->show();
+        m_workflows->portHelp->raise();
+        m_workflows->portHelp->activateWindow();
+    });
 }
 
 void AppDelegate::connectLampContents() {
@@ -271,6 +278,16 @@ void AppDelegate::showSign() {
 
 void AppDelegate::showStatistics() {
     m_workflows->ui.lblStatistics->setStatistics(statisticsOf(m_services.data.preview().points()));
+}
+
+void AppDelegate::showPortProblem(const QString& problem, const QString& help,
+                                  const std::vector<YMessageError::PortRemedy>& remedies) {
+    auto& panel = m_workflows->portHelp;
+    m_window->showPortProblem(problem, help, !remedies.empty());
+    if (!panel && !remedies.empty())
+        panel = std::make_unique<PortHelpPanel>(m_window.get());
+    if (panel)
+        panel->setProblem(help, remedies);
 }
 
 void AppDelegate::showLampState() {

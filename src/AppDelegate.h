@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/AQDataSource.h"
+#include "yprotocoll/YMessageError.h"
 
 #include <QObject>
 #include <QString>
@@ -67,6 +68,8 @@ private:
     void showSign();
     void showStatistics();
     void showLampState();
+    void showPortProblem(const QString& problem, const QString& help,
+                         const std::vector<YMessageError::PortRemedy>& remedies);
     std::vector<std::string> presentPaths() const;
     void updateControls();
 

@@ -66,7 +66,7 @@ MainWindow::MainWindow(AQDataSource& document)
         connect(command, &QAction::triggered, this, &MainWindow::finishTyping);
     connect(m_ui->menuitemQuit, &QAction::triggered, this, &MainWindow::requestClose);
     showConnected(false);
-    showPortProblem({}, {});
+    showPortProblem({}, {}, false);
     // Apart from the word that it stands before.
     m_ui->lblLampState->setContentsMargins(0, 0, 8, 0);
     m_curveView->setFocus();
@@ -165,7 +165,8 @@ void MainWindow::refreshLampState() {
         m_isConnected && m_lampState.isEmpty() ? QStringLiteral("not read yet") : QString());
 }
 
-void MainWindow::showPortProblem(const QString& text, const QString& help) {
+void MainWindow::showPortProblem(const QString& text, const QString& help, bool hasRemedies) {
+    m_ui->bttnPortHelp->setVisible(hasRemedies);
     m_ui->lblPortProblem->setText(text);
     m_ui->lblPortProblem->setToolTip(help.isEmpty() ? text : text + u'\n' + help);
     m_ui->lblPortProblem->setVisible(!text.isEmpty());

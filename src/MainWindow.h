@@ -33,8 +33,8 @@ public:
     /// How far a transfer is, in the place of the lamp's state; an empty text when there is none.
     void showProgress(const QString& text);
     /// Why a controller that is plugged in cannot be opened, and what helps; an empty text hides
-    /// it.
-    void showPortProblem(const QString& text, const QString& help);
+    /// it. With remedies there is a button for them.
+    void showPortProblem(const QString& text, const QString& help, bool hasRemedies);
     /// The sign that the lamp shows a preview; an empty text hides it.
     void showPreview(const QString& text);
 

@@ -56,7 +56,7 @@ void ConnectionWorkflow::messageControllerGotError(const YMessageError& error) {
     if (portError && !m_isConnected)
         Q_EMIT portProblemChanged(QStringLiteral("port error: ") +
                                       QString::fromStdString(portError->text),
-                                  QString::fromStdString(portError->help));
+                                  QString::fromStdString(portError->help), portError->remedies);
     else if (error.is<YMessageError::DeviceVersion>())
         Q_EMIT portProblemChanged(QString::fromStdString(error.description()), {});
     if (!error.is<YMessageError::PortClosedError>())

@@ -5,6 +5,7 @@
 #include <QObject>
 
 #include <string>
+#include <vector>
 
 class Prompts;
 class SelectDevicePanel;
@@ -38,8 +39,9 @@ Q_SIGNALS:
     /// The bus was looked at while there was no link.
     void looked();
     /// A controller is there but cannot be used: why, in a few words, and what helps, which may be
-    /// empty. Both are empty when that is over.
-    void portProblemChanged(const QString& problem, const QString& help);
+    /// empty, and in commands. All are empty when that is over.
+    void portProblemChanged(const QString& problem, const QString& help,
+                            const std::vector<YMessageError::PortRemedy>& remedies = {});
 
 private:
     void setConnected(bool isConnected);

@@ -5,6 +5,7 @@
 #include <string>
 #include <type_traits>
 #include <variant>
+#include <vector>
 
 /// The one error type of the protocol and of the link to the controller.
 ///
@@ -19,9 +20,16 @@ public:
         std::string name; ///< the port's name
         bool operator==(const PortWrongType&) const = default;
     };
+    /// A command that a person can run, and what it is good for.
+    struct PortRemedy {
+        std::string what;
+        std::string command;
+        bool operator==(const PortRemedy&) const = default;
+    };
     struct PortError {
-        std::string text; ///< the system's own text
-        std::string help; ///< what a person can do about it; may be empty
+        std::string text; ///< the system's own, but for a port that another program holds
+        std::string help; ///< what is behind it, one sentence without a full stop; may be empty
+        std::vector<PortRemedy> remedies = {}; ///< any one helps; may be empty
         bool operator==(const PortError&) const = default;
     };
     /// The link has been closed; `reason` says why and is never null.

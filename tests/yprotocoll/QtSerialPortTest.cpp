@@ -24,6 +24,7 @@ protected:
     void serialPortWasRemovedFromSystem(SerialPort&) override { story.push_back("removed"); }
     void serialPortDidEncounterError(SerialPort&, const YMessageError::PortError& error) override {
         story.push_back(error.text + error.help);
+        remedies = error.remedies;
     }
     void serialPortDidReceive(SerialPort&, std::span<const std::uint8_t> bytes) override {
         received.insert(received.end(), bytes.begin(), bytes.end());
@@ -36,6 +37,7 @@ protected:
     PtyPair pty;
     QtSerialPort port{SerialPortInfo{"tty", pty.slavePath(), {}}};
     Story story;
+    std::vector<YMessageError::PortRemedy> remedies;
     Bytes received;
 };
 
@@ -62,8 +64,12 @@ TEST_F(QtSerialPortTest, saysWhyItCannotBeOpened) {
     again.setDelegate(this);
     again.open();
     ASSERT_EQ(story.size(), 2U);
-    EXPECT_NE(story[1].find(pty.slavePath() + " is in use by another program"), std::string::npos)
-        << story[1];
+    // The lock file tells that it is this very program.
+    const std::string holder =
+        QCoreApplication::applicationFilePath().section(u'/', -1).toStdString();
+    EXPECT_EQ(story[1], "another program holds the controller (" + holder + ")" + pty.slavePath() +
+                            " is in use by another program: " + holder + ", process " +
+                            std::to_string(::getpid()));
 
     // The superuser may use everything, and so becomes somebody else.
     const PtyPair theirs;
@@ -73,7 +79,14 @@ TEST_F(QtSerialPortTest, saysWhyItCannotBeOpened) {
     const bool isSuperuser = ::geteuid() == 0 && ::setresuid(65534, 65534, 0) == 0;
     forbidden.open();
     EXPECT_TRUE(!isSuperuser || ::setresuid(0, 0, 0) == 0);
-    EXPECT_NE(story.back().find("belongs to the group"), std::string::npos) << story.back();
+    EXPECT_NE(story.back().find("may not read and write " + theirs.slavePath() +
+                                ", which belongs to the group"),
+              std::string::npos)
+        << story.back();
+    ASSERT_EQ(remedies.size(), 2U);
+    EXPECT_EQ(remedies[0].command.find("sudo usermod -aG "), 0U);
+    EXPECT_NE(remedies[1].command.find("ATTRS{idVendor}==\"7a51\", ATTRS{idProduct}==\"0c24\""),
+              std::string::npos);
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #include "yprotocoll/link/QtSerialPort.h"
 
+#include "yprotocoll/link/OpenFailure.h"
+
 #include <QFile>
 #include <QFileInfo>
 #include <QSerialPort>
@@ -20,17 +22,13 @@ QString pathOf(const SerialPortInfo& info) {
     return QString::fromStdString(info.path);
 }
 
-/// The system's text and what a person can do about it. Qt knows one error for a missing permission
-/// and for a port that another program holds.
-YMessageError::PortError openFailure(const QSerialPort& port, const QFileInfo& device) {
-    QString help;
-    if (device.exists() && port.error() == QSerialPort::PermissionError)
-        help = (device.isReadable() && device.isWritable()
-                    ? QStringLiteral("%1 is in use by another program")
-                    : QStringLiteral("%1 belongs to the group \"%2\": run \"sudo usermod -aG %2 "
-                                     "$USER\" and log in again"))
-                   .arg(device.filePath(), device.group());
-    return {port.errorString().toStdString(), help.toStdString()};
+/// Qt knows one error for a missing permission and for a port that another program holds.
+YMessageError::PortError failureOf(const QSerialPort& port, const QFileInfo& device) {
+    if (!device.exists() || port.error() != QSerialPort::PermissionError)
+        return {port.errorString().toStdString(), {}};
+    return device.isReadable() && device.isWritable()
+               ? OpenFailure::taken(device.filePath())
+               : OpenFailure::forbidden(device.filePath(), port.errorString());
 }
 
 /// Errors after which Qt SerialPort can neither read nor write, but signals on without end.
@@ -73,7 +71,7 @@ void QtSerialPort::open() {
     port->setStopBits(QSerialPort::OneStop);
     port->setFlowControl(QSerialPort::NoFlowControl);
     if (!port->open(QIODevice::ReadWrite)) {
-        const auto failure = openFailure(*port, QFileInfo(pathOf(m_info)));
+        const auto failure = failureOf(*port, QFileInfo(pathOf(m_info)));
         port.reset();
         if (m_delegate)
             m_delegate->serialPortDidEncounterError(*this, failure);

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "yprotocoll/YMessageError.h"
+
+#include <QString>
+
+/// Why a serial port that is there cannot be opened, and what a person can do about it.
+namespace OpenFailure {
+
+/// Another program holds `device`: it is named when it left its lock file.
+YMessageError::PortError taken(const QString& device);
+/// Who may not use `device`, which belongs to whom, and two remedies; `text` is the system's own.
+YMessageError::PortError forbidden(const QString& device, const QString& text);
+
+} // namespace OpenFailure
