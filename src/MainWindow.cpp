@@ -155,7 +155,8 @@ void MainWindow::showProgress(const QString& text) {
 void MainWindow::refreshLampState() {
     AQBarLabel& label = *m_ui->lblLampState;
     // Wide enough for both, and the longest progress before there is any.
-    label.setReserve({m_lampState, QStringLiteral("Sending 00 of 00")});
+    label.setReserve(m_isConnected ? QStringList{m_lampState, QStringLiteral("Sending 00 of 00")}
+                                   : QStringList());
     label.setText(m_progress.isEmpty() ? m_lampState : m_progress);
     label.setVisible(!label.text().isEmpty());
     const bool isWarning = m_isLampStateWarning && m_progress.isEmpty();

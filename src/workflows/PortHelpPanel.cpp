@@ -18,7 +18,7 @@ PortHelpPanel::PortHelpPanel(QWidget* parent)
     m_lblHelp->setTextFormat(Qt::PlainText);
     m_lblHelp->setWordWrap(true);
     m_lblHelp->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    m_lblHelp->setMinimumWidth(fontMetrics().averageCharWidth() * 80);
+    m_lblHelp->setMinimumWidth(fontMetrics().averageCharWidth() * 90);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     m_layout->setSpacing(8);

@@ -85,6 +85,8 @@ TEST(AccessibilityJourneys, rowsAreReadAndWhatHappensIsTold) {
 
     ASSERT_TRUE(journey.chooseMenu("Save"));
     events.expect("showing notification Saved lamp.sq");
+    ASSERT_TRUE(journey.press("Load from device"));
+    events.expect("showing notification the lamp runs this program");
 }
 
 } // namespace

@@ -210,7 +210,7 @@ TEST_F(LampProgramTest, refusesToCompareWithAReason) {
     ASSERT_TRUE(runUntil([&] { return received("CmdDisableDemoMode") == 2; }));
     // Two at once.
     fault("delay=10");
-    compare();
+    compare()->reject();
     const int reads = received("CmdGetTaskMode");
     fault("shorter=3#46@1");
     ui().menuitemCompare->trigger();
@@ -221,6 +221,12 @@ TEST_F(LampProgramTest, refusesToCompareWithAReason) {
                                 "Could not compare with the device!|Got invalid or unknown data "
                                 "format from device.")));
     EXPECT_EQ(received("CmdGetTaskMode"), reads + 1);
+    EXPECT_TRUE(menuitem.isEnabled());
+    // The cable pulled on the way ends it without a word of its own.
+    fault("unplug=30#46@1");
+    ui().menuitemCompare->trigger();
+    EXPECT_TRUE(runUntil([&] { return prompts.told.size() == 2; }));
+    EXPECT_TRUE(runUntil([&] { return isConnected(); }));
     EXPECT_TRUE(menuitem.isEnabled());
 }
 

@@ -71,14 +71,18 @@ YMessageError::PortError OpenFailure::taken(const QString& device) {
 }
 
 YMessageError::PortError OpenFailure::forbidden(const QString& device, const QString& text) {
+    const QFileInfo file(device);
     const QString user = userName();
-    const QString group = QFileInfo(device).group();
     const QString help = QStringLiteral("The user \"%1\" may not read and write %2, which belongs "
                                         "to the group \"%3\"")
-                             .arg(user, device, group);
-    const QString join = QStringLiteral("sudo usermod -aG %1 %2").arg(group, user);
-    return {text.toStdString(),
-            help.toStdString(),
-            {{"Join the group, then log out and in again:", join.toStdString()},
-             {"Or add a rule for the controller, then plug it in again:", ruleCommand()}}};
+                             .arg(user, device, file.group());
+    YMessageError::PortError error{text.toStdString(), help.toStdString(), {}};
+    // Else joining helps nothing, or does harm.
+    if (file.permission(QFile::ReadGroup | QFile::WriteGroup) && file.groupId() != 0)
+        error.remedies.push_back(
+            {"Join the group, then log out and in again:",
+             QStringLiteral("sudo usermod -aG %1 %2").arg(file.group(), user).toStdString()});
+    error.remedies.push_back(
+        {"Add a rule for the controller, then plug it in again:", ruleCommand()});
+    return error;
 }

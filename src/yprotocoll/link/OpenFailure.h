@@ -9,7 +9,8 @@ namespace OpenFailure {
 
 /// Another program holds `device`: it is named when it left its lock file.
 YMessageError::PortError taken(const QString& device);
-/// Who may not use `device`, which belongs to whom, and two remedies; `text` is the system's own.
+/// Who may not use `device`, which belongs to whom, and the remedies: joining the group, where that
+/// helps, and a udev rule. `text` is the system's own.
 YMessageError::PortError forbidden(const QString& device, const QString& text);
 
 } // namespace OpenFailure
