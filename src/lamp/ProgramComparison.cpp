@@ -2,6 +2,7 @@
 
 #include "data/ColorMapping.h"
 #include "data/DeviceProgramImage.h"
+#include "data/TimeText.h"
 
 #include <algorithm>
 #include <cmath>
@@ -12,12 +13,6 @@ constexpr std::size_t fourChannels = 4;
 
 /// One that the item has no part in is none.
 using Levels = std::vector<std::optional<std::uint8_t>>;
-
-QString clockOf(int hour, int minute) {
-    return QStringLiteral("%1:%2")
-        .arg(hour, 2, 10, QLatin1Char('0'))
-        .arg(minute, 2, 10, QLatin1Char('0'));
-}
 
 QString durationOf(const AQTime& time) {
     const int minutes = time.minuteOfDay();
@@ -72,7 +67,7 @@ struct ProgramComparison::Item {
     bool isOfTwoChannels;
 
     int minute() const { return read.time.minuteOfDay(); }
-    QString clock() const { return clockOf(read.time.hour, read.time.minute); }
+    QString clock() const { return timeText(read.time.hour, read.time.minute); }
     /// Of the same colour, as far as two outputs can tell: their levels are rounded.
     bool hasColorOf(const Item& other) const {
         if (read.colorTemp == other.read.colorTemp)
@@ -238,8 +233,8 @@ void ProgramComparison::compareChannels(const DeviceImage& here, const DeviceIma
             continue;
         const QString entry = place + QStringLiteral(", entry %1: ").arg(our - ours.begin() + 1);
         if (minuteOf(*our) != minuteOf(*their))
-            m_lines << differs(entry, clockOf(our->hour, our->minute),
-                               clockOf(their->hour, their->minute));
+            m_lines << differs(entry, timeText(our->hour, our->minute),
+                               timeText(their->hour, their->minute));
         else
             m_lines << differs(entry + QStringLiteral("level "), QString::number(our->level),
                                QString::number(their->level));
