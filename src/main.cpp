@@ -1,4 +1,5 @@
 #include "AppDelegate.h"
+#include "CommandLine.h"
 #include "Logging.h"
 #include "MainWindow.h"
 #include "TerminationSignals.h"
@@ -10,13 +11,17 @@
 #include <QApplication>
 
 int main(int argc, char* argv[]) {
+    QApplication::setApplicationName(QStringLiteral("Aquelon"));
+    QApplication::setApplicationVersion(QStringLiteral(AQUELON_VERSION));
+    QApplication::setDesktopFileName(QStringLiteral("aquelon"));
+    const auto commandLine = CommandLine::read(argc, argv);
+    if (commandLine.print())
+        return commandLine.status;
+
     // This stands before the log, whose thread would receive the signals otherwise.
     TerminationSignals signals;
     const Logging logging;
 
-    QApplication::setApplicationName(QStringLiteral("Aquelon"));
-    QApplication::setApplicationVersion(QStringLiteral(AQUELON_VERSION));
-    QApplication::setDesktopFileName(QStringLiteral("aquelon"));
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication application(argc, argv);
 
@@ -40,7 +45,6 @@ int main(int argc, char* argv[]) {
     });
     signals.watch();
 
-    const QStringList arguments = QApplication::arguments();
-    delegate.applicationDidFinishLaunching(arguments.value(1));
+    delegate.applicationDidFinishLaunching(commandLine.file);
     return QApplication::exec();
 }
