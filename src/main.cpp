@@ -1,4 +1,5 @@
 #include "AppDelegate.h"
+#include "ApplicationIcon.h"
 #include "CommandLine.h"
 #include "Logging.h"
 #include "MainWindow.h"
@@ -9,11 +10,12 @@
 #include "yprotocoll/link/YMessageController.h"
 
 #include <QApplication>
+#include <QIcon>
 
 int main(int argc, char* argv[]) {
     QApplication::setApplicationName(QStringLiteral("Aquelon"));
     QApplication::setApplicationVersion(QStringLiteral(AQUELON_VERSION));
-    QApplication::setDesktopFileName(QStringLiteral("aquelon"));
+    QApplication::setDesktopFileName(QStringLiteral(AQUELON_ID));
     const auto commandLine = CommandLine::read(argc, argv);
     if (commandLine.print())
         return commandLine.status;
@@ -24,6 +26,7 @@ int main(int argc, char* argv[]) {
 
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication application(argc, argv);
+    QApplication::setWindowIcon(applicationIcon());
 
     UdevSerialPortManager ports;
     ModalPause pause;
