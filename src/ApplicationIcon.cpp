@@ -3,9 +3,17 @@
 #include <QGuiApplication>
 #include <QIcon>
 
-QIcon applicationIcon() {
-    QIcon builtIn;
-    for (const int size : {16, 24, 32, 48, 64, 128})
-        builtIn.addFile(QStringLiteral(":/icon-%1.png").arg(size), {size, size});
-    return QIcon::fromTheme(QGuiApplication::desktopFileName(), builtIn);
+namespace ApplicationIcon {
+
+QIcon builtIn() {
+    QIcon icon;
+    for (const int size : {16, 32, 64})
+        icon.addFile(QStringLiteral(":/icon-%1.png").arg(size), {size, size});
+    return icon;
 }
+
+QIcon fromTheme() {
+    return QIcon::fromTheme(QGuiApplication::desktopFileName(), builtIn());
+}
+
+} // namespace ApplicationIcon

@@ -2,7 +2,14 @@
 
 class QIcon;
 
-/// The program's icon: that of the desktop's theme, into which the package puts it, or the one
-/// inside the program when it is not installed. Needs the application object and its desktop file's
-/// name.
-QIcon applicationIcon();
+/// The icon of the program's windows. Both need the application object.
+namespace ApplicationIcon {
+
+/// The one inside the program, which is there at once and without an installation.
+QIcon builtIn();
+
+/// That of the desktop's theme, where the package puts one of all sizes, else the built-in one.
+/// Looking for it takes about a fifth of a start: not before there is something to see.
+QIcon fromTheme();
+
+} // namespace ApplicationIcon

@@ -26,7 +26,7 @@ int main(int argc, char* argv[]) {
 
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication application(argc, argv);
-    QApplication::setWindowIcon(applicationIcon());
+    QApplication::setWindowIcon(ApplicationIcon::builtIn());
 
     UdevSerialPortManager ports;
     ModalPause pause;
@@ -41,6 +41,8 @@ int main(int argc, char* argv[]) {
         {AQDataSource::sharedInstance(), YMessageController::sharedInstance(), prompts});
     prompts.setParent(&delegate.window());
 
+    QObject::connect(&delegate.window(), &MainWindow::firstPainted, &application,
+                     [] { QApplication::setWindowIcon(ApplicationIcon::fromTheme()); });
     QObject::connect(&delegate, &AppDelegate::terminated, &application,
                      [] { QApplication::exit(0); });
     QObject::connect(&signals, &TerminationSignals::received, &delegate, [&delegate] {
