@@ -11,6 +11,7 @@
 #include "data/AQDataSourceReader.h"
 #include "data/AQDataSourceWriter.h"
 #include "data/History.h"
+#include "data/ProgramChanges.h"
 
 #include <benchmark/benchmark.h>
 
@@ -57,6 +58,13 @@ struct ShownCurve {
 void curve(benchmark::State& state) {
     ShownCurve curve;
     measure(state, "curve, 1600 x 600, 20 points: repaint", Promise::atMost(1.5), ShownCurve::area,
+            [&] { curve.view.repaint(); });
+}
+
+void curveWithGhost(benchmark::State& state) {
+    ShownCurve curve;
+    curve.view.setGhost(ProgramChanges::shiftedDay(SampleProgram::points(), 90));
+    measure(state, "the same over a ghost", Promise::atMost(1.5), ShownCurve::area,
             [&] { curve.view.repaint(); });
 }
 
@@ -144,6 +152,7 @@ void undoStep(benchmark::State& state) {
 void registerPaintBenches() {
     constexpr int repaints = 400;
     benchmark::RegisterBenchmark("curve", curve)->Iterations(repaints);
+    benchmark::RegisterBenchmark("curve ghost", curveWithGhost)->Iterations(repaints);
     benchmark::RegisterBenchmark("curve edit", curveStep)->Iterations(repaints);
     benchmark::RegisterBenchmark("table", table)->Iterations(repaints);
     benchmark::RegisterBenchmark("undo", undoStep)->Iterations(repaints);
