@@ -77,6 +77,8 @@ TEST(AccessibilityJourneys, rowsAreReadAndWhatHappensIsTold) {
     events.expect("selected list item Point 60 of 100, 09:50");
     expectSoon([&] { return rows[59].isSelected() ? qRound(editors[2].value()) : -1; }, 33);
 
+    ASSERT_TRUE(journey.chooseMenu("Undo Intensity at 09:50"));
+    expectSoon([&] { return qRound(editors[2].value()); }, 20);
     ASSERT_TRUE(journey.press("Delete point"));
     events.expect("selected list item Point 60 of 99, 10:00");
     events.expect("selected list item Point 60 of 99, 10:00, intensity 20 %, "
