@@ -27,6 +27,7 @@
 #include "workflows/PortHelpPanel.h"
 #include "workflows/ProgramChangeCommands.h"
 #include "workflows/ProgramMode.h"
+#include "workflows/Recovery.h"
 #include "workflows/SelectDevicePanel.h"
 #include "workflows/TaskLightEditor.h"
 #include "workflows/TransferWorkflow.h"
@@ -42,6 +43,7 @@
 struct AppDelegate::Workflows {
     Workflows(const Services& services, MainWindow& window)
         : ui(window.outlets()), documents(services.data, services.prompts),
+          recovery(services.data, documents, services.prompts, services.recoveryFolder),
           undo(services.data.history(), *ui.menuitemUndo, *ui.menuitemRedo), selectDevice(&window),
           connection(services.controller, services.prompts, selectDevice),
           lampContents(services.data), transfers(services.data, services.controller, lampContents),
@@ -67,6 +69,7 @@ struct AppDelegate::Workflows {
 
     Ui::MainWindow& ui;
     DocumentCommands documents;
+    Recovery recovery;
     UndoCommands undo;
     SelectDevicePanel selectDevice;
     ConnectionWorkflow connection;
@@ -107,21 +110,23 @@ AppDelegate::~AppDelegate() = default;
 void AppDelegate::applicationDidFinishLaunching(const QString& file) {
     showTitle();
     Q_EMIT m_services.data.notifications().dataLoaded(&m_services.data);
-    // Looking for the controller waits for the first picture, but not for a window that is never
-    // shown, such as one that starts minimised.
+    // Looking for the controller and for copies waits for the first picture, but not for a window
+    // that is never shown, such as one that starts minimised.
     constexpr int longestWaitForPaint = 1000; // ms
-    connect(m_window.get(), &MainWindow::firstPainted, this, &AppDelegate::startDiscovery);
-    QTimer::singleShot(longestWaitForPaint, this, &AppDelegate::startDiscovery);
+    const auto go = [this, file] { onShown(file); };
+    connect(m_window.get(), &MainWindow::firstPainted, this, go);
+    QTimer::singleShot(longestWaitForPaint, this, go);
     m_window->show();
     if (!file.isEmpty())
         m_workflows->documents.openPath(file);
 }
 
-void AppDelegate::startDiscovery() {
-    if (m_discoveryStarted)
+void AppDelegate::onShown(const QString& file) {
+    if (m_wasShown)
         return;
-    m_discoveryStarted = true;
+    m_wasShown = true;
     m_services.controller.run();
+    m_workflows->recovery.offerCopies(file);
 }
 
 void AppDelegate::connectDocument() {
@@ -138,6 +143,9 @@ void AppDelegate::connectDocument() {
     connect(&w.documents, &DocumentCommands::savedTo, m_window.get(), [this](const QString& path) {
         Announcement::make(*m_window, QStringLiteral("Saved ") + QFileInfo(path).fileName());
     });
+
+    connect(&w.recovery, &Recovery::recoversElsewhere, this, &AppDelegate::recoversElsewhere);
+    connect(qApp, &QGuiApplication::commitDataRequest, &w.recovery, &Recovery::keepForNextStart);
 
     connect(&m_window->curveView(), &AQCurveView::addRequested, &w.table,
             &PointTable::onTableItemAdd);
@@ -341,8 +349,10 @@ void AppDelegate::showTitle() {
 }
 
 void AppDelegate::applicationShouldTerminate(Ask ask) {
-    if (ask == Ask::Nothing)
+    if (ask == Ask::Nothing) {
         m_agreedTo.reset();
+        m_workflows->recovery.keepForNextStart();
+    }
     if (ask == Ask::AboutChanges && !m_workflows->departure.isEnding())
         m_workflows->documents.askAboutChanges(QStringLiteral("Save changed before quitting?"),
                                                [this] {
@@ -360,6 +370,10 @@ void AppDelegate::onDepartureEnded() {
         applicationShouldTerminate(Ask::AboutChanges);
         return;
     }
+    if (m_agreedTo)
+        m_workflows->recovery.giveUp();
+    else
+        m_workflows->recovery.keepForNextStart();
     m_services.controller.stop();
     Q_EMIT terminated();
 }

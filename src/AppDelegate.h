@@ -26,19 +26,21 @@ public:
         AQDataSource& data;
         YMessageController& controller;
         Prompts& prompts;
+        QString recoveryFolder = {}; ///< of RecoveryCopy; none are written with an empty one
     };
 
     explicit AppDelegate(const Services& services);
     ~AppDelegate() override;
 
-    /// Shows the window and starts discovery once it has been painted. `file` is opened as by
-    /// Open...; empty for none.
+    /// Shows the window; once it has been painted, starts discovery and offers what can be
+    /// recovered. `file` is opened as by Open...; empty for none.
     void applicationDidFinishLaunching(const QString& file);
 
     enum class Ask { AboutChanges, Nothing };
     /// Ends the program: asks about unsaved changes (unless told not to), waits for a send, gives
     /// the lamp back to the controller's program if a preview has it, closes the link, then emits
     /// `terminated`. Asks nothing while it is ending already.
+    /// Without asking, unsaved changes are kept for recovery.
     void applicationShouldTerminate(Ask ask);
 
     MainWindow& window() { return *m_window; }
@@ -46,6 +48,8 @@ public:
 Q_SIGNALS:
     /// Everything is done; the event loop may end.
     void terminated();
+    /// As that of Recovery.
+    void recoversElsewhere(const QString& copy);
 
 private:
     struct Workflows;
@@ -56,7 +60,7 @@ private:
     void connectComparison();
     void connectPreview();
     void connectHelp();
-    void startDiscovery();
+    void onShown(const QString& file);
     void closeDialogsThenTerminate();
     void onDepartureEnded();
     void onConnectedChanged(bool isConnected);
@@ -76,7 +80,7 @@ private:
     Services m_services;
     std::unique_ptr<MainWindow> m_window;
     std::unique_ptr<Workflows> m_workflows;
-    bool m_discoveryStarted = false;
+    bool m_wasShown = false;
     /// What the document held when the person agreed to a quit; none when nobody is asked.
     std::optional<AQDataSource::Contents> m_agreedTo;
 };

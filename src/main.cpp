@@ -6,6 +6,7 @@
 #include "TerminationSignals.h"
 #include "data/AQDataSource.h"
 #include "workflows/DialogPrompts.h"
+#include "workflows/Recovery.h"
 #include "yprotocoll/link/UdevSerialPortManager.h"
 #include "yprotocoll/link/YMessageController.h"
 
@@ -37,14 +38,15 @@ int main(int argc, char* argv[]) {
     AQDataSource::share(data);
 
     DialogPrompts prompts;
-    AppDelegate delegate(
-        {AQDataSource::sharedInstance(), YMessageController::sharedInstance(), prompts});
+    AppDelegate delegate({AQDataSource::sharedInstance(), YMessageController::sharedInstance(),
+                          prompts, RecoveryCopy::standardFolder()});
     prompts.setParent(&delegate.window());
 
     QObject::connect(&delegate.window(), &MainWindow::firstPainted, &application,
                      [] { QApplication::setWindowIcon(ApplicationIcon::fromTheme()); });
     QObject::connect(&delegate, &AppDelegate::terminated, &application,
                      [] { QApplication::exit(0); });
+    QObject::connect(&delegate, &AppDelegate::recoversElsewhere, &Recovery::startProcessFor);
     QObject::connect(&signals, &TerminationSignals::received, &delegate, [&delegate] {
         delegate.applicationShouldTerminate(AppDelegate::Ask::Nothing);
     });

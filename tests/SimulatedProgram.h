@@ -18,12 +18,14 @@
 /// intervals and with dialogs of the test's choice.
 template <class Dialogs>
 struct SimulatedProgram {
-    explicit SimulatedProgram(YMessageController::Intervals intervals)
-        : controller(ports, pause, intervals) {}
+    explicit SimulatedProgram(YMessageController::Intervals intervals,
+                              const QString& recoveryFolder = {})
+        : controller(ports, pause, intervals),
+          delegate({data, controller, prompts, recoveryFolder}) {}
 
     /// Shows the window and looks for controllers; there is none yet.
-    void start() {
-        delegate.applicationDidFinishLaunching({});
+    void start(const QString& file = {}) {
+        delegate.applicationDidFinishLaunching(file);
         runUntil([this] { return ports.listings() > 0; });
     }
     void plug() { ports.plug("ttyUSB0", device, faults); }
@@ -48,5 +50,5 @@ struct SimulatedProgram {
     NotificationCenter notifications;
     AQDataSource data{notifications, [this] { return controller.device(); }};
     Dialogs prompts;
-    AppDelegate delegate{{data, controller, prompts}};
+    AppDelegate delegate;
 };

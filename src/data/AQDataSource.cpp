@@ -42,6 +42,12 @@ void AQDataSource::markSaved() {
     setIsDirty(false);
 }
 
+void AQDataSource::markUnsaved() {
+    m_saved.reset();
+    m_loaded.reset();
+    setIsDirty(true);
+}
+
 void AQDataSource::markLoaded() {
     m_loaded = contents();
     setIsDirty(false);

@@ -82,6 +82,9 @@ public:
     void markDirtyOrClean();
     /// The contents are in a file, or the defaults.
     void markSaved();
+    /// The contents are nowhere but here. Whatever they become, they are dirty until they are saved
+    /// or loaded anew.
+    void markUnsaved();
     /// The contents are in the controller.
     void markLoaded();
     /// The controller has been given the present contents or others. If these are not the ones
@@ -114,7 +117,7 @@ private:
     AQTimePoint m_taskLight;
     bool m_isProgramMode = true;
     bool m_isDirty = false;
-    Contents m_saved;
+    std::optional<Contents> m_saved; ///< in a file, or the defaults
     std::optional<Contents> m_loaded;
     ProgramPreview m_preview{*this};
     History m_history{*this};

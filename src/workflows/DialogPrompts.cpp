@@ -120,6 +120,20 @@ void DialogPrompts::offer(const QString& message, const QString& informative, co
     box->show();
 }
 
+void DialogPrompts::askToRecover(const QString& message, const QString& informative,
+                                 std::function<void(bool)> done) {
+    QMessageBox* box = makeBox(message, informative);
+    box->setWindowModality(Qt::NonModal);
+    box->setIcon(QMessageBox::Question);
+    auto* recover = box->addButton(QStringLiteral("&Recover"), QMessageBox::AcceptRole);
+    box->addButton(QStringLiteral("&Discard"), QMessageBox::DestructiveRole);
+    // Neither button is what Escape or closing could mean.
+    box->setDefaultButton(recover);
+    QObject::connect(box, &QDialog::finished, box,
+                     [box, recover, done] { done(box->clickedButton() == recover); });
+    box->show();
+}
+
 void DialogPrompts::alert(const QString& message, const QString& informative, Severity severity) {
     QMessageBox* box = makeBox(message, informative);
     box->setIcon(severity == Severity::Critical ? QMessageBox::Critical : QMessageBox::Information);

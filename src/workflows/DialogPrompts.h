@@ -21,6 +21,8 @@ public:
                std::function<void(bool)> done) override;
     void confirmWithNote(const QString& message, const QString& informative, const QString& note,
                          Answer usual, std::function<void(bool)> done) override;
+    void askToRecover(const QString& message, const QString& informative,
+                      std::function<void(bool)> done) override;
     void alert(const QString& message, const QString& informative, Severity severity) override;
     void askForFileToOpen(std::function<void(std::optional<QString>)> done) override;
     void askWhereToSave(const QString& suggested,

@@ -6,6 +6,7 @@
 
 #include <spdlog/spdlog.h>
 
+#include <QCryptographicHash>
 #include <QDir>
 #include <QFileInfo>
 
@@ -13,6 +14,10 @@ namespace {
 
 const QString unsavedChanges =
     QStringLiteral("There are unsaved changes. Do you want to save them first?");
+
+QByteArray sumOf(const QByteArray& fileContents) {
+    return QCryptographicHash::hash(fileContents, QCryptographicHash::Sha256);
+}
 
 } // namespace
 
@@ -52,6 +57,7 @@ void DocumentCommands::loadDefaults() {
         m_data.history().restart();
         // A new document has no file yet: saving it must not replace the one that was open.
         m_openFilePath.clear();
+        m_openFileSum.clear();
         m_holdsPartsOfAnotherFile = false;
         Q_EMIT titleChanged();
     });
@@ -77,7 +83,7 @@ void DocumentCommands::read(const QString& path) {
     const AQPointId selected = m_data.selection().id();
     if (m_reader.loadFromFile(path)) {
         m_openFilePath = path;
-        m_openFileContents = m_reader.fileContents();
+        m_openFileSum = sumOf(m_reader.fileContents());
         // Without a timeline the program in the window is still the one from before.
         m_holdsPartsOfAnotherFile = !m_reader.foundTimeline();
         m_data.markSaved();
@@ -95,6 +101,18 @@ void DocumentCommands::read(const QString& path) {
         path + QStringLiteral(
                    " could not be opened. Maybe the file is corrupt or contains invalid data."),
         Prompts::Severity::Critical);
+}
+
+void DocumentCommands::becomeRecovered(const QByteArray& program, const QString& file,
+                                       const QByteArray& fileSum) {
+    m_reader.read(program);
+    m_openFilePath = file;
+    m_openFileSum = fileSum;
+    m_holdsPartsOfAnotherFile = true;
+    // At no moment is it clean, which would mean that it is in a file.
+    m_data.markUnsaved();
+    m_data.history().restart();
+    Q_EMIT titleChanged();
 }
 
 void DocumentCommands::saveDocument() {
@@ -161,7 +179,7 @@ void DocumentCommands::write(const QString& path, const Continuation& saved) {
         return;
     }
     m_openFilePath = path;
-    m_openFileContents = m_writer.text();
+    m_openFileSum = sumOf(m_writer.text());
     m_holdsPartsOfAnotherFile = false;
     Q_EMIT titleChanged();
     Q_EMIT savedTo(path);
@@ -183,7 +201,7 @@ QString DocumentCommands::reasonNotToOverwrite() const {
             RegularFile::read(m_openFilePath, AQDataSourceReader::maxFileSize);
         if (!fault.isEmpty())
             return QStringLiteral("%1 cannot be read any more (%2).").arg(name, fault);
-        if (bytes != m_openFileContents)
+        if (sumOf(bytes) != m_openFileSum)
             return name + QStringLiteral(" was changed by another program since it was opened.");
     }
     if (m_holdsPartsOfAnotherFile)

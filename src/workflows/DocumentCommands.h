@@ -45,10 +45,17 @@ public:
     /// The document's contents no longer come from the current file: saving over it asks first.
     void noteOtherContents() { m_holdsPartsOfAnotherFile = true; }
 
+    /// The document is this program, which was being edited when the program died: unsaved, with
+    /// `file` (empty: untitled) as its current file, whose `openFileSum()` was `fileSum` then.
+    /// Saving over that file asks first. Nothing leads back to what the document held before.
+    void becomeRecovered(const QByteArray& program, const QString& file, const QByteArray& fileSum);
+
     /// "Aquelon - Untitled", or the file's name instead; " *" is appended while dirty.
     QString windowTitle() const;
     /// The current file; empty for an untitled document.
     const QString& openFilePath() const { return m_openFilePath; }
+    /// By which it is known whether the current file has changed; empty for an untitled document.
+    const QByteArray& openFileSum() const { return m_openFileSum; }
 
 Q_SIGNALS:
     /// `windowTitle()` may have changed.
@@ -72,10 +79,10 @@ private:
     AQDataSourceReader m_reader;
     AQDataSourceWriter m_writer;
     QString m_openFilePath;
-    /// What this program last read from it or wrote to it. Times and sizes tell less: a clock is
+    /// Of what this program last read from it or wrote to it. Times and sizes tell less: a clock is
     /// coarse, and copying programs set it back.
-    QByteArray m_openFileContents;
-    /// A load, or a failed open of another file, left in the document what is not this file's
-    /// program.
+    QByteArray m_openFileSum;
+    /// A load, a failed open of another file or a recovery left in the document what is not this
+    /// file's program.
     bool m_holdsPartsOfAnotherFile = false;
 };

@@ -9,7 +9,7 @@
 /// can run inside a test that answers from a list.
 ///
 /// No call blocks: the answer comes later through `done`, from the event loop, exactly once unless
-/// the program ends first. Dialogs are modal for the whole program.
+/// the program ends first. Dialogs are modal for the whole program, but for one.
 class Prompts {
 public:
     enum class SaveAnswer { Save, Discard, Cancel };
@@ -31,6 +31,10 @@ public:
     virtual void confirmWithNote(const QString& message, const QString& informative,
                                  const QString& note, Answer usual,
                                  std::function<void(bool)> done) = 0;
+    /// "Recover", which is what Enter answers, and "Discard"; `done` gets true for Recover. The
+    /// only question that is not modal: work and the connection do not wait for it.
+    virtual void askToRecover(const QString& message, const QString& informative,
+                              std::function<void(bool)> done) = 0;
     /// One "OK" button. While one is shown, the next ones wait until it is closed.
     virtual void alert(const QString& message, const QString& informative, Severity severity) = 0;
     /// Asks for an existing settings file; none when cancelled.

@@ -40,7 +40,11 @@ bool pressFirst(const std::function<UiElement()>& window, const Matches& matches
 
 Journey::Journey(const std::string& simulatorOptions, const QStringList& programArguments) {
     m_simulator.setProcessChannelMode(QProcess::MergedChannels);
-    m_simulator.setStandardOutputFile(file(QStringLiteral("output")));
+    m_simulator.setStandardOutputFile(file(QStringLiteral("output")), QIODevice::Append);
+    // What a journey leaves there, no other journey finds.
+    auto environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("XDG_STATE_HOME"), file(QStringLiteral("state")));
+    m_simulator.setProcessEnvironment(environment);
     m_simulator.setWorkingDirectory(m_folder.path()); // where file dialogs open
     m_simulator.setStandardInputFile(QProcess::nullDevice());
     m_simulator.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });
@@ -50,9 +54,16 @@ Journey::Journey(const std::string& simulatorOptions, const QStringList& program
     // Such as a memory checker and its options, which then runs the program.
     const auto runUnder = QProcess::splitCommand(qEnvironmentVariable("JOURNEYS_RUN_UNDER"));
     const auto options = QString::fromStdString(simulatorOptions).split(u' ', Qt::SkipEmptyParts);
-    m_simulator.start(QStringLiteral(SIMULATOR_PROGRAM),
-                      QStringList{QStringLiteral("--name"), port()} + options + own + runUnder +
-                          QStringList{QStringLiteral(AQUELON_PROGRAM)} + programArguments);
+    m_simulator.setProgram(QStringLiteral(SIMULATOR_PROGRAM));
+    m_simulator.setArguments(QStringList{QStringLiteral("--name"), port()} + options + own +
+                             runUnder + QStringList{QStringLiteral(AQUELON_PROGRAM)} +
+                             programArguments);
+    start();
+}
+
+void Journey::start() {
+    m_programId = 0;
+    m_simulator.start();
     EXPECT_TRUE(waitUntil([this] {
         m_programId = status("pid").toInteger();
         return m_programId > 0 && !title().empty();

@@ -105,12 +105,16 @@ public:
 
     qint64 processId() const { return m_programId; }
     void signal(int number) const;
-    /// Waits for the program's end; its exit status, or −1 when it does not end.
+    /// Waits for the program's end; its exit status, 128 and the number of the signal that killed
+    /// it, or −1 when it does not end.
     int waitForEnd();
+    /// Simulator and program once more, after their end, in the same folders.
+    void startAgain() { start(); }
     /// A folder of the journey's own.
     QString file(const QString& name) const { return m_folder.filePath(name); }
 
 private:
+    void start();
     UiElement application() const { return UiElement::application(m_programId); }
     QByteArray ask(const QByteArray& command) const;
     QJsonValue status(const char* entry) const;

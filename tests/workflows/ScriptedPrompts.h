@@ -38,6 +38,13 @@ public:
                          Answer usual, std::function<void(bool)> done) override {
         confirm(message, informative + u'|' + note, usual, std::move(done));
     }
+    /// Without an answer left it stays open.
+    void askToRecover(const QString& message, const QString& informative,
+                      std::function<void(bool)> done) override {
+        asked << message + u'|' + informative;
+        if (!confirmations.empty())
+            done(take(confirmations, false));
+    }
     void alert(const QString& message, const QString& informative, Severity /*severity*/) override {
         told << message + u'|' + informative;
     }

@@ -32,6 +32,10 @@ public:
                          std::function<void(bool)> done) override {
         confirm(message, informative, usual, std::move(done));
     }
+    void askToRecover(const QString& /*message*/, const QString& /*informative*/,
+                      std::function<void(bool)> done) override {
+        done(true);
+    }
     void alert(const QString& /*message*/, const QString& /*informative*/,
                Severity /*severity*/) override {
         if (onAlert)

@@ -1,0 +1,162 @@
+#include "workflows/Recovery.h"
+
+#include "data/AQDataSource.h"
+#include "data/AQDataSourceWriter.h"
+#include "workflows/DocumentCommands.h"
+#include "workflows/Prompts.h"
+
+#include <spdlog/spdlog.h>
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QLocale>
+#include <QProcess>
+
+#include <utility>
+
+namespace {
+
+/// Names the copy that a new process is to open, without a question.
+constexpr const char* copyVariable = "AQUELON_RECOVER";
+
+QString timeText(const QDateTime& time) {
+    const QDateTime here = time.toLocalTime();
+    const bool isToday = here.date() == QDate::currentDate();
+    return QLocale::c().toString(here, isToday ? QStringLiteral("HH:mm")
+                                               : QStringLiteral("HH:mm, d MMMM yyyy"));
+}
+
+QString question(const RecoveryCopy::Contents& copy) {
+    return (copy.wasEnded ? QStringLiteral("Aquelon was ended with unsaved work.")
+                          : QStringLiteral("Aquelon ended unexpectedly.")) +
+           QStringLiteral(" Recover the program as of ") + timeText(copy.time) + u'?';
+}
+
+QString description(const RecoveryCopy::Contents& copy) {
+    return copy.file.isEmpty()
+               ? QStringLiteral("It has not been saved in a file.")
+               : QStringLiteral("It holds changes that are not in the file ") + copy.file + u'.';
+}
+
+bool isSameFile(const QString& one, const QString& other) {
+    const QFileInfo first(one);
+    const QFileInfo second(other);
+    // Of a file that is not there, no canonical path is known.
+    return first.absoluteFilePath() == second.absoluteFilePath() ||
+           (first.exists() && first == second);
+}
+
+} // namespace
+
+Recovery::Recovery(AQDataSource& data, DocumentCommands& documents, Prompts& prompts,
+                   const QString& folder, QObject* parent)
+    : QObject(parent), m_data(data), m_documents(documents), m_prompts(prompts), m_folder(folder) {
+    if (folder.isEmpty())
+        return;
+    m_timer.setSingleShot(true);
+    m_timer.setInterval(delay);
+    connect(&m_timer, &QTimer::timeout, this, [this] { write(false); });
+    connect(&data.history(), &History::changed, this, &Recovery::onChanged);
+    connect(&data.notifications(), &NotificationCenter::dataDirty, this, &Recovery::onChanged);
+}
+
+void Recovery::onChanged() {
+    if (!m_data.isDirty())
+        giveUp();
+    // Running already, it is not put off by further changes.
+    else if (!m_timer.isActive())
+        m_timer.start();
+}
+
+void Recovery::giveUp() {
+    m_timer.stop();
+    if (m_copy)
+        m_copy->remove();
+}
+
+void Recovery::keepForNextStart() {
+    m_timer.stop();
+    if (m_data.isDirty() && !m_folder.isEmpty())
+        write(true);
+}
+
+void Recovery::write(bool isEnding) {
+    const RecoveryCopy::Contents present{AQDataSourceWriter(m_data).text(),
+                                         m_documents.openFilePath(), m_documents.openFileSum(),
+                                         QDateTime::currentDateTimeUtc(), isEnding};
+    if (!m_copy)
+        m_copy = std::make_unique<RecoveryCopy>(m_folder);
+    const RecoveryCopy::Contents& held = m_copy->contents();
+    if (present.program == held.program && present.wasEnded == held.wasEnded)
+        return;
+    const QString fault = m_copy->write(present);
+    if (fault.isEmpty())
+        return;
+    SPDLOG_ERROR("recovery copy in {}: {}", m_folder.toStdString(), fault.toStdString());
+    if (isEnding || std::exchange(m_wasFaultTold, true))
+        return;
+    m_prompts.alert(
+        QStringLiteral("Could not write a recovery copy!"),
+        QStringLiteral("Until they are saved, changes would be lost if Aquelon or the computer "
+                       "ended unexpectedly. No copy can be kept in %1: %2.")
+            .arg(m_folder, fault),
+        Prompts::Severity::Information);
+}
+
+void Recovery::offerCopies(const QString& file) {
+    if (m_folder.isEmpty())
+        return;
+    const QString named = qEnvironmentVariable(copyVariable);
+    qunsetenv(copyVariable);
+    if (!named.isEmpty()) {
+        if (auto copy = RecoveryCopy::take(m_folder, named))
+            recover(std::move(copy));
+        return;
+    }
+    m_offered = RecoveryCopy::abandoned(m_folder);
+    if (!file.isEmpty())
+        std::erase_if(m_offered,
+                      [&](const auto& copy) { return !isSameFile(copy->contents().file, file); });
+    askAboutNext();
+}
+
+void Recovery::askAboutNext() {
+    if (m_offered.empty())
+        return;
+    const RecoveryCopy::Contents& copy = m_offered.front()->contents();
+    m_prompts.askToRecover(question(copy), description(copy), [this](bool yes) {
+        auto asked = std::move(m_offered.front());
+        m_offered.erase(m_offered.begin());
+        if (yes)
+            recover(std::move(asked));
+        else
+            asked->remove();
+        askAboutNext();
+    });
+}
+
+void Recovery::recover(std::unique_ptr<RecoveryCopy> copy) {
+    const RecoveryCopy::Contents& found = copy->contents();
+    const QString& open = m_documents.openFilePath();
+    const bool isFree = !m_data.isDirty() && (open.isEmpty() || isSameFile(open, found.file));
+    if (!isFree) {
+        const QString name = copy->name();
+        copy.reset(); // not locked any more
+        Q_EMIT recoversElsewhere(name);
+        return;
+    }
+    // It is this document's own copy from now on, so that there is always one.
+    m_copy = std::move(copy);
+    m_documents.becomeRecovered(found.program, found.file, found.fileSum);
+}
+
+void Recovery::startProcessFor(const QString& copy) {
+    QProcess process;
+    process.setProgram(QCoreApplication::applicationFilePath());
+    auto environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QLatin1String(copyVariable), copy);
+    process.setProcessEnvironment(environment);
+    // A copy that no process opens is offered by the next start.
+    if (!process.startDetached())
+        SPDLOG_ERROR("cannot start another process: {}", process.errorString().toStdString());
+}
