@@ -27,6 +27,7 @@
 #include "workflows/PortHelpPanel.h"
 #include "workflows/ProgramChangeCommands.h"
 #include "workflows/ProgramMode.h"
+#include "workflows/RecentFilesMenu.h"
 #include "workflows/Recovery.h"
 #include "workflows/SelectDevicePanel.h"
 #include "workflows/TaskLightEditor.h"
@@ -44,6 +45,7 @@ struct AppDelegate::Workflows {
     Workflows(const Services& services, MainWindow& window)
         : ui(window.outlets()), documents(services.data, services.prompts),
           recovery(services.data, documents, services.prompts, services.recoveryFolder),
+          recentFiles(*ui.menuOpenRecent, services.recentFiles),
           undo(services.data.history(), *ui.menuitemUndo, *ui.menuitemRedo), selectDevice(&window),
           connection(services.controller, services.prompts, selectDevice),
           lampContents(services.data), transfers(services.data, services.controller, lampContents),
@@ -70,6 +72,7 @@ struct AppDelegate::Workflows {
     Ui::MainWindow& ui;
     DocumentCommands documents;
     Recovery recovery;
+    RecentFilesMenu recentFiles;
     UndoCommands undo;
     SelectDevicePanel selectDevice;
     ConnectionWorkflow connection;
@@ -144,6 +147,12 @@ void AppDelegate::connectDocument() {
         Announcement::make(*m_window, QStringLiteral("Saved ") + QFileInfo(path).fileName());
     });
 
+    connect(&w.documents, &DocumentCommands::opened, &w.recentFiles, &RecentFilesMenu::add);
+    connect(&w.documents, &DocumentCommands::savedTo, &w.recentFiles, &RecentFilesMenu::add);
+    connect(&w.recentFiles, &RecentFilesMenu::chosen, this, [this](const QString& path) {
+        m_window->finishTyping();
+        m_workflows->documents.openPath(path);
+    });
     connect(&w.recovery, &Recovery::recoversElsewhere, this, &AppDelegate::recoversElsewhere);
     connect(qApp, &QGuiApplication::commitDataRequest, &w.recovery, &Recovery::keepForNextStart);
 

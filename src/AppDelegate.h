@@ -27,6 +27,7 @@ public:
         YMessageController& controller;
         Prompts& prompts;
         QString recoveryFolder = {}; ///< of RecoveryCopy; none are written with an empty one
+        QString recentFiles = {};    ///< the list of RecentFiles; none with an empty one
     };
 
     explicit AppDelegate(const Services& services);

@@ -5,6 +5,7 @@
 #include "MainWindow.h"
 #include "TerminationSignals.h"
 #include "data/AQDataSource.h"
+#include "data/RecentFiles.h"
 #include "workflows/DialogPrompts.h"
 #include "workflows/Recovery.h"
 #include "yprotocoll/link/UdevSerialPortManager.h"
@@ -39,7 +40,7 @@ int main(int argc, char* argv[]) {
 
     DialogPrompts prompts;
     AppDelegate delegate({AQDataSource::sharedInstance(), YMessageController::sharedInstance(),
-                          prompts, RecoveryCopy::standardFolder()});
+                          prompts, RecoveryCopy::standardFolder(), RecentFiles::standardList()});
     prompts.setParent(&delegate.window());
 
     QObject::connect(&delegate.window(), &MainWindow::firstPainted, &application,

@@ -19,9 +19,9 @@
 template <class Dialogs>
 struct SimulatedProgram {
     explicit SimulatedProgram(YMessageController::Intervals intervals,
-                              const QString& recoveryFolder = {})
+                              const QString& recoveryFolder = {}, const QString& recentFiles = {})
         : controller(ports, pause, intervals),
-          delegate({data, controller, prompts, recoveryFolder}) {}
+          delegate({data, controller, prompts, recoveryFolder, recentFiles}) {}
 
     /// Shows the window and looks for controllers; there is none yet.
     void start(const QString& file = {}) {

@@ -89,6 +89,7 @@ void DocumentCommands::read(const QString& path) {
         m_data.markSaved();
         m_data.history().restart();
         Q_EMIT titleChanged();
+        Q_EMIT opened(path);
         return;
     }
     if (m_data.contents() != before) {

@@ -60,6 +60,8 @@ public:
 Q_SIGNALS:
     /// `windowTitle()` may have changed.
     void titleChanged();
+    /// The document comes from this file now.
+    void opened(const QString& path);
     /// The document is in this file now.
     void savedTo(const QString& path);
 

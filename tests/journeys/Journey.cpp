@@ -43,6 +43,7 @@ Journey::Journey(const std::string& simulatorOptions, const QStringList& program
     m_simulator.setStandardOutputFile(file(QStringLiteral("output")), QIODevice::Append);
     // What a journey leaves there, no other journey finds.
     auto environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("XDG_DATA_HOME"), file(QStringLiteral("data")));
     environment.insert(QStringLiteral("XDG_STATE_HOME"), file(QStringLiteral("state")));
     m_simulator.setProcessEnvironment(environment);
     m_simulator.setWorkingDirectory(m_folder.path()); // where file dialogs open
