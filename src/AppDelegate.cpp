@@ -21,15 +21,20 @@
 #include "workflows/DeviceBackup.h"
 #include "workflows/DeviceComparison.h"
 #include "workflows/DeviceTimePanel.h"
+#include "workflows/Diagnostics.h"
+#include "workflows/DiagnosticsPanel.h"
 #include "workflows/DocumentCommands.h"
 #include "workflows/LiveMode.h"
 #include "workflows/PointTable.h"
 #include "workflows/PortHelpPanel.h"
 #include "workflows/ProgramChangeCommands.h"
 #include "workflows/ProgramMode.h"
+#include "workflows/Prompts.h"
+#include "workflows/ProtocolLogWindow.h"
 #include "workflows/RecentFilesMenu.h"
 #include "workflows/Recovery.h"
 #include "workflows/SelectDevicePanel.h"
+#include "workflows/SessionTrace.h"
 #include "workflows/TaskLightEditor.h"
 #include "workflows/TransferWorkflow.h"
 #include "workflows/UndoCommands.h"
@@ -43,7 +48,8 @@
 /// One member for each thing a person does; in this order each may use those above it.
 struct AppDelegate::Workflows {
     Workflows(const Services& services, MainWindow& window)
-        : ui(window.outlets()), documents(services.data, services.prompts),
+        : ui(window.outlets()), trace(services.controller),
+          documents(services.data, services.prompts),
           recovery(services.data, documents, services.prompts, services.recoveryFolder),
           recentFiles(*ui.menuOpenRecent, services.recentFiles),
           undo(services.data.history(), *ui.menuitemUndo, *ui.menuitemRedo), selectDevice(&window),
@@ -70,6 +76,7 @@ struct AppDelegate::Workflows {
           demoMode(services.data, lamp, window.curveView(), *ui.bttnRunDemo) {}
 
     Ui::MainWindow& ui;
+    SessionTrace trace;
     DocumentCommands documents;
     Recovery recovery;
     RecentFilesMenu recentFiles;
@@ -256,6 +263,8 @@ void AppDelegate::connectHelp() {
             &AppDelegate::onBttnHelpDeviceStatus);
     connect(w.ui.headerTask, &AQGroupHeader::helpRequested, this, &AppDelegate::onBttnHelpTask);
     connect(w.ui.menuitemTaskHelp, &QAction::triggered, this, &AppDelegate::onBttnHelpTask);
+    connect(w.ui.menuitemDiagnostics, &QAction::triggered, this, &AppDelegate::showDiagnostics);
+    connect(w.ui.menuitemProtocolLog, &QAction::triggered, this, &AppDelegate::showProtocolLog);
     connect(w.ui.menuitemAbout, &QAction::triggered, this, [this] {
         auto* about = m_window->findChild<AQAboutPanel*>();
         if (!about)
@@ -327,11 +336,40 @@ void AppDelegate::menuSetDeviceTime() {
     panel->menuSetDeviceTime();
 }
 
+void AppDelegate::showDiagnostics() {
+    const Workflows& w = *m_workflows;
+    auto* panel = m_window->findChild<DiagnosticsPanel*>();
+    if (!panel)
+        panel = new DiagnosticsPanel(m_window.get());
+    panel->run(Diagnostics::text({m_services.data, m_services.controller, w.documents, w.trace,
+                                  state(), w.ui.bttnLiveModeSwitch->isChecked()}));
+}
+
+void AppDelegate::showProtocolLog() {
+    auto* log = m_window->findChild<ProtocolLogWindow*>();
+    if (!log) {
+        log = new ProtocolLogWindow(m_workflows->trace, m_window.get());
+        connect(log, &ProtocolLogWindow::saveFailed, this,
+                [this](const QString& path, const QString& reason) {
+                    m_services.prompts.alert(QStringLiteral("Could not save file!"),
+                                             path + QStringLiteral(": ") + reason,
+                                             Prompts::Severity::Critical);
+                });
+    }
+    log->show();
+    log->raise();
+    log->activateWindow();
+}
+
+WindowState AppDelegate::state() const {
+    const Workflows& w = *m_workflows;
+    return {w.connection.isConnected(), m_services.data.isProgramMode(), w.demoMode.isRunning(),
+            w.ui.bttnLiveModeSwitch->isChecked(), w.transfers.isReading()};
+}
+
 void AppDelegate::updateControls() {
     Workflows& w = *m_workflows;
-    const WindowState state{w.connection.isConnected(), m_services.data.isProgramMode(),
-                            w.demoMode.isRunning(), w.ui.bttnLiveModeSwitch->isChecked(),
-                            w.transfers.isReading()};
+    const WindowState state = this->state();
     ControlStates::load(state).applyTo(*w.ui.bttnLoad);
     ControlStates::load(state).applyTo(*w.ui.menuitemLoad);
     ControlStates::send(state).applyTo(*w.ui.bttnSend);

@@ -14,6 +14,7 @@
 class MainWindow;
 class Prompts;
 class YMessageController;
+struct WindowState;
 
 /// Composes the program: owns the window and the workflows, connects them to the document and the
 /// link, and carries out start-up and quit.
@@ -61,6 +62,9 @@ private:
     void connectComparison();
     void connectPreview();
     void connectHelp();
+    void showDiagnostics();
+    void showProtocolLog();
+    WindowState state() const;
     void onShown(const QString& file);
     void closeDialogsThenTerminate();
     void onDepartureEnded();

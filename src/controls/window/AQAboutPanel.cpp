@@ -21,6 +21,7 @@ constexpr Library libraries[] = {
     {"Qt", "LGPL v3"},
     {"spdlog", "MIT"},
     {"fmt", "MIT"},
+    {"GLib", "LGPL v2.1 or later"},
     {"libudev", "LGPL v2.1 or later"},
 };
 

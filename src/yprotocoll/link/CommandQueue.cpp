@@ -79,7 +79,9 @@ void CommandQueue::sendFirstCmdInQueue() {
         SPDLOG_TRACE("--> {}", first.command.description());
     ++first.writes;
     const std::uint64_t thisWrite = ++m_writeCount;
-    m_port->send(first.command.frame());
+    const auto frame = first.command.frame();
+    Q_EMIT written(first.command.name(), frame);
+    m_port->send(frame);
     // A port may deliver the answer, and so the next command, before it returns.
     if (m_port && m_writeCount == thisWrite && !m_sendQueue.empty())
         m_sendTimer.start(m_answerTime, true);

@@ -57,6 +57,8 @@ public:
 
 Q_SIGNALS:
     void failed(const YMessageError& error);
+    /// These bytes are going to the port now.
+    void written(const std::string& command, std::span<const std::uint8_t> bytes);
     /// There were too many time-outs.
     void gaveUp();
 

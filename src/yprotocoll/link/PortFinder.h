@@ -30,7 +30,8 @@ public:
     PortFinder(SerialPortManager& ports, ModalPause& pause, Intervals intervals);
     ~PortFinder() override;
 
-    std::vector<SerialPortInfo> availablePorts() const;
+    std::vector<SerialPortInfo> availablePorts() const; ///< the controllers'
+    std::vector<SerialPortInfo> allPorts() const { return m_ports.availablePorts(); }
     /// The port that is held; null when there is none.
     SerialPort* port() const { return m_port.get(); }
 

@@ -22,7 +22,9 @@ YMessageController::YMessageController(SerialPortManager& ports, ModalPause& pau
     connect(&m_finder, &PortFinder::found, this, &YMessageController::onFound);
     connect(&m_finder, &PortFinder::opening, &m_queue, &CommandQueue::start);
     connect(&m_finder, &PortFinder::opened, this, &YMessageController::onOpened);
+    connect(&m_finder, &PortFinder::received, this, &YMessageController::received);
     connect(&m_finder, &PortFinder::received, &m_queue, &CommandQueue::receive);
+    connect(&m_queue, &CommandQueue::written, this, &YMessageController::written);
     connect(&m_finder, &PortFinder::failed, this, &YMessageController::report);
     connect(&m_finder, &PortFinder::ended, this, [this](const auto& reason) {
         close();

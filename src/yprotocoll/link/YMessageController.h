@@ -84,6 +84,8 @@ public:
     bool isConnected() const { return m_isConnected; }
     /// The present ports that are the controller's.
     std::vector<SerialPortInfo> availablePorts() const { return m_finder.availablePorts(); }
+    /// All serial ports of the system.
+    std::vector<SerialPortInfo> allPorts() const { return m_finder.allPorts(); }
     /// The device file of the port that is open or being opened; empty when there is none.
     std::string portPath() const;
     void setDelegate(YMessageControllerDelegate* delegate) { m_delegate = delegate; }
@@ -128,6 +130,11 @@ public:
     /// Forgets the stream's command that waits for its turn, if any. What is in flight stays so,
     /// and the interval behind it goes on.
     void dropWaitingStream() { m_queue.dropWaitingStream(); }
+
+Q_SIGNALS:
+    // What goes over the line, as it goes; for who only looks on.
+    void written(const std::string& command, std::span<const std::uint8_t> bytes);
+    void received(std::span<const std::uint8_t> bytes);
 
 private:
     void onFound(std::size_t count);
