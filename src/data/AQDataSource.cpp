@@ -33,8 +33,10 @@ void AQDataSource::setIsDirty(bool isDirty) {
 
 void AQDataSource::markDirtyOrClean() {
     const Contents present = contents();
-    setIsDirty(!areStoredAlike(present, m_saved) &&
-               !(m_loaded && areStoredAlike(present, *m_loaded)));
+    const auto isStored = [&](const std::optional<Contents>& stored) {
+        return stored && areStoredAlike(present, *stored);
+    };
+    setIsDirty(!isStored(m_saved) && !isStored(m_loaded));
 }
 
 void AQDataSource::markSaved() {
@@ -54,7 +56,7 @@ void AQDataSource::markLoaded() {
 }
 
 void AQDataSource::markSent(const Contents& sent) {
-    if (m_loaded == sent)
+    if (m_loaded && areStoredAlike(*m_loaded, sent))
         return;
     m_loaded.reset();
     markDirtyOrClean();
