@@ -216,6 +216,7 @@ void AppDelegate::connectDevice() {
 void AppDelegate::connectLampContents() {
     Workflows& w = *m_workflows;
     connect(&w.lampContents, &LampContents::changed, this, &AppDelegate::showLampState);
+    connect(&w.programMode, &ProgramMode::modeSent, &w.lampContents, &LampContents::forgetMode);
     connect(&w.programMode, &ProgramMode::modeTold, &w.lampContents, &LampContents::noteMode);
     connect(&w.connection, &ConnectionWorkflow::portRemoved, &w.lampContents,
             &LampContents::portRemoved);

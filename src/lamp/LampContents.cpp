@@ -1,6 +1,7 @@
 #include "lamp/LampContents.h"
 
 #include "data/AQDataSource.h"
+#include "data/DeviceProgramImage.h"
 
 #include <algorithm>
 #include <utility>
@@ -64,7 +65,12 @@ QString LampContents::changeBySending() const {
         return QStringLiteral("The lamp may hold a part of what was sent before.");
     if (!m_stored)
         return QStringLiteral("What the lamp holds has not been read yet.");
-    return ProgramComparison(m_data.contents(), *m_stored).change();
+    // By levels alone: a load cannot always be given back exactly, and then sending it is a change.
+    const auto contents = m_data.contents();
+    const auto channels = static_cast<int>(m_stored->image.channels.size());
+    return ProgramComparison(contents, DeviceProgramImage::imageOf(contents, channels),
+                             m_stored->image)
+        .change();
 }
 
 void LampContents::noteRead(const StoredProgram& program) {
@@ -86,6 +92,11 @@ void LampContents::noteStored(const DeviceImage& image) {
 void LampContents::noteBrokenSend() {
     m_stored.reset();
     m_brokenSendTo = m_path;
+    refresh();
+}
+
+void LampContents::forgetMode() {
+    m_isProgramMode.reset();
     refresh();
 }
 

@@ -46,6 +46,8 @@ public:
     void noteBrokenSend();
     /// The controller told its mode.
     void noteMode(bool isProgramMode);
+    /// The controller is being given a mode, and has not answered yet.
+    void forgetMode();
 
     /// The link to the controller at `path` has opened; `present` are the paths of all.
     void linkOpened(const std::string& path, const std::vector<std::string>& present);

@@ -104,7 +104,11 @@ void Transfers::finishLoad(News news) {
 }
 
 void Transfers::take(const StoredProgram& program, const QString& stepName) {
+    // Nobody has been asked about unsaved changes: they can still be undone, and a quit asks.
+    const bool wasDirty = m_data.isDirty();
     replaceBy(program, stepName, News::No);
+    if (wasDirty)
+        m_data.setIsDirty(true);
 }
 
 void Transfers::replaceBy(const StoredProgram& program, const QString& stepName, News news) {
@@ -148,6 +152,10 @@ void Transfers::read(Read what, const ReadDone& done) {
             });
         },
         [this](const YAnswer&) { m_progress.step(); });
+}
+
+std::string Transfers::portPath() const {
+    return m_controller.portPath();
 }
 
 void Transfers::send() {

@@ -40,6 +40,8 @@ public:
     void replaceDocument();
     /// Ends in `sent`.
     void send();
+    /// Where the controller is that it all goes to and comes from.
+    std::string portPath() const;
     bool isSending() const { return m_sends > 0; }
 
     /// Reads the program in the controller, and with `AndMode` whether it runs it. `read` holds

@@ -41,13 +41,13 @@ ControlState ControlStates::send(const WindowState& state) {
 ControlState ControlStates::live(const WindowState& state) {
     if (state.isConnected && state.isDemo)
         return {false, QStringLiteral("The demo has the lamp; stop it first")};
-    return whileConnected(state, QStringLiteral("Show on the lamp what is being edited"));
+    return whileNotReading(state, QStringLiteral("Show on the lamp what is being edited"));
 }
 
 ControlState ControlStates::demo(const WindowState& state) {
-    return whileConnected(state, state.isDemo
-                                     ? QStringLiteral("Give the lamp back to its own program")
-                                     : QStringLiteral("Play the whole day on the lamp"));
+    if (state.isDemo)
+        return whileConnected(state, QStringLiteral("Give the lamp back to its own program"));
+    return whileNotReading(state, QStringLiteral("Play the whole day on the lamp"));
 }
 
 ControlState ControlStates::deviceTime(const WindowState& state) {

@@ -8,6 +8,8 @@
 #include "workflows/Prompts.h"
 #include "yprotocoll/link/YMessageController.h"
 
+#include <QApplication>
+
 #include <algorithm>
 
 DeviceComparison::DeviceComparison(const Context& context) : m_context(context) {}
@@ -24,6 +26,13 @@ void DeviceComparison::menuCompare() {
 }
 
 void DeviceComparison::onRead(const TransferResult& result, const StoredProgram& program) {
+    // It waits for what was opened meanwhile, such as the question of a send.
+    if (auto* open = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
+        connect(
+            open, &QDialog::finished, this, [this, result, program] { onRead(result, program); },
+            static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
+        return;
+    }
     if (!result.isOk()) {
         m_context.prompts.alert(QStringLiteral("Could not compare with the device!"),
                                 QString::fromStdString(result.description()),
@@ -53,6 +62,9 @@ void DeviceComparison::onRead(const TransferResult& result, const StoredProgram&
 
 void DeviceComparison::makePanel() {
     m_panel = std::make_unique<ComparePanel>(m_context.window);
+    // A load that was on its way may replace the program under it.
+    connect(&m_context.data.notifications(), &NotificationCenter::dataLoaded, m_panel.get(),
+            &QDialog::reject);
     connect(m_panel.get(), &QDialog::finished, this, [this] { Q_EMIT ghostChanged(std::nullopt); });
     connect(m_panel.get(), &ComparePanel::takeRequested, this, &DeviceComparison::take);
     connect(m_panel.get(), &ComparePanel::sendRequested, this, &DeviceComparison::sendRequested);

@@ -33,13 +33,15 @@ void ProgramMode::onSwitched(bool isProgramMode) {
 }
 
 void ProgramMode::onModeChanged() {
-    if (m_controller.isConnected())
+    if (m_controller.isConnected()) {
         m_controller.send(
             CmdSetDeviceMode(m_data.isProgramMode() ? programModeByte : analogModeByte),
             [this](const YAnswer& answer) {
                 if (const auto* mode = dynamic_cast<const AnswerDeviceMode*>(&answer))
                     Q_EMIT modeTold(mode->mode == programModeByte);
             });
+        Q_EMIT modeSent();
+    }
     refresh();
 }
 

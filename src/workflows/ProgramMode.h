@@ -20,6 +20,8 @@ public:
 
 Q_SIGNALS:
     void changed(bool isProgramMode);
+    /// The controller is given the mode; `modeTold` follows if it answers.
+    void modeSent();
     /// The controller has answered what it does now.
     void modeTold(bool isProgramMode);
 

@@ -43,8 +43,12 @@ void TransferWorkflow::loadResult(const TransferResult& result, bool isOther) {
 void TransferWorkflow::onBttnSaveToDevice() {
     m_prompts.confirmWithNote(QStringLiteral("The device settings will be overwritten!"),
                               QStringLiteral("Are you sure you want to continue?"),
-                              m_lamp.changeBySending(), Prompts::Answer::Yes, [this](bool yes) {
-                                  if (yes)
+                              m_lamp.changeBySending(), Prompts::Answer::Yes,
+                              [this, asked = m_transfers.portPath()](bool yes) {
+                                  // The link may have gone to another lamp meanwhile.
+                                  if (yes && m_transfers.portPath() != asked)
+                                      onBttnSaveToDevice();
+                                  else if (yes)
                                       m_transfers.send();
                               });
 }

@@ -93,7 +93,7 @@ TEST_F(RecoveryTest, belongsToItsFileAndDoesNotOverwriteItUnasked) {
     AQDataSourceWriter(defaults).saveToFile(m_reef);
     leave(0.125);
     for (const bool isChanged : {false, true}) {
-        leave(0.25, m_reef);
+        leave(isChanged ? 0.5 : 0.25, m_reef);
         if (isChanged)
             QFile::resize(m_reef, QFile(m_reef).size() - 1);
         const auto run = start(m_reef, {true, false, true});
