@@ -70,6 +70,8 @@ TEST(YCommands, keepToTheLimitsOfTheController) {
         EXPECT_EQ(command.data().size(), 1 + 3 * row.sentCount);
     }
     EXPECT_THROW(CmdSetSequenceData(0, entries, device(2, 85)), YMessageError);
+    EXPECT_EQ(YMessage("Cmd", 7, Bytes(255)).frame().size(), 259U);
+    EXPECT_THROW(YMessage("Cmd", 44, Bytes(256)), YMessageError);
 }
 
 } // namespace
