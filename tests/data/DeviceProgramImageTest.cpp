@@ -30,16 +30,6 @@ std::shared_ptr<const YAnswer> channel(std::uint8_t number, const Bytes& entries
     return YAnswer::create(47, joined({{number}, entries}));
 }
 
-/// The default program, its levels as calculated by hand from the formulas.
-const Bytes defaultChannels[] = {
-    {0, 8, 30, 0, 10, 0, 246, 15, 0, 254, 20, 0, 246, 21, 0, 229, 22, 30, 184, 23, 30, 0},
-    {1, 8, 30, 0, 10, 0, 241, 15, 0, 254, 20, 0, 241, 21, 0, 162, 22, 30, 0, 23, 30, 0},
-    {2, 8, 30, 255, 10, 0, 144, 15, 0, 128, 20, 0, 144, 21, 0, 235, 22, 30, 255, 23, 30, 255},
-    {3, 8, 30, 0, 10, 0, 204, 15, 0, 255, 20, 0, 204, 21, 0, 128, 22, 30, 38, 23, 30, 0},
-    {4, 8, 30, 0, 10, 0, 0, 15, 0, 0, 20, 0, 0, 21, 0, 0, 22, 30, 0, 23, 30, 0},
-    {5, 8, 30, 0, 10, 0, 0, 15, 0, 0, 20, 0, 0, 21, 0, 0, 22, 30, 0, 23, 30, 0},
-};
-
 struct Fixture {
     NotificationCenter center;
     AQDataSource document{center};
@@ -64,14 +54,6 @@ struct Fixture {
     }
 };
 
-/// What a controller answers to a load after it was sent these payloads.
-Answers stored(const std::vector<Bytes>& payloads) {
-    Answers answers{YAnswer::create(51, joined({payloads.back(), {0}}))};
-    for (std::size_t index = 0; index + 1 < payloads.size() && index < 4; ++index)
-        answers.push_back(YAnswer::create(47, payloads[index]));
-    return answers;
-}
-
 TEST(DeviceProgramImage, checksTheController) {
     const TransferResult ok = TransferResult::ok{};
     const struct {
@@ -95,24 +77,6 @@ TEST(DeviceProgramImage, checksTheController) {
     }
 }
 
-TEST(DeviceProgramImage, sendsTheDefaultProgram) {
-    const Fixture f;
-    for (const int channels : {2, 4, 6}) {
-        auto expected = std::vector<Bytes>(defaultChannels, defaultChannels + channels);
-        if (channels >= 4) {
-            expected[0][3] = 127; // the task light's colour temperature 0.5 x 254
-            expected[1][3] = 254; // its intensity 1.0
-        }
-        expected.push_back({1, 0, 254, 254});
-        EXPECT_EQ(f.sent(controller(channels)), expected) << channels;
-
-        Fixture loaded;
-        loaded.document.sequence().replacePoints({});
-        EXPECT_EQ(loaded.apply(stored(expected), channels), TransferResult::ok{});
-        EXPECT_EQ(loaded.sent(controller(channels)), expected) << channels;
-    }
-}
-
 TEST(DeviceProgramImage, sendsShortPrograms) {
     Fixture f;
     f.document.setTaskLight({{5, 0, 300}, 1.0, 0.25});
@@ -121,12 +85,13 @@ TEST(DeviceProgramImage, sendsShortPrograms) {
     f.document.sequence().replacePoints({{{12, 30, 0}, 0.0, 0.8}});
     EXPECT_EQ(f.sent(controller(2)),
               (std::vector<Bytes>{{0, 0, 0, 0, 23, 59, 0}, {1, 0, 0, 246, 23, 59, 246}, task}));
-    EXPECT_EQ(f.sent(controller(4)), (std::vector<Bytes>{{0, 0, 0, 254, 23, 59, 0},
+    EXPECT_EQ(f.sent(controller(6)), (std::vector<Bytes>{{0, 0, 0, 254, 23, 59, 0},
                                                          {1, 0, 0, 64, 23, 59, 246},
                                                          {2, 0, 0, 0, 23, 59, 0},
                                                          {3, 0, 0, 204, 23, 59, 204},
+                                                         {4, 0, 0, 0, 23, 59, 0},
+                                                         {5, 0, 0, 0, 23, 59, 0},
                                                          task}));
-
     f.document.sequence().replacePoints({});
     EXPECT_EQ(f.sent(controller(2)), (std::vector<Bytes>{{0}, {1}, task}));
     EXPECT_EQ(f.sent(controller(5)),

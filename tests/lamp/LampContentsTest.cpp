@@ -12,10 +12,7 @@ using DeviceProgramImage::imageOf;
 
 class LampContentsTest : public testing::Test {
 protected:
-    LampContentsTest() {
-        open("ttyUSB0");
-        QObject::connect(&lamp, &LampContents::changed, &lamp, [this] { ++changes; });
-    }
+    LampContentsTest() { open("ttyUSB0"); }
     void open(const std::string& path, const std::vector<std::string>& others = {}) {
         auto present = others;
         present.push_back(path);
@@ -26,27 +23,7 @@ protected:
     NotificationCenter notifications;
     AQDataSource data{notifications};
     LampContents lamp{data};
-    int changes = 0;
 };
-
-TEST_F(LampContentsTest, followsEditAndUndo) {
-    EXPECT_EQ(lamp.state(), State::unknown);
-    EXPECT_EQ(lamp.changeBySending(), QStringLiteral("What the lamp holds has not been read yet."));
-    lamp.noteStored(image());
-    EXPECT_EQ(lamp.state(), State::thisProgram);
-    data.sequence().updateWithRow(2, AQSequence::Brightness{0.3}, nullptr);
-    EXPECT_EQ(lamp.state(), State::anotherProgram);
-    EXPECT_EQ(lamp.changeBySending(), QStringLiteral("1 point changes"));
-    data.history().undo();
-    EXPECT_EQ(lamp.state(), State::thisProgram);
-    EXPECT_EQ(changes, 3);
-    lamp.noteMode(false);
-    EXPECT_EQ(lamp.state(), State::analogInput);
-    lamp.noteMode(true);
-    EXPECT_EQ(lamp.state(), State::thisProgram);
-    lamp.noteUnreadable();
-    EXPECT_EQ(lamp.state(), State::unknown);
-}
 
 TEST_F(LampContentsTest, isForgottenWithThePort) {
     lamp.noteStored(image());
