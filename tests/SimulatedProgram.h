@@ -10,7 +10,9 @@
 #include "simulator/WireLog.h"
 #include "ui_MainWindow.h"
 #include "yprotocoll/link/ModalPause.h"
+
 #include "yprotocoll/link/YMessageController.h"
+#include <gtest/gtest.h>
 
 #include <QLabel>
 
@@ -29,6 +31,13 @@ struct SimulatedProgram {
         runUntil([this] { return ports.listings() > 0; });
     }
     void plug() { ports.plug("ttyUSB0", device, faults); }
+    /// Plugs a new controller in and waits until it is connected.
+    void connect(const ControllerConfig& config = {}) {
+        device = SimulatedController(config);
+        plug();
+        ASSERT_TRUE(runUntil([this] { return isConnected(); }));
+    }
+    void fault(const char* text) { faults.add(*Fault::parse(text)); }
     /// In the link and in the window.
     bool isConnected() {
         return controller.isConnected() &&

@@ -129,8 +129,7 @@ protected:
         for (const FaultMoment& moment : faultMoments) {
             FaultProgram program;
             program.start();
-            program.plug();
-            ASSERT_TRUE(runUntil([&] { return program.isConnected(); }));
+            program.connect();
             if (!moment.beginsConnected)
                 continue;
             moment.begin(program, {});
@@ -146,10 +145,8 @@ protected:
 
     void strike() {
         program.start();
-        if (moment.beginsConnected) {
-            program.plug();
-            ASSERT_TRUE(runUntil([&] { return program.isConnected(); }));
-        }
+        if (moment.beginsConnected)
+            program.connect();
         for (const Fault& fault : faults)
             program.faults.add(fault);
         program.watch.restart();

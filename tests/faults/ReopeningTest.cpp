@@ -9,11 +9,10 @@
 TEST(Reopening, waitsUntilTheLossIsTold) {
     FaultProgram program;
     program.start();
-    program.plug();
-    ASSERT_TRUE(runUntil([&] { return program.isConnected(); }));
+    program.connect();
     // Half a scan after the plugging, so that the last time-out is due a little before a scan ...
     EXPECT_FALSE(runUntil([] { return false; }, FaultProgram::intervals.scan / 2));
-    program.faults.add(*Fault::parse("silence"));
+    program.fault("silence");
     program.controller.send(CmdGetTime());
     ASSERT_TRUE(runUntil([&] { return program.received("CmdGetTime") == 5; }));
     // ... and both fall into one turn.

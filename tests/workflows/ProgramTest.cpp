@@ -1,4 +1,5 @@
 #include "SimulatedProgram.h"
+#include "controls/curve/AQCurveView.h"
 #include "controls/points/AQPointList.h"
 #include "controls/sliders/AQSliderBrightness.h"
 #include "data/AQDataSourceWriter.h"
@@ -27,10 +28,6 @@ class ProgramTest : public testing::Test, public SimulatedProgram<ScriptedPrompt
 protected:
     ProgramTest() : SimulatedProgram({.scan = 20ms, .arrival = 1ms}) {}
 
-    void connect() {
-        plug();
-        ASSERT_TRUE(runUntil([&] { return isConnected(); }));
-    }
     void choose(const char* path) {
         Q_EMIT delegate.window().findChild<SelectDevicePanel*>()->chosen(path);
     }
@@ -141,23 +138,6 @@ TEST_F(ProgramTest, aControllerLetGoForOneThatFailsIsNotShownAsConnected) {
     connect();
 }
 
-TEST_F(ProgramTest, aLampInPreviewIsGivenBackBeforeAnotherIsChosen) {
-    start();
-    controller.openWithPath("/dev/ttyUSB0");
-    connect();
-    delegate.window().tableView().setSelectedRow(0);
-    QTest::keyClick(ui().bttnLiveModeSwitch, Qt::Key_Return);
-    ASSERT_TRUE(gets(device, "CmdEnableDemoMode"));
-    SimulatedController other{{}};
-    ports.plug("ttyUSB1", other, faults);
-    choose("/dev/ttyUSB1");
-    EXPECT_TRUE(gets(device, "CmdDisableDemoMode"));
-    EXPECT_TRUE(gets(other, "CmdEnableDemoMode")) << "live mode goes on there";
-    // One that is not there: the preview goes on where it is.
-    choose("/dev/ttyUSB7");
-    EXPECT_TRUE(gets(other, "CmdEnableDemoMode", 2));
-}
-
 TEST_F(ProgramTest, loadAsksAboutUnsavedChangesBeforeAndAfter) {
     start();
     connect();
@@ -167,7 +147,7 @@ TEST_F(ProgramTest, loadAsksAboutUnsavedChangesBeforeAndAfter) {
     EXPECT_EQ(prompts.asked.size(), 1);
     // A person goes on working while the answers are on their way: that work is asked about, too,
     // once, and at the end.
-    faults.add(*Fault::parse("delay=10"));
+    fault("delay=10");
     prompts.saveAnswers = {Prompts::SaveAnswer::Discard, Prompts::SaveAnswer::Cancel};
     ui().bttnLoad->click();
     ui().sliderTaskBrightness->userSetValue(0.125);
@@ -197,7 +177,7 @@ TEST_F(ProgramTest, aLoadLeavesTheDocumentCleanAndGuardsItsFile) {
 TEST_F(ProgramTest, aSendEndsBeforeTheProgram) {
     start();
     connect();
-    faults.add(*Fault::parse("delay=20"));
+    fault("delay=20");
     const QSignalSpy terminated(&delegate, &AppDelegate::terminated);
     prompts.confirmations = {true};
     ui().bttnSend->click();
@@ -214,32 +194,34 @@ TEST_F(ProgramTest, aSendEndsBeforeTheProgram) {
     EXPECT_EQ(prompts.asked.size(), 2) << "whether to send, and once whether to save";
 }
 
-TEST_F(ProgramTest, whatIsAskedForLastWins) {
+TEST_F(ProgramTest, aLampInPreviewIsGivenBackAndWhatIsAskedForLastWins) {
     start();
     controller.openWithPath("/dev/ttyUSB0");
     connect();
     SimulatedController other{{}};
     FaultPlan sound;
     ports.plug("ttyUSB1", other, sound);
-    const auto turnLiveOn = [this] {
-        ui().bttnLiveModeSwitch->setChecked(true);
-        return runUntil([&] { return device.state().demoActive; });
-    };
-    ASSERT_TRUE(turnLiveOn());
+    delegate.window().tableView().setSelectedRow(0);
+    QTest::keyClick(ui().bttnLiveModeSwitch, Qt::Key_Return);
+    ASSERT_TRUE(gets(device, "CmdEnableDemoMode"));
     const auto events = log.events().size();
     choose("/dev/ttyUSB0");
     EXPECT_EQ(log.events().size(), events) << "chosen already";
-
-    // A silent controller is given up for the chosen one.
-    faults.add(*Fault::parse("deaf"));
     choose("/dev/ttyUSB1");
-    EXPECT_TRUE(runUntil([&] { return other.state().demoActive; }));
-    EXPECT_EQ(prompts.told.size(), 1);
-
-    // The end wins over a choice that waits for a silent controller.
-    const QSignalSpy terminated(&delegate, &AppDelegate::terminated);
+    EXPECT_TRUE(gets(device, "CmdDisableDemoMode"));
+    EXPECT_TRUE(gets(other, "CmdEnableDemoMode")) << "live mode goes on there";
+    // One that is not there: the preview goes on where it is.
+    choose("/dev/ttyUSB7");
+    EXPECT_TRUE(gets(other, "CmdEnableDemoMode", 2));
+    // A silent controller is given up for the chosen one.
     sound.add(*Fault::parse("deaf"));
     choose("/dev/ttyUSB0");
+    EXPECT_TRUE(gets(device, "CmdEnableDemoMode", 2));
+    EXPECT_EQ(prompts.told.size(), 1);
+    // The end wins over a choice that waits for a silent controller.
+    const QSignalSpy terminated(&delegate, &AppDelegate::terminated);
+    fault("deaf");
+    choose("/dev/ttyUSB1");
     delegate.window().close();
     EXPECT_TRUE(runUntil([&] { return !terminated.isEmpty(); }));
 }
@@ -268,14 +250,18 @@ TEST_F(ProgramTest, droppedFileIsOpened) {
     EXPECT_EQ(data.sequence().count(), 0);
 }
 
-TEST_F(ProgramTest, deletingByKeyboardGoesOn) {
+TEST_F(ProgramTest, deletingByKeyboardGoesOnAndAnEmptyProgramIsFilledAgain) {
     start();
     delegate.window().tableView().setSelectedRow(5);
     ui().bttnTableItemDelete->setFocus();
-    for (int count = 6; count > 0; --count) {
+    for (int count = 6; count >= 0; --count) {
         QTest::keyClick(delegate.window().focusWidget(), Qt::Key_Space);
         EXPECT_EQ(data.sequence().count(), count);
     }
+    EXPECT_FALSE(ui().bttnTableItemDelete->isEnabled());
+    for (const Qt::Key key : {Qt::Key_Delete, Qt::Key_Left, Qt::Key_Up, Qt::Key_Insert})
+        QTest::keyClick(&delegate.window().curveView(), key);
+    EXPECT_EQ(data.sequence().count(), 1);
 }
 
 // A shortcut and the window's own close button leave the focus in the field that is typed into.

@@ -36,10 +36,8 @@ protected:
     /// What connecting, loading and sending put on the line, one after the other.
     static std::array<Frames, 3> run(int channels) {
         Program program({.scan = 20ms, .answer = 10s, .arrival = 1ms});
-        SimulatedController controller({.channels = channels});
         program.start();
-        program.ports.plug("ttyUSB0", controller, program.faults);
-        EXPECT_TRUE(runUntil([&] { return program.isConnected(); }));
+        program.connect({.channels = channels});
         // Whatever else it might ask for has the time to go out.
         runUntil([] { return false; }, 100ms);
         const Frames connecting = received(program);
