@@ -98,7 +98,7 @@ TEST(DeviceProgramImage, sendsShortPrograms) {
               (std::vector<Bytes>{{0}, {1}, {2, 0, 0, 254}, {3, 0, 0, 64}, {4, 0, 0, 254}, task}));
 }
 
-TEST(DeviceProgramImage, readsTheTaskLight) {
+TEST(DeviceProgramImage, readsTheLight) {
     const auto task = taskMode(1, 0, 254, 0);
     const Bytes half{10, 0, 127};
     const Bytes full{10, 0, 255};
@@ -121,6 +121,9 @@ TEST(DeviceProgramImage, readsTheTaskLight) {
         EXPECT_EQ(f.document.taskLight(), c.taskLight);
         EXPECT_EQ(f.document.sequence().count(), 0);
     }
+    Fixture f; // and a point of cold light alone
+    f.apply({task, channel(0, {10, 0, 254}), channel(1, {10, 0, 0})}, 2);
+    EXPECT_EQ(f.document.sequence().at(0), (AQTimePoint{{10, 0, 0}, 1.0, 1.0}));
 }
 
 TEST(DeviceProgramImage, refusesWhatIsNoProgram) {

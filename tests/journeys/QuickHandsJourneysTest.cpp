@@ -5,27 +5,22 @@
 namespace {
 
 /// Hands that do not wait: everything in one `hands` call comes in one go.
-class QuickHandsJourneys : public testing::Test {
+class QuickHandsJourneys : public testing::Test, protected Journey {
 protected:
-    static void hands(const std::string& actions) { Journey::hands(actions); }
-    static std::string at(QPoint place) { return Journey::at(place); }
-    static std::string press(QPoint place) { return at(place) + " mousedown 1"; }
+    static std::string hold(QPoint place) { return at(place) + " mousedown 1"; }
 
     void SetUp() override {
-        ASSERT_TRUE(journey.waitForText("CONNECTED"));
+        ASSERT_TRUE(waitForText("CONNECTED"));
         // Hands that do not wait for anything else wait for the window's place on the screen.
-        const UiElement curve = journey.find("list", "Light program curve");
+        const UiElement curve = find("list", "Light program curve");
         expectSoon([&] { return curve.isFocused() && curve.screenRect().x() > 0; }, true);
     }
 
-    UiElement cell(const std::string& time, const std::string& column) const {
-        return journey.cell(time, column);
-    }
     QPoint place(const std::string& time, double value) const {
-        return Journey::placeOn(cell(time, "Intensity"), value);
+        return placeOn(cell(time, "Intensity"), value);
     }
     UiElement point(const std::string& time) const {
-        return journey.find("list", "Light program curve").find([&](const UiElement& element) {
+        return find("list", "Light program curve").find([&](const UiElement& element) {
             return element.name().find(", " + time + ", ") != std::string::npos;
         });
     }
@@ -39,16 +34,12 @@ protected:
         return name.substr(from + 10, name.find(',', from) - from - 10) +
                (point(time).isSelected() ? ", selected" : "");
     }
-    std::size_t count() const {
-        return journey.find("list", "Light program curve").children().size();
-    }
+    std::size_t count() const { return find("list", "Light program curve").children().size(); }
     void typeTime(const std::string& time, const std::string& text) const {
-        Journey::click(cell(time, "Time"));
+        click(cell(time, "Time"));
         expectSoon([&] { return cell(time, "Time").isFocused(); }, true);
         hands("key ctrl+a type " + text);
     }
-
-    Journey journey;
 };
 
 TEST_F(QuickHandsJourneys, aPressCountsForThePointUnderThePointer) {
@@ -60,14 +51,14 @@ TEST_F(QuickHandsJourneys, aPressCountsForThePointUnderThePointer) {
     expectSoon([&] { return cell("10:00", "Intensity").isFocused(); }, true);
 
     // The same with its disc, and the lamp follows it.
-    ASSERT_TRUE(journey.press("Live mode"));
+    ASSERT_TRUE(press("Live mode"));
     typeTime("12:00", "0930");
     const QPoint from = disc("10:00");
     const QPoint to(from.x(), disc("15:00").y());
-    hands(press(from) + ' ' + at(from - QPoint(0, 20)) + ' ' + at(to) + " mouseup 1");
+    hands(hold(from) + ' ' + at(from - QPoint(0, 20)) + ' ' + at(to) + " mouseup 1");
     expectSoon([&] { return light("10:00"); }, "100 %, selected");
     EXPECT_EQ(light("09:30"), "0 %");
-    expectSoon([&] { return journey.controller("lamp").toArray().first().toInt(); }, 254);
+    expectSoon([&] { return controller("lamp").toArray().first().toInt(); }, 254);
 
     // Another field is no slider: it stores nothing by which its point could be known.
     typeTime("09:30", "1100");
@@ -77,7 +68,7 @@ TEST_F(QuickHandsJourneys, aPressCountsForThePointUnderThePointer) {
 }
 
 TEST_F(QuickHandsJourneys, keysGoToThePointThatMoves) {
-    Journey::click(cell("08:30", "Time"));
+    click(cell("08:30", "Time"));
     expectSoon([&] { return cell("08:30", "Time").isFocused(); }, true);
     hands("key --delay 0 ctrl+a Home Up Up Up");
     expectSoon([&] { return light("11:30"); }, "0 %, selected");
@@ -88,7 +79,7 @@ TEST_F(QuickHandsJourneys, keysGoToThePointThatMoves) {
 TEST_F(QuickHandsJourneys, aDragEndsWithItsPoint) {
     const QPoint from = disc("10:00");
     // The window manager holds a press back for a moment, but no key.
-    hands(press(from) + " sleep 0.2 " + at(from + QPoint(0, 30)) + " key --delay 0 Delete " +
+    hands(hold(from) + " sleep 0.2 " + at(from + QPoint(0, 30)) + " key --delay 0 Delete " +
           at(from + QPoint(0, 80)));
     expectSoon([&] { return count(); }, 6U);
     hands(at(from + QPoint(0, 120)) + " mouseup 1");
@@ -96,15 +87,15 @@ TEST_F(QuickHandsJourneys, aDragEndsWithItsPoint) {
     EXPECT_EQ(light("08:30"), "0 %");
 
     // A load takes the pressed point away.
-    hands(press(disc("20:00")));
-    ASSERT_TRUE(journey.chooseMenu("Load from Device"));
-    ASSERT_TRUE(journey.press("No"));
-    ASSERT_TRUE(journey.waitForCommand("CmdGetSequenceData", 2));
+    hands(hold(disc("20:00")));
+    ASSERT_TRUE(chooseMenu("Load from Device"));
+    ASSERT_TRUE(press("No"));
+    ASSERT_TRUE(waitForCommand("CmdGetSequenceData", 2));
     hands(at(from + QPoint(0, 60)) + " mouseup 1");
 }
 
 TEST_F(QuickHandsJourneys, focusAndSelectionAreOne) {
-    Journey::click(place("10:00", 0.8));
+    click(place("10:00", 0.8));
     hands("key --delay 0 ctrl+plus ctrl+plus");
     expectSoon([&] { return cell("13:45", "Intensity").isFocused(); }, true);
     EXPECT_EQ(light("13:45"), "50 %, selected");
@@ -113,10 +104,10 @@ TEST_F(QuickHandsJourneys, focusAndSelectionAreOne) {
     expectSoon([&] { return cell("10:00", "Intensity").isFocused(); }, true);
 
     // From the curve to the row of its point, and in the last row: what is selected then.
-    Journey::click(disc("23:30"));
-    Journey::keys("Tab Tab");
+    click(disc("23:30"));
+    keys("Tab Tab");
     expectSoon([&] { return cell("23:30", "Colour temperature").isFocused(); }, true);
-    Journey::keys("ctrl+minus");
+    keys("ctrl+minus");
     expectSoon([&] { return cell("22:30", "Colour temperature").isFocused(); }, true);
     expectSoon([&] { return point("22:30").isSelected(); }, true);
 }

@@ -7,7 +7,6 @@
 #include "workflows/DemoMode.h"
 #include "workflows/LiveMode.h"
 #include "workflows/SimulatedLink.h"
-#include "yprotocoll/YCommands.h"
 
 #include <gtest/gtest.h>
 

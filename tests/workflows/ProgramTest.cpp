@@ -250,7 +250,7 @@ TEST_F(ProgramTest, droppedFileIsOpened) {
     EXPECT_EQ(data.sequence().count(), 0);
 }
 
-TEST_F(ProgramTest, deletingByKeyboardGoesOnAndAnEmptyProgramIsFilledAgain) {
+TEST_F(ProgramTest, deletingGoesOnToTheEndAndAddingToTheLimit) {
     start();
     delegate.window().tableView().setSelectedRow(5);
     ui().bttnTableItemDelete->setFocus();
@@ -262,6 +262,12 @@ TEST_F(ProgramTest, deletingByKeyboardGoesOnAndAnEmptyProgramIsFilledAgain) {
     for (const Qt::Key key : {Qt::Key_Delete, Qt::Key_Left, Qt::Key_Up, Qt::Key_Insert})
         QTest::keyClick(&delegate.window().curveView(), key);
     EXPECT_EQ(data.sequence().count(), 1);
+    connect({.maxPoints = 2});
+    ui().bttnTableItemAdd->click();
+    EXPECT_EQ(ui().bttnTableItemAdd->toolTip(),
+              QStringLiteral("The controller holds no more than 2 points"));
+    QTest::keyClick(&delegate.window().curveView(), Qt::Key_Insert);
+    EXPECT_EQ(data.sequence().count(), 2);
 }
 
 // A shortcut and the window's own close button leave the focus in the field that is typed into.

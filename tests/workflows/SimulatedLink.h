@@ -33,12 +33,6 @@ struct SimulatedLink final : YMessageControllerDelegate {
         ignoreSoFar();
         return isOpen;
     }
-    /// Pulls the cable; true once that has been reported.
-    bool disconnect() {
-        ports.unplug("ttyUSB0");
-        return waitFor([this] { return !isConnected; });
-    }
-
     static bool waitFor(const std::function<bool()>& condition) { return runUntil(condition); }
     /// True once the controller has received just these, with their payload in decimal:
     /// "CmdSetDemoModeLevels 1 254 254". Commands of the opening are left out.
