@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <csignal>
-#include <ranges>
 
 namespace {
 
@@ -48,8 +47,8 @@ void choose(const Journey& journey, int index) {
     ASSERT_TRUE(journey.press("OK"));
 }
 
-TEST(Connection, amongTwoThePersonChoosesAndForeignDevicesAreLeftAlone) {
-    Journey journey("--devices 2 --foreign --builtin --pace");
+TEST(Connection, amongTwoThePersonChooses) {
+    const Journey journey("--devices 2");
     ASSERT_TRUE(journey.waitForText("NOT CONNECTED"));
     ASSERT_TRUE(calmsDown(journey));
     EXPECT_TRUE(journey.commands().empty());
@@ -65,15 +64,26 @@ TEST(Connection, amongTwoThePersonChoosesAndForeignDevicesAreLeftAlone) {
     EXPECT_TRUE(calmsDown(journey));
     journey.control("plug", 1);
     ASSERT_TRUE(journey.waitForText("CONNECTED"));
-    const auto events = journey.wire();
-    for (const WireEvent& event : events)
+    for (const WireEvent& event : journey.wire())
         EXPECT_TRUE(event.port == Journey::port(1).toStdString() ||
                     event.kind == WireEvent::Kind::Note)
             << event.toLine();
-    const auto wire = events | std::views::reverse;
-    const auto opened = std::ranges::find(wire, "AnswerSequenceDataInfo", &WireEvent::text);
+}
+
+TEST(Connection, leavesForeignDevicesAloneAndConnectsFast) {
+    Journey journey("--no-device --foreign --builtin --pace");
+    ASSERT_TRUE(journey.waitForText("NOT CONNECTED"));
+    journey.control("plug");
+    ASSERT_TRUE(journey.waitForText("CONNECTED"));
+    EXPECT_EQ(journey.commands(),
+              (std::vector<std::string>{"CmdGetVersion", "CmdGetSequenceDataInfo"}));
+    EXPECT_TRUE(journey.dialogs().empty());
+    const auto wire = journey.wire();
     const auto plugged = std::ranges::find(wire, "plugged", &WireEvent::text);
+    const auto opened = std::ranges::find(wire, "AnswerSequenceDataInfo", &WireEvent::text);
+    ASSERT_TRUE(plugged != wire.end() && opened != wire.end());
     EXPECT_LT(opened->seconds - plugged->seconds, 2.0 + 1.0) << "a scan and the open sequence";
+
     journey.signal(SIGHUP);
     EXPECT_EQ(journey.waitForEnd(), 0);
 }
