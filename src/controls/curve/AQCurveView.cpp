@@ -30,7 +30,6 @@
 #include <QPainter>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <unordered_map>
 
@@ -44,18 +43,6 @@ constexpr QPoint tipDistance{12, 12};
 
 QString duringDemo() {
     return QStringLiteral("The demo plays the day here. Stop it to edit the curve.");
-}
-
-/// Of those that would edit a point if the demo did not show the day.
-bool isEditingKey(const QKeyEvent& event) {
-    constexpr std::array plain{Qt::Key_Up,     Qt::Key_Down,  Qt::Key_Insert, Qt::Key_Delete,
-                               Qt::Key_Return, Qt::Key_Enter, Qt::Key_F2};
-    constexpr std::array withAlt{Qt::Key_Left, Qt::Key_Right};
-    const auto holds = [&](const auto& keys) {
-        return std::ranges::find(keys, event.key()) != keys.end();
-    };
-    const auto modifiers = event.modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier);
-    return (!modifiers && holds(plain)) || (modifiers == Qt::AltModifier && holds(withAlt));
 }
 
 void announce(QWidget* widget, QAccessible::Event type) {
@@ -94,14 +81,6 @@ AQCurveView::AQCurveView(AQSequence& sequence, AQSelection& selection, QWidget* 
 }
 
 AQCurveView::~AQCurveView() = default;
-
-QSize AQCurveView::sizeHint() const {
-    return {1040, 360};
-}
-
-QSize AQCurveView::minimumSizeHint() const {
-    return {480, 200};
-}
 
 std::span<const AQTimePoint> AQCurveView::points() const {
     return m_sequence.preview().points();
@@ -447,7 +426,7 @@ bool AQCurveView::event(QEvent* event) {
 }
 
 void AQCurveView::keyPressEvent(QKeyEvent* event) {
-    if (m_playheadTime && isEditingKey(*event))
+    if (m_playheadTime && CurveKeyboard::isEdit(*event))
         return tell(duringDemo());
     if (showsPoints() && m_keyboard.handle(*event))
         showFocus(true);

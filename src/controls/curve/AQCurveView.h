@@ -73,8 +73,8 @@ public:
     /// there is a preview, the program itself is shown so.
     void setGhost(std::optional<std::vector<AQTimePoint>> points);
 
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override;
+    QSize sizeHint() const override { return {1040, 360}; }
+    QSize minimumSizeHint() const override { return {480, 200}; }
 
     /// The person selects a point: announced with this view as the sender, also when it is
     /// selected.

@@ -9,9 +9,21 @@
 #include <QKeyEvent>
 
 #include <algorithm>
+#include <array>
 
 CurveKeyboard::CurveKeyboard(AQCurveView& view, AQSequence& sequence, const AQSelection& selection)
     : m_view(view), m_sequence(sequence), m_selection(selection) {}
+
+bool CurveKeyboard::isEdit(const QKeyEvent& event) {
+    constexpr std::array plain{Qt::Key_Up,     Qt::Key_Down,  Qt::Key_Insert, Qt::Key_Delete,
+                               Qt::Key_Return, Qt::Key_Enter, Qt::Key_F2};
+    constexpr std::array withAlt{Qt::Key_Left, Qt::Key_Right};
+    const auto holds = [&](const auto& keys) {
+        return std::ranges::find(keys, event.key()) != keys.end();
+    };
+    const auto modifiers = event.modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier);
+    return (!modifiers && holds(plain)) || (modifiers == Qt::AltModifier && holds(withAlt));
+}
 
 bool CurveKeyboard::handle(const QKeyEvent& event) {
     const auto modifiers = event.modifiers() & ~Qt::KeypadModifier;

@@ -13,6 +13,8 @@ public:
     /// All must outlive this.
     CurveKeyboard(AQCurveView& view, AQSequence& sequence, const AQSelection& selection);
 
+    /// A key that edits a point, or would while points are shown.
+    static bool isEdit(const QKeyEvent& event);
     /// False when the key is for somebody else.
     bool handle(const QKeyEvent& event);
 
