@@ -61,11 +61,9 @@ SessionTrace::~SessionTrace() {
 
 void SessionTrace::add(Clock::time_point time, std::string text,
                        std::span<const std::uint8_t> bytes) {
-    if (m_lines.size() == most)
-        m_lines.pop_front();
-    m_lines.push_back({time, std::move(text), {bytes.begin(), bytes.end()}});
+    m_lines.append({time, std::move(text), {bytes.begin(), bytes.end()}});
     if (isSignalConnected(QMetaMethod::fromSignal(&SessionTrace::added)))
-        Q_EMIT added(textOf(m_lines.back()));
+        Q_EMIT added(textOf(m_lines.last()));
 }
 
 QString SessionTrace::textOf(const Line& line) {
@@ -84,7 +82,7 @@ QString SessionTrace::textOf(const Line& line) {
 
 QStringList SessionTrace::lines() const {
     QStringList lines;
-    for (const Line& line : m_lines)
-        lines += textOf(line);
+    for (qsizetype index = m_lines.firstIndex(); index <= m_lines.lastIndex(); ++index)
+        lines += textOf(m_lines.at(index));
     return lines;
 }

@@ -1,11 +1,11 @@
 #pragma once
 
+#include <QContiguousCache>
 #include <QObject>
 #include <QStringList>
 
 #include <chrono>
 #include <cstdint>
-#include <deque>
 #include <memory>
 #include <span>
 #include <string>
@@ -28,7 +28,7 @@ class SessionTrace : public QObject {
     Q_OBJECT
 
 public:
-    static constexpr std::size_t most = 500; ///< lines kept
+    static constexpr int most = 500; ///< lines kept
 
     /// From now on; `controller` must outlive this. The log is that of the main thread.
     explicit SessionTrace(YMessageController& controller, QObject* parent = nullptr);
@@ -50,6 +50,6 @@ private:
     void add(Clock::time_point time, std::string text, std::span<const std::uint8_t> bytes = {});
     static QString textOf(const Line& line);
 
-    std::deque<Line> m_lines;
+    QContiguousCache<Line> m_lines{most}; ///< the oldest make room
     std::shared_ptr<spdlog::sinks::sink> m_sink;
 };
