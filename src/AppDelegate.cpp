@@ -151,7 +151,7 @@ void AppDelegate::connectDocument() {
     connect(m_window.get(), &MainWindow::fileDropped, &w.documents, &DocumentCommands::openPath);
     connect(&w.documents, &DocumentCommands::titleChanged, this, &AppDelegate::showTitle);
     connect(&w.documents, &DocumentCommands::savedTo, m_window.get(), [this](const QString& path) {
-        Announcement::make(*m_window, QStringLiteral("Saved ") + QFileInfo(path).fileName());
+        Announcement::make(*m_window, tr("Saved %1").arg(QFileInfo(path).fileName()));
     });
 
     connect(&w.documents, &DocumentCommands::opened, &w.recentFiles, &RecentFilesMenu::add);
@@ -237,7 +237,7 @@ void AppDelegate::connectComparison() {
             &TransferWorkflow::onBttnSaveToDevice);
     connect(w.ui.menuitemBackup, &QAction::triggered, &w.backup, &DeviceBackup::menuBackup);
     connect(&w.backup, &DeviceBackup::savedTo, m_window.get(), [this](const QString& path) {
-        Announcement::make(*m_window, QStringLiteral("Saved ") + QFileInfo(path).fileName());
+        Announcement::make(*m_window, tr("Saved %1").arg(QFileInfo(path).fileName()));
     });
     connect(&w.transfers, &Transfers::readingChanged, this, &AppDelegate::updateControls);
     connect(w.ui.bttnLiveModeSwitch, &QAbstractButton::toggled, this, &AppDelegate::updateControls);
@@ -352,9 +352,11 @@ void AppDelegate::showProtocolLog() {
         log = new ProtocolLogWindow(m_workflows->trace, m_window.get());
         connect(log, &ProtocolLogWindow::saveFailed, this,
                 [this](const QString& path, const QString& reason) {
-                    m_services.prompts.alert(QStringLiteral("Could not save file!"),
-                                             path + QStringLiteral(": ") + reason,
-                                             Prompts::Severity::Critical);
+                    m_services.prompts.alert(
+                        tr("Could not save file!"),
+                        path + QStringLiteral(": ") +
+                            QCoreApplication::translate("File", reason.toUtf8()),
+                        Prompts::Severity::Critical);
                 });
     }
     log->show();
@@ -382,8 +384,7 @@ void AppDelegate::updateControls() {
     ControlStates::live(state).applyTo(*w.ui.menuitemLiveMode);
     ControlStates::demo(state).applyTo(*w.ui.bttnRunDemo);
     ControlStates::demo(state).applyTo(*w.ui.menuitemRunDemo);
-    w.ui.menuitemRunDemo->setText(state.isDemo ? QStringLiteral("&Stop Demo")
-                                               : QStringLiteral("&Run Demo"));
+    w.ui.menuitemRunDemo->setText(state.isDemo ? tr("&Stop Demo") : tr("&Run Demo"));
     ControlStates::deviceTime(state).applyTo(*w.ui.menuitemSetDeviceTime);
     const ControlState editing = ControlStates::editing(state);
     editing.applyTo(m_window->curveView());
@@ -402,11 +403,10 @@ void AppDelegate::applicationShouldTerminate(Ask ask) {
         m_workflows->recovery.keepForNextStart();
     }
     if (ask == Ask::AboutChanges && !m_workflows->departure.isEnding())
-        m_workflows->documents.askAboutChanges(QStringLiteral("Save changed before quitting?"),
-                                               [this] {
-                                                   m_agreedTo = m_services.data.contents();
-                                                   closeDialogsThenTerminate();
-                                               });
+        m_workflows->documents.askAboutChanges(tr("Save changed before quitting?"), [this] {
+            m_agreedTo = m_services.data.contents();
+            closeDialogsThenTerminate();
+        });
     else
         closeDialogsThenTerminate();
 }
@@ -436,23 +436,21 @@ void AppDelegate::closeDialogsThenTerminate() {
 }
 
 void AppDelegate::onBttnHelpDeviceStatus() {
-    AQHelpPopover::present(
-        *m_workflows->ui.bttnStatusHelp,
-        QStringLiteral("Aquelon controller connection status\n\n"
-                       "Indicates if the Aquelon controller communication is "
-                       "active.\nIf \"NOT CONNECTED\" is displayed, select a controller "
-                       "and connect to it by choosing \"Menu | Device | Open Device...\"."),
-        QSize(410, 120));
+    AQHelpPopover::present(*m_workflows->ui.bttnStatusHelp,
+                           tr("Aquelon controller connection status\n\n"
+                              "Indicates if the Aquelon controller communication is "
+                              "active.\nIf \"NOT CONNECTED\" is displayed, select a controller "
+                              "and connect to it by choosing \"Menu | Device | Open Device...\"."),
+                           QSize(410, 120));
 }
 
 void AppDelegate::onBttnHelpTask() {
-    AQHelpPopover::present(
-        *m_workflows->ui.headerTask->helpButton(),
-        QStringLiteral("Sets time, intensity and color point of the task lighting.\n\n"
-                       "Task lighting can be enabled by pressing the button on the "
-                       "Aquelon controller. By pressing the button again, the contoller "
-                       "will fall back to its previous state and program.\n\n"
-                       "Task lighting can be used for tank maintenance or quickly "
-                       "checking the inhabitants at night"),
-        QSize(380, 165));
+    AQHelpPopover::present(*m_workflows->ui.headerTask->helpButton(),
+                           tr("Sets time, intensity and color point of the task lighting.\n\n"
+                              "Task lighting can be enabled by pressing the button on the "
+                              "Aquelon controller. By pressing the button again, the contoller "
+                              "will fall back to its previous state and program.\n\n"
+                              "Task lighting can be used for tank maintenance or quickly "
+                              "checking the inhabitants at night"),
+                           QSize(380, 165));
 }

@@ -129,8 +129,7 @@ void MainWindow::showConnected(bool isConnected) {
     const bool isNews = isConnected != m_isConnected;
     m_isConnected = isConnected;
     const QColor color = statusColor(isConnected, AccentColor::isDark(palette()));
-    m_ui->lblConnectionStatus->setText(isConnected ? QStringLiteral("CONNECTED")
-                                                   : QStringLiteral("NOT CONNECTED"));
+    m_ui->lblConnectionStatus->setText(isConnected ? tr("CONNECTED") : tr("NOT CONNECTED"));
     if (isNews)
         Announcement::make(*this, m_ui->lblConnectionStatus->text());
     setTextColor(*m_ui->lblConnectionStatus, color);
@@ -155,7 +154,7 @@ void MainWindow::showProgress(const QString& text) {
 void MainWindow::refreshLampState() {
     AQBarLabel& label = *m_ui->lblLampState;
     // Wide enough for both, and the longest progress before there is any.
-    label.setReserve(m_isConnected ? QStringList{m_lampState, QStringLiteral("Sending 00 of 00")}
+    label.setReserve(m_isConnected ? QStringList{m_lampState, tr("Sending 00 of 00")}
                                    : QStringList());
     label.setText(m_progress.isEmpty() ? m_lampState : m_progress);
     label.setVisible(!label.text().isEmpty());
@@ -163,7 +162,7 @@ void MainWindow::refreshLampState() {
     setTextColor(label, isWarning ? warningColor(AccentColor::isDark(palette()))
                                   : palette().color(QPalette::WindowText));
     m_ui->lblConnectionStatus->setToolTip(
-        m_isConnected && m_lampState.isEmpty() ? QStringLiteral("not read yet") : QString());
+        m_isConnected && m_lampState.isEmpty() ? tr("not read yet") : QString());
 }
 
 void MainWindow::showPortProblem(const QString& text, const QString& help, bool hasRemedies) {

@@ -87,7 +87,7 @@ QString AtomicFile::replace(const QString& path, const QByteArray& contents) {
         return qt_error_string(EISDIR);
     // QSaveFile would put a plain file in the place of a device node or a FIFO.
     if (old && !S_ISREG(old->st_mode))
-        return QStringLiteral("Not a regular file");
+        return QStringLiteral(QT_TRANSLATE_NOOP("File", "Not a regular file"));
 
     QSaveFile file(target);
     if (!file.open(QIODevice::WriteOnly))

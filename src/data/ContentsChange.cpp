@@ -2,8 +2,6 @@
 
 #include "data/TimeText.h"
 
-#include <QStringLiteral>
-
 #include <algorithm>
 #include <optional>
 #include <unordered_map>
@@ -72,27 +70,26 @@ ContentsChange ContentsChange::between(const DocumentContents& before,
 QString ContentsChange::name() const {
     switch (kind) {
     case Kind::time:
-        return QStringLiteral("Move %1 to %2").arg(clock(before.time), clock(after.time));
+        return tr("Move %1 to %2").arg(clock(before.time), clock(after.time));
     case Kind::colorTemp:
-        return QStringLiteral("Colour Temperature at %1").arg(clock(after.time));
+        return tr("Colour Temperature at %1").arg(clock(after.time));
     case Kind::brightness:
-        return QStringLiteral("Intensity at %1").arg(clock(after.time));
+        return tr("Intensity at %1").arg(clock(after.time));
     case Kind::point:
-        return QStringLiteral("Edit %1").arg(clock(before.time));
+        return tr("Edit %1").arg(clock(before.time));
     case Kind::added:
-        return QStringLiteral("Add %1").arg(clock(after.time));
+        return tr("Add %1").arg(clock(after.time));
     case Kind::deleted:
-        return QStringLiteral("Delete %1").arg(clock(before.time));
+        return tr("Delete %1").arg(clock(before.time));
     case Kind::taskLight:
-        return QStringLiteral("Task Light");
+        return tr("Task Light");
     case Kind::mode:
-        return isProgramMode ? QStringLiteral("Switch to Program")
-                             : QStringLiteral("Switch to Analog Input");
+        return isProgramMode ? tr("Switch to Program") : tr("Switch to Analog Input");
     case Kind::points:
-        return QStringLiteral("Edit Program");
+        return tr("Edit Program");
     case Kind::several:
     case Kind::none:
         break;
     }
-    return QStringLiteral("Change");
+    return tr("Change");
 }

@@ -2,6 +2,7 @@
 
 #include "data/DocumentContents.h"
 
+#include <QCoreApplication>
 #include <QString>
 
 /// What one step did to the document, found by comparing its contents before and after.
@@ -29,4 +30,6 @@ struct ContentsChange {
     AQTimePoint before; ///< the one point, unless it was added
     AQTimePoint after;  ///< the one point, unless it was deleted
     bool isProgramMode = true;
+
+    Q_DECLARE_TR_FUNCTIONS(ContentsChange)
 };

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QCoreApplication>
+
 #include <array>
 #include <cstddef>
 
@@ -11,8 +13,11 @@ struct PointColumn {
     static constexpr int count = 3;
 
     /// What the person reads.
-    static constexpr const char* title(int column) {
-        constexpr std::array titles{"Time", "Colour temperature", "Intensity"};
-        return titles.at(static_cast<std::size_t>(column));
+    static QString title(int column) {
+        constexpr std::array titles{QT_TRANSLATE_NOOP("PointColumn", "Time"),
+                                    QT_TRANSLATE_NOOP("PointColumn", "Colour temperature"),
+                                    QT_TRANSLATE_NOOP("PointColumn", "Intensity")};
+        return QCoreApplication::translate("PointColumn",
+                                           titles.at(static_cast<std::size_t>(column)));
     }
 };

@@ -6,7 +6,7 @@
 
 QString ProgramStatistics::text() const {
     const auto minutes = static_cast<int>(std::lround(litMinutes));
-    return QStringLiteral("Light %1 h %2 min, %3 h of full light")
+    return tr("Light %1 h %2 min, %3 h of full light")
         .arg(minutes / AQTime::minutesPerHour)
         .arg(minutes % AQTime::minutesPerHour, 2, 10, QLatin1Char('0'))
         .arg(QString::number(fullLightHours, 'f', 1));

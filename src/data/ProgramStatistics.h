@@ -2,6 +2,7 @@
 
 #include "data/AQTimePoint.h"
 
+#include <QCoreApplication>
 #include <QString>
 
 #include <span>
@@ -14,6 +15,8 @@ struct ProgramStatistics {
     /// "Light 15 h 00 min, 10.8 h of full light".
     QString text() const;
     bool operator==(const ProgramStatistics&) const = default;
+
+    Q_DECLARE_TR_FUNCTIONS(ProgramStatistics)
 };
 
 /// Exact for the light as lightAt() gives it, over midnight too. The way from or to a dark point

@@ -3,6 +3,7 @@
 #include "data/TimeText.h"
 #include "data/TypedValue.h"
 
+#include <QCoreApplication>
 #include <QStringTokenizer>
 
 #include <algorithm>
@@ -34,14 +35,16 @@ QStringList cellsOf(QStringView line) {
 TypedValue<AQTimePoint> pointFrom(QStringView line, int number, LineNumbers& lineNumbers) {
     const QStringList cells = cellsOf(line);
     if (cells.size() != columns)
-        return {{}, QStringLiteral("A time, an intensity and a colour temperature are needed")};
+        return {{},
+                QCoreApplication::translate(
+                    "ProgramText", "A time, an intensity and a colour temperature are needed")};
     const auto time = pastedTime(cells[0]);
     if (!time.value)
         return {{}, time.fault};
     int& earlier = lineNumbers[static_cast<std::size_t>(time.value->minuteOfDay())];
     if (earlier != 0)
         return {{},
-                QStringLiteral("%1 stands in line %2 already")
+                QCoreApplication::translate("ProgramText", "%1 stands in line %2 already")
                     .arg(cells[0].trimmed(), QString::number(earlier))};
     earlier = number;
     const auto brightness = pastedFraction(cells[1]);
@@ -79,7 +82,9 @@ QString ProgramText::write(std::span<const AQTimePoint> points) {
 
 ProgramText::Reading ProgramText::read(const QString& text) {
     if (text.size() >= maxLength)
-        return {{}, {QStringLiteral("The text is too long to be a light program")}};
+        return {{},
+                {QCoreApplication::translate("ProgramText",
+                                             "The text is too long to be a light program")}};
     QString lines = text;
     lines.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
 
@@ -92,16 +97,19 @@ ProgramText::Reading ProgramText::read(const QString& text) {
         if (line.trimmed().isEmpty())
             continue;
         if (++used > AQTime::minutesPerDay)
-            return {{}, {QStringLiteral("There are more lines than a day has minutes")}};
+            return {{},
+                    {QCoreApplication::translate("ProgramText",
+                                                 "There are more lines than a day has minutes")}};
         const auto point = pointFrom(line, number, lineNumbers);
         if (point.value)
             result.points.push_back(*point.value);
         else
-            result.faults +=
-                QStringLiteral("Line %1: %2").arg(QString::number(number), point.fault);
+            result.faults += QCoreApplication::translate("ProgramText", "Line %1: %2")
+                                 .arg(QString::number(number), point.fault);
     }
     if (used == 0)
-        result.faults += QStringLiteral("There is no line with a time point");
+        result.faults +=
+            QCoreApplication::translate("ProgramText", "There is no line with a time point");
     if (!result.faults.isEmpty())
         result.points.clear();
     return result;

@@ -125,7 +125,7 @@ QString RecoveryCopy::lock() {
         return qt_error_string(EACCES);
     return fs::space(folder, error).available == 0
                ? qt_error_string(ENOSPC)
-               : QStringLiteral("A file cannot be locked there");
+               : QStringLiteral(QT_TRANSLATE_NOOP("File", "A file cannot be locked there"));
 }
 
 bool RecoveryCopy::read() {

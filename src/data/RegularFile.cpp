@@ -28,7 +28,7 @@ RegularFile::Contents readAll(int descriptor, qint64 maxSize) {
             return contents;
         contents.bytes.append(piece.data(), count);
     }
-    return {{}, QStringLiteral("File too large")};
+    return {{}, QStringLiteral(QT_TRANSLATE_NOOP("File", "File too large"))};
 }
 
 } // namespace
@@ -42,13 +42,15 @@ RegularFile::Contents RegularFile::read(const QString& path, qint64 maxSize) {
     if (S_ISDIR(info.st_mode))
         return {{}, qt_error_string(EISDIR)};
     if (!S_ISREG(info.st_mode))
-        return {{}, QStringLiteral("Not a regular file")};
+        return {{}, QStringLiteral(QT_TRANSLATE_NOOP("File", "Not a regular file"))};
     // A FIFO may have taken the file's place since; O_NONBLOCK keeps its opening from waiting.
     const int descriptor = ::open(name.constData(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
     if (descriptor < 0)
         return systemFault();
-    Contents contents = info.st_size > maxSize ? Contents{{}, QStringLiteral("File too large")}
-                                               : readAll(descriptor, maxSize);
+    Contents contents =
+        info.st_size > maxSize
+            ? Contents{{}, QStringLiteral(QT_TRANSLATE_NOOP("File", "File too large"))}
+            : readAll(descriptor, maxSize);
     ::close(descriptor);
     return contents;
 }

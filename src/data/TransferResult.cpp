@@ -1,29 +1,33 @@
 #include "data/TransferResult.h"
 
-using std::to_string;
-
 namespace {
 
 /// The texts of all cases, in one place.
 struct Describe {
     using R = TransferResult;
 
-    std::string operator()(R::errorWrongChannelCount r) const {
-        return "Wrong number of channels: got " + to_string(r.channels) + ", expected 2 or 4.";
+    QString operator()(R::errorWrongChannelCount r) const {
+        return TransferResult::tr("Wrong number of channels: got %1, expected 2 or 4.")
+            .arg(r.channels);
     }
-    std::string operator()(R::errorTooManyPoints r) const {
-        return "Too many time points in sequence: " + to_string(r.points) +
-               ". This controller supports a maximmum of " + to_string(r.maximum) + " points only.";
+    QString operator()(R::errorTooManyPoints r) const {
+        return TransferResult::tr(
+                   "Too many time points in sequence: %1. This controller supports a maximmum of "
+                   "%2 points only.")
+            .arg(r.points)
+            .arg(r.maximum);
     }
-    std::string operator()(R::ok) const { return "success"; }
-    std::string operator()(R::errorNoDevice) const { return "Controller not connected."; }
-    std::string operator()(R::errorInvalidData) const {
-        return "Got invalid or unknown data format from device.";
+    QString operator()(R::ok) const { return TransferResult::tr("success"); }
+    QString operator()(R::errorNoDevice) const {
+        return TransferResult::tr("Controller not connected.");
+    }
+    QString operator()(R::errorInvalidData) const {
+        return TransferResult::tr("Got invalid or unknown data format from device.");
     }
 };
 
 } // namespace
 
-std::string TransferResult::description() const {
+QString TransferResult::description() const {
     return std::visit(Describe{}, m_kind);
 }

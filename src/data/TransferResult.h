@@ -1,7 +1,9 @@
 #pragma once
 
+#include <QCoreApplication>
+#include <QString>
+
 #include <concepts>
-#include <string>
 #include <variant>
 
 /// How a transfer between the document and the controller ended.
@@ -37,11 +39,13 @@ public:
     bool is() const {
         return std::holds_alternative<T>(m_kind);
     }
-    /// The text for the person: one English sentence, "success" for `ok`.
-    std::string description() const;
+    /// The text for the person: one sentence, "success" for `ok`.
+    QString description() const;
 
     bool operator==(const TransferResult&) const = default;
 
 private:
     Kind m_kind;
+
+    Q_DECLARE_TR_FUNCTIONS(TransferResult)
 };

@@ -1,5 +1,6 @@
 #include "data/TypedValue.h"
 
+#include <QCoreApplication>
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -31,12 +32,14 @@ QRegularExpression wholeText(const QString& pattern) {
 /// `pattern` has the groups `hour` and `minute`.
 TypedValue<AQTime> timeOfDay(const QString& text, const QRegularExpression& pattern) {
     if (text.isEmpty())
-        return {{}, QStringLiteral("The time is missing")};
+        return {{}, QCoreApplication::translate("TypedValue", "The time is missing")};
     const auto match = pattern.match(text);
     const AQTime time{match.captured(QStringLiteral("hour")).toInt(),
                       match.captured(QStringLiteral("minute")).toInt(), 0};
     if (!match.hasMatch() || !time.isValid())
-        return {{}, QStringLiteral("%1 is no time of day").arg(quoted(text))};
+        return {
+            {},
+            QCoreApplication::translate("TypedValue", "%1 is no time of day").arg(quoted(text))};
     return {time, {}};
 }
 
@@ -78,7 +81,9 @@ TypedValue<AQTime> typedTime(const QString& text, AQTime present) {
         isNumber && -AQTime::minutesPerDay < way && way < AQTime::minutesPerDay;
     const int minute = isWithinADay ? present.minuteOfDay() + way : -1;
     if (minute < 0 || minute >= AQTime::minutesPerDay)
-        return {{}, QStringLiteral("%1 leads out of the day, 00:00 to 23:59").arg(quoted(typed))};
+        return {{},
+                QCoreApplication::translate("TypedValue", "%1 leads out of the day, 00:00 to 23:59")
+                    .arg(quoted(typed))};
     return {AQTime::fromMinuteOfDay(minute), {}};
 }
 
@@ -99,9 +104,11 @@ TypedValue<double> typedFraction(const QString& text, double present) {
 TypedValue<double> pastedFraction(const QString& text) {
     const QString typed = plain(text);
     if (typed.isEmpty())
-        return {{}, QStringLiteral("The percentage is missing")};
+        return {{}, QCoreApplication::translate("TypedValue", "The percentage is missing")};
     const auto percent = percentFrom(typed);
     if (!percent || percent->isSigned || percent->number > fullPercent)
-        return {{}, QStringLiteral("%1 is no percentage from 0 to 100").arg(quoted(typed))};
+        return {{},
+                QCoreApplication::translate("TypedValue", "%1 is no percentage from 0 to 100")
+                    .arg(quoted(typed))};
     return {percent->number / fullPercent, {}};
 }

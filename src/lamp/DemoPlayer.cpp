@@ -3,6 +3,7 @@
 #include "data/AQDataSource.h"
 #include "data/ColorMapping.h"
 #include "data/ProgramInterpolation.h"
+#include "data/TimeText.h"
 #include "lamp/LampPreview.h"
 
 namespace {
@@ -10,7 +11,7 @@ namespace {
 constexpr int lastMinute = AQTime::minutesPerDay - 1;
 
 QString signAt(AQTime time) {
-    return QStringLiteral("DEMO ") + QString::asprintf("%02d:%02d", time.hour, time.minute);
+    return DemoPlayer::tr("DEMO %1").arg(timeText(time.hour, time.minute));
 }
 
 } // namespace

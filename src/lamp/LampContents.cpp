@@ -46,14 +46,14 @@ void LampContents::refresh() {
 QString LampContents::text() const {
     switch (m_state) {
     case State::thisProgram:
-        return QStringLiteral("the lamp runs this program");
+        return tr("the lamp runs this program");
     case State::anotherProgram:
-        return QStringLiteral("the lamp runs another program");
+        return tr("the lamp runs another program");
     case State::partOfThisProgram:
-        return QStringLiteral("the lamp may hold a part of this program") +
-               (m_isConnected ? QStringLiteral(": Send again") : QString());
+        return m_isConnected ? tr("the lamp may hold a part of this program: Send again")
+                             : tr("the lamp may hold a part of this program");
     case State::analogInput:
-        return QStringLiteral("the lamp follows its analog input");
+        return tr("the lamp follows its analog input");
     case State::unknown:
         break;
     }
@@ -62,9 +62,9 @@ QString LampContents::text() const {
 
 QString LampContents::changeBySending() const {
     if (isPartKnown())
-        return QStringLiteral("The lamp may hold a part of what was sent before.");
+        return tr("The lamp may hold a part of what was sent before.");
     if (!m_stored)
-        return QStringLiteral("What the lamp holds has not been read yet.");
+        return tr("What the lamp holds has not been read yet.");
     // By levels alone: a load cannot always be given back exactly, and then sending it is a change.
     const auto contents = m_data.contents();
     const auto channels = static_cast<int>(m_stored->image.channels.size());

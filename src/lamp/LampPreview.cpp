@@ -107,7 +107,7 @@ void LampPreview::resume() {
 
 QString LampPreview::sign() const {
     if (m_isHeld && !m_isConnected)
-        return m_sign + QStringLiteral(", waiting for the controller");
+        return tr("%1, waiting for the controller").arg(m_sign);
     return m_isHeld || (m_hasLamp && m_isConnected) ? m_sign : QString();
 }
 

@@ -16,24 +16,20 @@ using Levels = std::vector<std::optional<std::uint8_t>>;
 
 QString durationOf(const AQTime& time) {
     const int minutes = time.minuteOfDay();
-    const QString seconds = QStringLiteral("%1 s").arg(time.second);
     if (minutes == 0 && time.second > 0)
-        return seconds;
-    const QString text = QStringLiteral("%1 min").arg(minutes);
-    return time.second > 0 ? text + u' ' + seconds : text;
+        return ProgramComparison::tr("%1 s").arg(time.second);
+    return time.second > 0 ? ProgramComparison::tr("%1 min %2 s").arg(minutes).arg(time.second)
+                           : ProgramComparison::tr("%1 min").arg(minutes);
 }
 
-QString differs(const QString& place, const QString& here, const QString& lamp) {
-    return QStringLiteral("%1%2 here, %3 in the lamp").arg(place, here, lamp);
-}
-
-/// The two fractions in percent, as short as shows the difference; empty when nothing does.
-QString percentsDiffer(const QString& place, double here, double lamp) {
+/// The two fractions in percent, as short as shows the difference, in `text` for a place, the one
+/// here and the lamp's; empty when nothing shows it.
+QString percentsDiffer(const QString& text, const QString& place, double here, double lamp) {
     for (const int decimals : {0, 1}) {
         const QString first = QString::number(here * 100.0, 'f', decimals);
         const QString second = QString::number(lamp * 100.0, 'f', decimals);
         if (first != second)
-            return differs(place, first + QStringLiteral(" %"), second + QStringLiteral(" %"));
+            return text.arg(place, first + QStringLiteral(" %"), second + QStringLiteral(" %"));
     }
     return {};
 }
@@ -161,15 +157,15 @@ void ProgramComparison::comparePoints(const Side& here, const Side& lamp) {
     const auto others = lamp.points();
     auto point = points.begin();
     auto other = others.begin();
-    const auto only = [this](const Item& item, const char* where) {
+    const auto only = [this](const QString& text, const Item& item) {
         ++m_points;
-        m_lines << item.clock() + QLatin1String(where);
+        m_lines << text.arg(item.clock());
     };
     while (point != points.end() || other != others.end()) {
         if (other == others.end() || (point != points.end() && point->minute() < other->minute()))
-            only(*point++, " only here");
+            only(tr("%1 only here"), *point++);
         else if (point == points.end() || other->minute() < point->minute())
-            only(*other++, " only in the lamp");
+            only(tr("%1 only in the lamp"), *other++);
         else
             comparePoint(*point++, *other++);
     }
@@ -179,16 +175,17 @@ void ProgramComparison::comparePoint(const Item& here, const Item& lamp) {
     if (areEqual(here.levels, lamp.levels) || (m_countsAsRead && here.shown == lamp.shown))
         return;
     ++m_points;
-    addLight(here.clock() + QStringLiteral(": "), here, lamp);
+    addLight(here.clock(), here, lamp);
 }
 
 void ProgramComparison::compareTaskLights(const Item& here, const Item& lamp) {
     if (m_countsAsRead && here.shown == lamp.shown)
         return;
-    const QString place = QStringLiteral("Task light: ");
+    const QString place = tr("Task light");
     const auto count = m_lines.size();
     if (here.read.time != lamp.read.time)
-        m_lines << differs(place, durationOf(here.read.time), durationOf(lamp.read.time));
+        m_lines << tr("%1: %2 here, %3 in the lamp")
+                       .arg(place, durationOf(here.read.time), durationOf(lamp.read.time));
     if (!areEqual(here.levels, lamp.levels))
         addLight(place, here, lamp);
     m_isTaskLightEqual = m_lines.size() == count;
@@ -199,15 +196,16 @@ void ProgramComparison::addLight(const QString& place, const Item& here, const I
     const bool isOtherIntensity = here.read.brightness != lamp.read.brightness;
     const bool isOneDark = here.read.brightness == 0.0 || lamp.read.brightness == 0.0;
     if (isOtherIntensity)
-        lines << percentsDiffer(place, here.shown.brightness, lamp.shown.brightness);
+        lines << percentsDiffer(tr("%1: %2 here, %3 in the lamp"), place, here.shown.brightness,
+                                lamp.shown.brightness);
     // Where one is dark its colour says nothing.
     if (!(isOtherIntensity && isOneDark) && !lamp.hasColorOf(here))
-        lines << percentsDiffer(place + QStringLiteral("colour temperature "), here.shown.colorTemp,
-                                lamp.shown.colorTemp);
+        lines << percentsDiffer(tr("%1: colour temperature %2 here, %3 in the lamp"), place,
+                                here.shown.colorTemp, lamp.shown.colorTemp);
     lines.removeAll(QString());
     if (lines.isEmpty())
-        lines << differs(place + QStringLiteral("levels "), textOf(here.levels),
-                         textOf(lamp.levels));
+        lines << tr("%1: levels %2 here, %3 in the lamp")
+                     .arg(place, textOf(here.levels), textOf(lamp.levels));
     m_lines += lines;
 }
 
@@ -217,11 +215,11 @@ void ProgramComparison::compareChannels(const DeviceImage& here, const DeviceIma
     for (std::size_t channel = 0; channel < here.channels.size(); ++channel) {
         const auto& ours = here.channels[channel];
         const auto& theirs = lamp.channels[channel];
-        const QString place = QStringLiteral("Channel %1").arg(channel + 1);
         if (ours.size() != theirs.size()) {
-            m_lines << differs(place + QStringLiteral(": "),
-                               QStringLiteral("%1 entries").arg(ours.size()),
-                               QString::number(theirs.size()));
+            m_lines << tr("Channel %1: %2 entries here, %3 in the lamp")
+                           .arg(channel + 1)
+                           .arg(ours.size())
+                           .arg(theirs.size());
             continue;
         }
         const auto [our, their] =
@@ -231,25 +229,30 @@ void ProgramComparison::compareChannels(const DeviceImage& here, const DeviceIma
             });
         if (our == ours.end())
             continue;
-        const QString entry = place + QStringLiteral(", entry %1: ").arg(our - ours.begin() + 1);
+        const auto entry = our - ours.begin() + 1;
         if (minuteOf(*our) != minuteOf(*their))
-            m_lines << differs(entry, timeText(our->hour, our->minute),
-                               timeText(their->hour, their->minute));
+            m_lines << tr("Channel %1, entry %2: %3 here, %4 in the lamp")
+                           .arg(channel + 1)
+                           .arg(entry)
+                           .arg(timeText(our->hour, our->minute),
+                                timeText(their->hour, their->minute));
         else
-            m_lines << differs(entry + QStringLiteral("level "), QString::number(our->level),
-                               QString::number(their->level));
+            m_lines << tr("Channel %1, entry %2: level %3 here, %4 in the lamp")
+                           .arg(channel + 1)
+                           .arg(entry)
+                           .arg(our->level)
+                           .arg(their->level);
     }
     m_others += static_cast<int>(m_lines.size() - before);
 }
 
 QString ProgramComparison::change() const {
     if (m_points == 0)
-        return !m_isTaskLightEqual ? QStringLiteral("The task light changes")
-               : m_others > 0      ? QStringLiteral("The stored levels change")
-                                   : QStringLiteral("Nothing changes");
-    const QString points =
-        m_points == 1 ? QStringLiteral("1 point") : QStringLiteral("%1 points").arg(m_points);
-    if (!m_isTaskLightEqual)
-        return points + QStringLiteral(" and the task light change");
-    return points + (m_points == 1 ? QStringLiteral(" changes") : QStringLiteral(" change"));
+        return !m_isTaskLightEqual ? tr("The task light changes")
+               : m_others > 0      ? tr("The stored levels change")
+                                   : tr("Nothing changes");
+    if (m_points == 1)
+        return m_isTaskLightEqual ? tr("1 point changes") : tr("1 point and the task light change");
+    return m_isTaskLightEqual ? tr("%n points change", nullptr, m_points)
+                              : tr("%n points and the task light change", nullptr, m_points);
 }

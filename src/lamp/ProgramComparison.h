@@ -3,6 +3,7 @@
 #include "data/DeviceImage.h"
 #include "data/DocumentContents.h"
 
+#include <QCoreApplication>
 #include <QString>
 #include <QStringList>
 
@@ -54,4 +55,6 @@ private:
     int m_points = 0; ///< differing
     int m_others = 0; ///< differences of neither points nor task light
     bool m_isTaskLightEqual = true;
+
+    Q_DECLARE_TR_FUNCTIONS(ProgramComparison)
 };

@@ -37,10 +37,7 @@ void TransferProgress::stop() {
 }
 
 void TransferProgress::refresh() {
-    const QString text =
-        m_isShown
-            ? QStringLiteral("%1 %2 of %3").arg(m_activity).arg(m_answered + 1).arg(m_commands)
-            : QString();
+    const QString text = m_isShown ? m_activity.arg(m_answered + 1).arg(m_commands) : QString();
     if (std::exchange(m_text, text) != text)
         Q_EMIT changed(text);
 }

@@ -17,7 +17,7 @@ public:
 
     explicit TransferProgress(QObject* parent = nullptr);
 
-    /// A transfer of this many commands begins; `activity` is what it does: "Sending".
+    /// A transfer of this many commands begins; `activity` is what it does: "Sending %1 of %2".
     void begin(const QString& activity, int commands);
     /// One of its commands was answered.
     void step();

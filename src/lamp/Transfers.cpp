@@ -49,7 +49,7 @@ void Transfers::load() {
     if (m_loads++ == 0)
         m_undisturbed = m_data.contents();
     auto commands = DeviceProgramImage::loadCommands(*device);
-    m_progress.begin(QStringLiteral("Loading"), static_cast<int>(commands.size()));
+    m_progress.begin(tr("Loading %1 of %2"), static_cast<int>(commands.size()));
     m_controller.sendCommands(
         std::move(commands),
         [this, loadedFrom = *device, droppings = m_droppings](const Answers& answers) {
@@ -99,7 +99,7 @@ void Transfers::finishLoad(News news) {
         return;
     }
     const auto before = m_data.contents();
-    replaceBy(program, QStringLiteral("Load from Device"), news);
+    replaceBy(program, tr("Load from Device"), news);
     Q_EMIT loaded(TransferResult::ok{}, m_data.contents() != before);
 }
 
@@ -133,7 +133,7 @@ void Transfers::read(Read what, const ReadDone& done) {
     if (what == Read::AndMode)
         commands.push_back(CmdGetDeviceMode());
     setReadings(m_readings + 1);
-    m_progress.begin(QStringLiteral("Reading"), static_cast<int>(commands.size()));
+    m_progress.begin(tr("Reading %1 of %2"), static_cast<int>(commands.size()));
     m_controller.sendCommands(
         std::move(commands),
         [this, what, done, readFrom = *device, droppings = m_droppings](Answers answers) {
@@ -172,7 +172,7 @@ void Transfers::send() {
     auto commands = DeviceProgramImage::sendCommands(sending->image, *device);
     ++m_sends;
     m_data.markSent(sending->contents);
-    m_progress.begin(QStringLiteral("Sending"), static_cast<int>(commands.size()));
+    m_progress.begin(tr("Sending %1 of %2"), static_cast<int>(commands.size()));
     for (std::size_t index = 0; index < commands.size(); ++index)
         m_controller.send(std::move(commands[index]),
                           [this, sending, index](const YAnswer& answer) {
@@ -195,7 +195,8 @@ void Transfers::onSent(const Sending& sending) {
     if (sending.stored != sending.image) {
         const ProgramComparison comparison(sending.contents, sending.image, sending.stored);
         difference = comparison.differences().value(0);
-        SPDLOG_ERROR("the controller stored something else: {}", difference.toStdString());
+        SPDLOG_ERROR("the controller stored something else: {} differences",
+                     comparison.differences().size());
     }
     Q_EMIT sent(TransferResult::ok{}, difference);
     if (const auto done = isSending() ? nullptr : std::exchange(m_afterSends, nullptr))

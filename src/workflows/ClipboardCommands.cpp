@@ -3,6 +3,7 @@
 #include "data/AQDataSource.h"
 #include "data/ProgramChanges.h"
 #include "data/ProgramText.h"
+#include "data/TimeText.h"
 #include "workflows/Prompts.h"
 
 #include <QAction>
@@ -16,17 +17,12 @@ namespace {
 
 constexpr qsizetype mostFaultsShown = 10;
 
-QString counted(int count, const QString& noun) {
-    return QStringLiteral("%1 %2").arg(count).arg(count == 1 ? noun : noun + u's');
-}
-
 /// As many as an alert has room for.
 QString listed(const QStringList& faults) {
     QString text = faults.first(std::min(faults.size(), mostFaultsShown)).join(u'\n');
-    if (faults.size() > mostFaultsShown)
-        text +=
-            QStringLiteral("\nand ") +
-            counted(static_cast<int>(faults.size() - mostFaultsShown), QStringLiteral("more line"));
+    if (const auto more = static_cast<int>(faults.size() - mostFaultsShown); more > 0)
+        text += u'\n' + (more == 1 ? ClipboardCommands::tr("and 1 more line")
+                                   : ClipboardCommands::tr("and %n more lines", nullptr, more));
     return text;
 }
 
@@ -52,13 +48,14 @@ void ClipboardCommands::setEditing(const ControlState& editing) {
 }
 
 void ClipboardCommands::updateItems() {
-    const QString what = m_data.selection().row() >= 0 ? QStringLiteral("the selected point")
-                                                       : QStringLiteral("the whole program");
-    ControlState copy{true, QStringLiteral("Copy %1 as text").arg(what)};
-    ControlState cut{true, QStringLiteral("Copy %1 as text, and delete it").arg(what)};
-    ControlState paste{true, QStringLiteral("Add the time points in the clipboard")};
+    const bool isOnePoint = m_data.selection().row() >= 0;
+    ControlState copy{true, isOnePoint ? tr("Copy the selected point as text")
+                                       : tr("Copy the whole program as text")};
+    ControlState cut{true, isOnePoint ? tr("Copy the selected point as text, and delete it")
+                                      : tr("Copy the whole program as text, and delete it")};
+    ControlState paste{true, tr("Add the time points in the clipboard")};
     if (m_data.sequence().count() == 0)
-        copy = cut = {false, QStringLiteral("The program has no points")};
+        copy = cut = {false, tr("The program has no points")};
     if (!m_editing.isEnabled)
         cut = paste = m_editing;
     copy.applyTo(m_outlets.menuitemCopy);
@@ -88,14 +85,14 @@ void ClipboardCommands::cut() {
     copy();
     const int row = m_data.selection().row();
     if (row < 0) {
-        sequence.replaceAll({}, QStringLiteral("Cut Program"), this);
+        sequence.replaceAll({}, tr("Cut Program"), this);
         return;
     }
     std::vector<AQTimePoint> others = sequence.points();
     others.erase(others.begin() + row);
     const AQTime time = sequence.at(row).time;
-    sequence.replaceAll(std::move(others),
-                        QString::asprintf("Cut %02d:%02d", time.hour, time.minute), this);
+    sequence.replaceAll(std::move(others), tr("Cut %1").arg(timeText(time.hour, time.minute)),
+                        this);
 }
 
 void ClipboardCommands::paste() {
@@ -104,9 +101,9 @@ void ClipboardCommands::paste() {
     const QMimeData* contents = QGuiApplication::clipboard()->mimeData();
     const QString text = contents ? contents->text() : QString();
     if (text.size() < ProgramText::maxLength && text.trimmed().isEmpty())
-        m_prompts.alert(QStringLiteral("There is no text with time points in the clipboard."),
-                        QStringLiteral("Copy points here, or lines with a time, the intensity and "
-                                       "the colour temperature from a spreadsheet."),
+        m_prompts.alert(tr("There is no text with time points in the clipboard."),
+                        tr("Copy points here, or lines with a time, the intensity and "
+                           "the colour temperature from a spreadsheet."),
                         Prompts::Severity::Information);
     else
         pasteText(text);
@@ -115,8 +112,8 @@ void ClipboardCommands::paste() {
 void ClipboardCommands::pasteText(const QString& text) {
     const ProgramText::Reading reading = ProgramText::read(text);
     if (!reading.faults.isEmpty()) {
-        m_prompts.alert(QStringLiteral("The text in the clipboard cannot be pasted."),
-                        listed(reading.faults), Prompts::Severity::Information);
+        m_prompts.alert(tr("The text in the clipboard cannot be pasted."), listed(reading.faults),
+                        Prompts::Severity::Information);
         return;
     }
     const AQSequence& sequence = m_data.sequence();
@@ -133,23 +130,24 @@ void ClipboardCommands::pasteText(const QString& text) {
 void ClipboardCommands::tellWhatDoesNotFit(const std::vector<AQTimePoint>& pasted, int missing) {
     const int limit = m_data.sequence().pointLimit();
     const int count = static_cast<int>(pasted.size());
-    const QString message = QStringLiteral("Not all pasted points fit into the program.");
-    const QString points = counted(m_data.sequence().count(), QStringLiteral("point"));
+    const QString message = tr("Not all pasted points fit into the program.");
+    const int present = m_data.sequence().count();
     const QString figures =
-        QStringLiteral("The program has %1 and %2 %3: %4 of the %5 pasted points fit.")
-            .arg(points, m_data.device() ? QStringLiteral("the controller holds")
-                                         : QStringLiteral("can have"))
+        (m_data.device()
+             ? tr("The program has %1 and the controller holds %2: %3 of the %4 pasted points fit.")
+             : tr("The program has %1 and can have %2: %3 of the %4 pasted points fit."))
+            .arg(present == 1 ? tr("1 point") : tr("%n points", nullptr, present))
             .arg(limit)
             .arg(count - missing)
             .arg(count);
     if (count > limit) {
-        m_prompts.alert(message, figures + QStringLiteral(" Nothing was pasted."),
+        m_prompts.alert(message, figures + u' ' + tr("Nothing was pasted."),
                         Prompts::Severity::Information);
         return;
     }
     m_prompts.offer(message,
-                    figures + QStringLiteral(" Or they can take the place of the whole program."),
-                    QStringLiteral("&Replace the Program"), [this, pasted](bool isWanted) {
+                    figures + u' ' + tr("Or they can take the place of the whole program."),
+                    tr("&Replace the Program"), [this, pasted](bool isWanted) {
                         if (isWanted)
                             apply(ProgramChanges::merged({}, pasted), pasted);
                     });
@@ -162,7 +160,7 @@ void ClipboardCommands::apply(const std::vector<AQTimePoint>& points,
     const int first = minute(*std::ranges::min_element(pasted, {}, minute));
     const auto row = std::ranges::find(points, first, minute) - points.begin();
     const bool isNew = points[static_cast<std::size_t>(row)].id == AQPointId::none;
-    sequence.replaceAll(points, QStringLiteral("Paste"), this);
+    sequence.replaceAll(points, tr("Paste"), this);
 
     const AQPointId id = sequence.idAt(static_cast<int>(row));
     if (isNew && pasted.size() == 1)

@@ -16,15 +16,14 @@ constexpr int titleBarHeight = 32; ///< about; not known before the window is sh
 
 ComparePanel::ComparePanel(QWidget* parent)
     : QDialog(parent), m_lblHeadline(new QLabel(this)), m_txtDifferences(new QPlainTextEdit(this)),
-      m_lblNotes(new QLabel(this)),
-      m_bttnTake(new QPushButton(QStringLiteral("&Take the Lamp's"), this)),
-      m_bttnSend(new QPushButton(QStringLiteral("&Send Mine"), this)),
-      m_bttnClose(new QPushButton(QStringLiteral("&Close"), this)) {
+      m_lblNotes(new QLabel(this)), m_bttnTake(new QPushButton(tr("&Take the Lamp's"), this)),
+      m_bttnSend(new QPushButton(tr("&Send Mine"), this)),
+      m_bttnClose(new QPushButton(tr("&Close"), this)) {
     setObjectName(QStringLiteral("panelCompare"));
     setWindowTitle(QStringLiteral("Aquelon"));
     setWindowModality(Qt::ApplicationModal);
     m_txtDifferences->setObjectName(QStringLiteral("txtDifferences"));
-    m_txtDifferences->setAccessibleName(QStringLiteral("Differences"));
+    m_txtDifferences->setAccessibleName(tr("Differences"));
     m_txtDifferences->setReadOnly(true);
     m_txtDifferences->setTextInteractionFlags(Qt::TextSelectableByMouse |
                                               Qt::TextSelectableByKeyboard);
@@ -73,10 +72,9 @@ void ComparePanel::makeButtons() {
 
 void ComparePanel::run(const QStringList& differences, const QStringList& notes) {
     m_isEqual = differences.isEmpty();
-    m_lblHeadline->setText(m_isEqual ? QStringLiteral("The lamp holds this program.")
-                                     : QStringLiteral("The program here and the lamp's differ:"));
-    m_txtDifferences->setPlainText(m_isEqual ? QStringLiteral("Nothing differs.")
-                                             : differences.join(u'\n'));
+    m_lblHeadline->setText(m_isEqual ? tr("The lamp holds this program.")
+                                     : tr("The program here and the lamp's differ:"));
+    m_txtDifferences->setPlainText(m_isEqual ? tr("Nothing differs.") : differences.join(u'\n'));
     m_lblNotes->setText(notes.join(u'\n'));
     m_lblNotes->setVisible(!notes.isEmpty());
     setConnected(true);
@@ -94,10 +92,10 @@ void ComparePanel::setConnected(bool isConnected) {
 }
 
 void ComparePanel::refreshButtons() {
-    const QString nothing = QStringLiteral("Nothing differs");
+    const QString nothing = tr("Nothing differs");
     const ControlState take{!m_isEqual, m_isEqual ? nothing
-                                                  : QStringLiteral("Replace the program here by "
-                                                                   "the lamp's; can be undone")};
+                                                  : tr("Replace the program here by "
+                                                       "the lamp's; can be undone")};
     const ControlState send = m_isEqual ? ControlState{false, nothing}
                                         : ControlStates::send({.isConnected = m_isConnected});
     take.applyTo(*m_bttnTake);

@@ -1,5 +1,6 @@
 #include "workflows/ConnectionWorkflow.h"
 
+#include "workflows/LinkTexts.h"
 #include "workflows/Prompts.h"
 #include "workflows/SelectDevicePanel.h"
 
@@ -46,19 +47,17 @@ void ConnectionWorkflow::messageControllerFoundPorts(std::size_t count) {
         Q_EMIT portProblemChanged({}, {});
     else if (count > 1)
         Q_EMIT portProblemChanged(
-            QStringLiteral("%1 controllers: choose one with Device | Open Device...").arg(count),
-            {});
+            tr("%1 controllers: choose one with Device | Open Device...").arg(count), {});
 }
 
 void ConnectionWorkflow::messageControllerGotError(const YMessageError& error) {
     SPDLOG_ERROR("{}", error.description());
     const auto* const portError = error.get<YMessageError::PortError>();
     if (portError && !m_isConnected)
-        Q_EMIT portProblemChanged(QStringLiteral("port error: ") +
-                                      QString::fromStdString(portError->text),
-                                  QString::fromStdString(portError->help), portError->remedies);
+        Q_EMIT portProblemChanged(tr("port error: %1").arg(LinkTexts::shown(portError->text)),
+                                  LinkTexts::shown(portError->help), portError->remedies);
     else if (error.is<YMessageError::DeviceVersion>())
-        Q_EMIT portProblemChanged(QString::fromStdString(error.description()), {});
+        Q_EMIT portProblemChanged(LinkTexts::shown(error), {});
     if (!error.is<YMessageError::PortClosedError>())
         return;
     // The port could be used, and the alert tells what went wrong then.
@@ -67,7 +66,6 @@ void ConnectionWorkflow::messageControllerGotError(const YMessageError& error) {
     const auto* const closed = error.get<YMessageError::PortClosedError>();
     if (closed->reason->is<YMessageError::PortRemoved>())
         Q_EMIT portRemoved();
-    m_prompts.alert(QStringLiteral("Device Error!"),
-                    QStringLiteral("Error: ") + QString::fromStdString(error.description()) + u'.',
+    m_prompts.alert(tr("Device Error!"), tr("Error: %1.").arg(LinkTexts::shown(error)),
                     Prompts::Severity::Critical);
 }

@@ -17,62 +17,63 @@ namespace {
 
 ControlState whileConnected(const WindowState& state, const QString& purpose) {
     if (!state.isConnected)
-        return {false, QStringLiteral("No controller is connected")};
+        return {false, ControlState::tr("No controller is connected")};
     return {true, purpose};
 }
 
 ControlState whileNotReading(const WindowState& state, const QString& purpose) {
     if (state.isConnected && state.isReading)
-        return {false, QStringLiteral("The controller is being read already")};
+        return {false, ControlState::tr("The controller is being read already")};
     return whileConnected(state, purpose);
 }
 
 } // namespace
 
 ControlState ControlStates::load(const WindowState& state) {
-    return whileConnected(state,
-                          QStringLiteral("Replace the light program by the one in the controller"));
+    return whileConnected(
+        state, ControlState::tr("Replace the light program by the one in the controller"));
 }
 
 ControlState ControlStates::send(const WindowState& state) {
-    return whileConnected(state, QStringLiteral("Store the light program in the controller"));
+    return whileConnected(state, ControlState::tr("Store the light program in the controller"));
 }
 
 ControlState ControlStates::live(const WindowState& state) {
     if (state.isConnected && state.isDemo)
-        return {false, QStringLiteral("The demo has the lamp; stop it first")};
-    return whileNotReading(state, QStringLiteral("Show on the lamp what is being edited"));
+        return {false, ControlState::tr("The demo has the lamp; stop it first")};
+    return whileNotReading(state, ControlState::tr("Show on the lamp what is being edited"));
 }
 
 ControlState ControlStates::demo(const WindowState& state) {
     if (state.isDemo)
-        return whileConnected(state, QStringLiteral("Give the lamp back to its own program"));
-    return whileNotReading(state, QStringLiteral("Play the whole day on the lamp"));
+        return whileConnected(state, ControlState::tr("Give the lamp back to its own program"));
+    return whileNotReading(state, ControlState::tr("Play the whole day on the lamp"));
 }
 
 ControlState ControlStates::deviceTime(const WindowState& state) {
-    return whileConnected(state, QStringLiteral("Set the controller's clock"));
+    return whileConnected(state, ControlState::tr("Set the controller's clock"));
 }
 
 ControlState ControlStates::compare(const WindowState& state) {
     if (state.isConnected && state.isDemo)
-        return {false, QStringLiteral("The demo has the lamp; stop it first")};
+        return {false, ControlState::tr("The demo has the lamp; stop it first")};
     if (state.isConnected && state.isLive)
-        return {false, QStringLiteral("Live mode has the lamp; switch it off first")};
-    return whileNotReading(state, QStringLiteral("Tell how the light program differs from the one "
-                                                 "in the controller"));
+        return {false, ControlState::tr("Live mode has the lamp; switch it off first")};
+    return whileNotReading(state,
+                           ControlState::tr("Tell how the light program differs from the one "
+                                            "in the controller"));
 }
 
 ControlState ControlStates::backup(const WindowState& state) {
     return whileNotReading(state,
-                           QStringLiteral("Save what the controller holds, without loading it"));
+                           ControlState::tr("Save what the controller holds, without loading it"));
 }
 
 ControlState ControlStates::editing(const WindowState& state) {
     if (!state.isProgramMode)
-        return {false, QStringLiteral("The lamp follows its analog 1-10 V input; switch to "
-                                      "programmed mode to edit the light program")};
-    return {true, QStringLiteral("Double-click to add a point, drag points up or down and their "
-                                 "time tag sideways.\nArrow keys select and dim, with Alt they "
-                                 "move in time.")};
+        return {false, ControlState::tr("The lamp follows its analog 1-10 V input; switch to "
+                                        "programmed mode to edit the light program")};
+    return {true, ControlState::tr("Double-click to add a point, drag points up or down and their "
+                                   "time tag sideways.\nArrow keys select and dim, with Alt they "
+                                   "move in time.")};
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QString>
 
 class QAction;
@@ -22,6 +23,8 @@ struct ControlState {
     void applyTo(QWidget& widget) const;
     void applyTo(QAction& action) const;
     bool operator==(const ControlState&) const = default;
+
+    Q_DECLARE_TR_FUNCTIONS(ControlState)
 };
 
 /// Which controls can be used, as functions of the state alone.

@@ -30,20 +30,20 @@ void CurveMenu::open(QPoint place, bool isForPoint, const std::optional<AQTimePo
     menu->setAttribute(Qt::WA_DeleteOnClose);
     menu->setToolTipsVisible(true);
     if (isForPoint) {
-        menu->addAction(QStringLiteral("&Edit...\tEnter"), this, [this] {
+        const QString key = QKeySequence(Qt::Key_Enter).toString(QKeySequence::NativeText);
+        menu->addAction(tr("&Edit...") + u'\t' + key, this, [this] {
             if (const AQCurvePoint* selected = m_curveView.selectedPoint())
                 m_curveView.openFields(selected->id());
         });
-        addEntry(*menu, QStringLiteral("&Copy"), m_items.menuitemCopy);
-        addEntry(*menu, QStringLiteral("&Delete"), m_items.menuitemDeletePoint);
+        addEntry(*menu, tr("&Copy"), m_items.menuitemCopy);
+        addEntry(*menu, tr("&Delete"), m_items.menuitemDeletePoint);
     } else {
-        QAction* add =
-            there ? menu->addAction(QStringLiteral("&Add Point Here"), this,
-                                    [this, there] { m_table.addAt(*there); })
-                  : addEntry(*menu, QStringLiteral("&Add Point"), m_items.menuitemAddPoint);
+        QAction* add = there ? menu->addAction(tr("&Add Point Here"), this,
+                                               [this, there] { m_table.addAt(*there); })
+                             : addEntry(*menu, tr("&Add Point"), m_items.menuitemAddPoint);
         add->setEnabled(m_items.menuitemAddPoint.isEnabled());
         add->setToolTip(m_items.menuitemAddPoint.toolTip());
-        addEntry(*menu, QStringLiteral("&Paste"), m_items.menuitemPaste);
+        addEntry(*menu, tr("&Paste"), m_items.menuitemPaste);
     }
     menu->popup(place);
 }

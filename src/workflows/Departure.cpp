@@ -52,8 +52,7 @@ void Departure::onLeft() {
 }
 
 QString Departure::sign() const {
-    return m_isEnding && m_transfers.isSending() ? QStringLiteral("SENDING, THEN QUITTING")
-                                                 : QString();
+    return m_isEnding && m_transfers.isSending() ? tr("SENDING, THEN QUITTING") : QString();
 }
 
 void Departure::linkWasLost() {

@@ -25,12 +25,12 @@ void DeviceBackup::menuBackup() {
 
 void DeviceBackup::onRead(const TransferResult& result, const StoredProgram& program) {
     if (!result.isOk()) {
-        m_prompts.alert(QStringLiteral("Could not load settings from device!"),
-                        QString::fromStdString(result.description()), Prompts::Severity::Critical);
+        m_prompts.alert(tr("Could not load settings from device!"), result.description(),
+                        Prompts::Severity::Critical);
         return;
     }
     const QFileInfo open(m_documents.openFilePath());
-    const QString name = QStringLiteral("Lamp.sq");
+    const QString name = tr("Lamp.sq");
     m_documents.askWhereToWrite(
         m_documents.openFilePath().isEmpty() ? name : open.absolutePath() + u'/' + name,
         [this, program, device = m_data.device()](const QString& path) {
@@ -54,9 +54,9 @@ void DeviceBackup::save(const QString& path, const StoredProgram& program,
     const auto givenBack = DeviceProgramImage::imageOf(*program.contents, channels);
     const ProgramComparison comparison(*program.contents, givenBack, program.image);
     if (!comparison.isEqual())
-        m_prompts.alert(QStringLiteral("Not all levels can be given back exactly!"),
-                        QStringLiteral("%1 was saved. Sent to the device again, it stores levels "
-                                       "that are near to those of now: %2.")
+        m_prompts.alert(tr("Not all levels can be given back exactly!"),
+                        tr("%1 was saved. Sent to the device again, it stores levels "
+                           "that are near to those of now: %2.")
                             .arg(QFileInfo(path).fileName(), comparison.change()),
                         Prompts::Severity::Information);
 }

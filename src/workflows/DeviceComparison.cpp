@@ -34,8 +34,7 @@ void DeviceComparison::onRead(const TransferResult& result, const StoredProgram&
         return;
     }
     if (!result.isOk()) {
-        m_context.prompts.alert(QStringLiteral("Could not compare with the device!"),
-                                QString::fromStdString(result.description()),
+        m_context.prompts.alert(tr("Could not compare with the device!"), result.description(),
                                 Prompts::Severity::Critical);
         return;
     }
@@ -46,12 +45,12 @@ void DeviceComparison::onRead(const TransferResult& result, const StoredProgram&
     const auto& device = m_context.controller.device();
     const int all = device ? device->channelCount.value_or(read) : read;
     if (read < all)
-        notes << QStringLiteral("Of the %1 channels of this controller the first %2 are read and "
-                                "compared.")
+        notes << tr("Of the %1 channels of this controller the first %2 are read and "
+                    "compared.")
                      .arg(all)
                      .arg(read);
     if (m_context.lamp.state() == LampContents::State::analogInput)
-        notes << QStringLiteral("At present the lamp follows its analog input.");
+        notes << tr("At present the lamp follows its analog input.");
     if (!m_panel)
         makePanel();
     auto points = program.contents->points; // in the controller's order
@@ -71,7 +70,7 @@ void DeviceComparison::makePanel() {
 }
 
 void DeviceComparison::take() {
-    m_context.transfers.take(m_read, QStringLiteral("Take the Lamp's Program"));
+    m_context.transfers.take(m_read, tr("Take the Lamp's Program"));
     m_context.documents.noteOtherContents();
 }
 

@@ -52,10 +52,10 @@ DeviceTimePanel::DeviceTimePanel(YMessageController& controller, QWidget* parent
     : QDialog(parent), m_controller(controller), m_clock(std::move(clock)), m_intervals(intervals),
       m_lblDeviceTime(new QLabel(this)), m_lblComputerTime(new QLabel(this)),
       m_lblDifference(new QLabel(this)),
-      m_radioComputerTime(new QRadioButton(QStringLiteral("C&omputer's time"), this)),
-      m_radioCustomTime(new QRadioButton(QStringLiteral("C&ustom time"), this)),
+      m_radioComputerTime(new QRadioButton(tr("C&omputer's time"), this)),
+      m_radioCustomTime(new QRadioButton(tr("C&ustom time"), this)),
       m_pickerCustomTime(new AQDateTimeEdit(this)), m_comboTimezone(new QComboBox(this)),
-      m_chkDaylightSaving(new QCheckBox(QStringLiteral("&Daylight saving"), this)),
+      m_chkDaylightSaving(new QCheckBox(tr("&Daylight saving"), this)),
       m_buttons(new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this)),
       m_updateTimeTimer(new QTimer(this)) {
     setObjectName(QStringLiteral("panelSetDeviceTime"));
@@ -82,7 +82,7 @@ void DeviceTimePanel::setUpControls() {
     m_radioComputerTime->setChecked(true);
     m_radioCustomTime->setObjectName(QStringLiteral("radioCustomTime"));
     m_pickerCustomTime->setObjectName(QStringLiteral("pickerCustomTime"));
-    m_pickerCustomTime->setAccessibleName(QStringLiteral("Custom time"));
+    m_pickerCustomTime->setAccessibleName(tr("Custom time"));
     m_pickerCustomTime->setTimeSpec(Qt::UTC);
     m_pickerCustomTime->setLocale(QLocale(QLocale::English, QLocale::UnitedStates));
     m_pickerCustomTime->setDisplayFormat(QStringLiteral("MM/dd/yyyy, hh:mm:ss AP"));
@@ -92,8 +92,8 @@ void DeviceTimePanel::setUpControls() {
     m_comboTimezone->setObjectName(QStringLiteral("comboTimezone"));
     m_comboTimezone->addItems(TimeZones::names());
     m_chkDaylightSaving->setObjectName(QStringLiteral("chkDaylightSaving"));
-    m_buttons->button(QDialogButtonBox::Ok)->setText(QStringLiteral("OK"));
-    m_buttons->button(QDialogButtonBox::Cancel)->setText(QStringLiteral("Cancel"));
+    m_buttons->button(QDialogButtonBox::Ok)->setText(tr("OK"));
+    m_buttons->button(QDialogButtonBox::Cancel)->setText(tr("Cancel"));
 }
 
 void DeviceTimePanel::setUpLayout() {
@@ -103,16 +103,16 @@ void DeviceTimePanel::setUpLayout() {
     layout->setContentsMargins(16, 16, 16, 16);
     layout->setSizeConstraint(QLayout::SetFixedSize);
     int row = 0;
-    layout->addWidget(new QLabel(QStringLiteral("Controller's clock"), this), row, 0);
+    layout->addWidget(new QLabel(tr("Controller's clock"), this), row, 0);
     layout->addWidget(m_lblDeviceTime, row++, 1);
-    layout->addWidget(new QLabel(QStringLiteral("Computer's clock"), this), row, 0);
+    layout->addWidget(new QLabel(tr("Computer's clock"), this), row, 0);
     layout->addWidget(m_lblComputerTime, row++, 1);
     layout->addWidget(m_lblDifference, row++, 0, 1, 2);
     layout->setRowMinimumHeight(row++, 8);
     layout->addWidget(m_radioComputerTime, row++, 0);
     layout->addWidget(m_radioCustomTime, row, 0);
     layout->addWidget(m_pickerCustomTime, row++, 1);
-    layout->addWidget(caption(QStringLiteral("&Time zone"), m_comboTimezone, this), row, 0);
+    layout->addWidget(caption(tr("&Time zone"), m_comboTimezone, this), row, 0);
     layout->addWidget(m_comboTimezone, row++, 1);
     layout->addWidget(m_chkDaylightSaving, row++, 1);
     layout->setRowMinimumHeight(row++, 8);
@@ -175,7 +175,7 @@ void DeviceTimePanel::onUpdateTime() {
     const QDateTime now = m_clock.now();
     m_lblComputerTime->setText(WallTime::text(WallTime::at(now, m_clock.zone())));
     if (m_deviceTime == DeviceTime::Invalid) {
-        m_lblDeviceTime->setText(QStringLiteral("invalid date from the controller"));
+        m_lblDeviceTime->setText(tr("invalid date from the controller"));
     } else {
         const auto delta = static_cast<qint64>(std::llround(m_deltaTime * msecsPerSecond));
         m_lblDeviceTime->setText(
@@ -188,13 +188,12 @@ void DeviceTimePanel::updateDifference() {
     switch (m_deviceTime) {
     case DeviceTime::Unknown:
         m_lblDifference->setText(
-            m_isConnected
-                ? QStringLiteral("The controller has not told the time of its clock yet.")
-                : QStringLiteral("The controller is not connected; its clock cannot be set."));
+            m_isConnected ? tr("The controller has not told the time of its clock yet.")
+                          : tr("The controller is not connected; its clock cannot be set."));
         break;
     case DeviceTime::Invalid:
-        m_lblDifference->setText(QStringLiteral("There is no such date as the controller's: %1. "
-                                                "\"OK\" sets its clock.")
+        m_lblDifference->setText(tr("There is no such date as the controller's: %1. "
+                                    "\"OK\" sets its clock.")
                                      .arg(m_invalidDate));
         break;
     case DeviceTime::Known: {
@@ -211,8 +210,8 @@ void DeviceTimePanel::setConnected(bool isConnected) {
     m_isConnected = isConnected;
     QPushButton* ok = m_buttons->button(QDialogButtonBox::Ok);
     ok->setEnabled(isConnected);
-    ok->setToolTip(isConnected ? QStringLiteral("Set the controller's clock")
-                               : QStringLiteral("The controller is not connected"));
+    ok->setToolTip(isConnected ? tr("Set the controller's clock")
+                               : tr("The controller is not connected"));
     if (!isConnected)
         m_deviceTime = DeviceTime::Unknown;
     else if (isBack)

@@ -12,20 +12,19 @@
 DiagnosticsPanel::DiagnosticsPanel(QWidget* parent)
     : QDialog(parent), m_text(new QPlainTextEdit(this)) {
     setObjectName(QStringLiteral("panelDiagnostics"));
-    setWindowTitle(QStringLiteral("Diagnostics"));
+    setWindowTitle(tr("Diagnostics"));
     setWindowModality(Qt::ApplicationModal);
     resize(800, 480);
     m_text->setReadOnly(true);
     m_text->setLineWrapMode(QPlainTextEdit::NoWrap);
     m_text->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    m_text->setAccessibleName(QStringLiteral("Diagnostics"));
-    auto* label =
-        new QLabel(QStringLiteral("This is what is copied, for those who help you. It holds no "
-                                  "more than is shown here."),
-                   this);
+    m_text->setAccessibleName(tr("Diagnostics"));
+    auto* label = new QLabel(tr("This is what is copied, for those who help you. It holds no "
+                                "more than is shown here."),
+                             this);
     label->setWordWrap(true);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
-    auto* copyButton = buttons->addButton(QStringLiteral("&Copy"), QDialogButtonBox::AcceptRole);
+    auto* copyButton = buttons->addButton(tr("&Copy"), QDialogButtonBox::AcceptRole);
     copyButton->setDefault(true);
     connect(buttons, &QDialogButtonBox::accepted, this, &DiagnosticsPanel::copy);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);

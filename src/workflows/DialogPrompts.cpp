@@ -10,7 +10,7 @@
 namespace {
 
 QString fileTypeFilter() {
-    return QStringLiteral("Aquelon light programs (*.sq)");
+    return DialogPrompts::tr("Aquelon light programs (*.sq)");
 }
 
 /// Shows a file dialog and hands on the one chosen file, or none.
@@ -68,9 +68,9 @@ void DialogPrompts::askToSave(const QString& message, const QString& informative
     QMessageBox* box = makeBox(message, informative);
     box->setIcon(QMessageBox::Warning);
     // ActionRole keeps the three buttons in the order in which they are added, on every desktop.
-    auto* yes = box->addButton(QStringLiteral("&Yes"), QMessageBox::ActionRole);
-    auto* no = box->addButton(QStringLiteral("&No"), QMessageBox::ActionRole);
-    auto* cancel = box->addButton(QStringLiteral("&Cancel"), QMessageBox::ActionRole);
+    auto* yes = box->addButton(DialogPrompts::tr("&Yes"), QMessageBox::ActionRole);
+    auto* no = box->addButton(DialogPrompts::tr("&No"), QMessageBox::ActionRole);
+    auto* cancel = box->addButton(DialogPrompts::tr("&Cancel"), QMessageBox::ActionRole);
     box->setDefaultButton(yes);
     box->setEscapeButton(cancel);
     QObject::connect(box, &QDialog::finished, box, [box, yes, no, done] {
@@ -112,7 +112,7 @@ void DialogPrompts::offer(const QString& message, const QString& informative, co
     QMessageBox* box = makeBox(message, informative);
     box->setIcon(QMessageBox::Question);
     const auto* offered = box->addButton(button, QMessageBox::AcceptRole);
-    auto* cancel = box->addButton(QStringLiteral("&Cancel"), QMessageBox::RejectRole);
+    auto* cancel = box->addButton(DialogPrompts::tr("&Cancel"), QMessageBox::RejectRole);
     box->setDefaultButton(cancel);
     box->setEscapeButton(cancel);
     QObject::connect(box, &QDialog::finished, box,
@@ -125,8 +125,8 @@ void DialogPrompts::askToRecover(const QString& message, const QString& informat
     QMessageBox* box = makeBox(message, informative);
     box->setWindowModality(Qt::NonModal);
     box->setIcon(QMessageBox::Question);
-    auto* recover = box->addButton(QStringLiteral("&Recover"), QMessageBox::AcceptRole);
-    box->addButton(QStringLiteral("&Discard"), QMessageBox::DestructiveRole);
+    auto* recover = box->addButton(DialogPrompts::tr("&Recover"), QMessageBox::AcceptRole);
+    box->addButton(DialogPrompts::tr("&Discard"), QMessageBox::DestructiveRole);
     // Neither button is what Escape or closing could mean.
     box->setDefaultButton(recover);
     QObject::connect(box, &QDialog::finished, box,
@@ -151,7 +151,7 @@ void DialogPrompts::alert(const QString& message, const QString& informative, Se
 }
 
 void DialogPrompts::askForFileToOpen(std::function<void(std::optional<QString>)> done) {
-    auto* dialog = new QFileDialog(m_parent, QStringLiteral("Open Light Program"));
+    auto* dialog = new QFileDialog(m_parent, DialogPrompts::tr("Open Light Program"));
     dialog->setAcceptMode(QFileDialog::AcceptOpen);
     dialog->setFileMode(QFileDialog::ExistingFile);
     dialog->setDefaultSuffix(QStringLiteral("sq"));
@@ -160,7 +160,7 @@ void DialogPrompts::askForFileToOpen(std::function<void(std::optional<QString>)>
 
 void DialogPrompts::askWhereToSave(const QString& suggested,
                                    std::function<void(std::optional<QString>)> done) {
-    auto* dialog = new QFileDialog(m_parent, QStringLiteral("Save Light Program"));
+    auto* dialog = new QFileDialog(m_parent, DialogPrompts::tr("Save Light Program"));
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setFileMode(QFileDialog::AnyFile);
     const QFileInfo file(suggested);

@@ -2,6 +2,7 @@
 
 #include "workflows/Prompts.h"
 
+#include <QCoreApplication>
 #include <QPointer>
 
 class QMessageBox;
@@ -35,4 +36,6 @@ private:
 
     QPointer<QWidget> m_parent;
     QPointer<QMessageBox> m_lastAlert; ///< shown, or waiting for the one before it
+
+    Q_DECLARE_TR_FUNCTIONS(DialogPrompts)
 };

@@ -6,14 +6,12 @@
 
 #include <spdlog/spdlog.h>
 
+#include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFileInfo>
 
 namespace {
-
-const QString unsavedChanges =
-    QStringLiteral("There are unsaved changes. Do you want to save them first?");
 
 QByteArray sumOf(const QByteArray& fileContents) {
     return QCryptographicHash::hash(fileContents, QCryptographicHash::Sha256);
@@ -28,8 +26,7 @@ DocumentCommands::DocumentCommands(AQDataSource& data, Prompts& prompts, QObject
 }
 
 QString DocumentCommands::windowTitle() const {
-    QString name = m_openFilePath.isEmpty() ? QStringLiteral("Untitled")
-                                            : QFileInfo(m_openFilePath).fileName();
+    QString name = m_openFilePath.isEmpty() ? tr("Untitled") : QFileInfo(m_openFilePath).fileName();
     // Window titles give "[*]" a meaning of their own; doubled it is shown as it stands.
     name.replace(QLatin1String("[*]"), QLatin1String("[*][*]"));
     return QStringLiteral("Aquelon - ") + name +
@@ -41,7 +38,7 @@ void DocumentCommands::askAboutChanges(const QString& message, Continuation goOn
         goOn();
         return;
     }
-    m_prompts.askToSave(message, unsavedChanges,
+    m_prompts.askToSave(message, tr("There are unsaved changes. Do you want to save them first?"),
                         [this, goOn = std::move(goOn)](Prompts::SaveAnswer answer) {
                             if (answer == Prompts::SaveAnswer::Save)
                                 saveOrAskWhere(goOn);
@@ -51,7 +48,7 @@ void DocumentCommands::askAboutChanges(const QString& message, Continuation goOn
 }
 
 void DocumentCommands::loadDefaults() {
-    askAboutChanges(QStringLiteral("Save changes before loading defaults?"), [this] {
+    askAboutChanges(tr("Save changes before loading defaults?"), [this] {
         m_data.loadDefaults();
         m_data.markSaved();
         m_data.history().restart();
@@ -64,7 +61,7 @@ void DocumentCommands::loadDefaults() {
 }
 
 void DocumentCommands::open() {
-    askAboutChanges(QStringLiteral("Save changes before opening new file?"), [this] {
+    askAboutChanges(tr("Save changes before opening new file?"), [this] {
         m_prompts.askForFileToOpen([this](const std::optional<QString>& path) {
             if (path)
                 read(*path);
@@ -74,7 +71,7 @@ void DocumentCommands::open() {
 
 void DocumentCommands::openPath(const QString& path) {
     const QString absolute = QDir::current().absoluteFilePath(path);
-    askAboutChanges(QStringLiteral("Save changes before opening new file?"),
+    askAboutChanges(tr("Save changes before opening new file?"),
                     [this, absolute] { read(absolute); });
 }
 
@@ -94,13 +91,12 @@ void DocumentCommands::read(const QString& path) {
     }
     if (m_data.contents() != before) {
         m_holdsPartsOfAnotherFile = true;
-        m_data.noteStep(QStringLiteral("Open ") + QFileInfo(path).fileName(), selected);
+        m_data.noteStep(tr("Open %1").arg(QFileInfo(path).fileName()), selected);
     }
     SPDLOG_ERROR("{}: {}", path.toStdString(), m_reader.errorString().toStdString());
     m_prompts.alert(
-        QStringLiteral("Could not open file!"),
-        path + QStringLiteral(
-                   " could not be opened. Maybe the file is corrupt or contains invalid data."),
+        tr("Could not open file!"),
+        tr("%1 could not be opened. Maybe the file is corrupt or contains invalid data.").arg(path),
         Prompts::Severity::Critical);
 }
 
@@ -141,7 +137,7 @@ void DocumentCommands::saveOverOwnFile(const Continuation& saved) {
 
 void DocumentCommands::askWhereThenSave(const Continuation& saved) {
     const QString suggested =
-        m_openFilePath.isEmpty() ? QStringLiteral("Untitled.sq") : m_openFilePath;
+        m_openFilePath.isEmpty() ? tr("Untitled") + QStringLiteral(".sq") : m_openFilePath;
     askWhereToWrite(suggested, [this, saved](const QString& path) { write(path, saved); });
 }
 
@@ -158,7 +154,7 @@ void DocumentCommands::askWhereToWrite(const QString& suggested,
         // save panel asked about replacing a file of the typed name, not of this longer one.
         const QString file = *path + QStringLiteral(".sq");
         if (QFileInfo::exists(file))
-            confirmThen(QFileInfo(file).fileName() + QStringLiteral(" exists already."),
+            confirmThen(tr("%1 exists already.").arg(QFileInfo(file).fileName()),
                         [write, file] { write(file); });
         else
             write(file);
@@ -166,9 +162,9 @@ void DocumentCommands::askWhereToWrite(const QString& suggested,
 }
 
 void DocumentCommands::confirmThen(const QString& reason, const Continuation& write) {
-    m_prompts.confirm(QStringLiteral("The file will be overwritten!"),
-                      reason + QStringLiteral(" Are you sure you want to continue?"),
-                      Prompts::Answer::No, [write](bool yes) {
+    m_prompts.confirm(tr("The file will be overwritten!"),
+                      reason + u' ' + tr("Are you sure you want to continue?"), Prompts::Answer::No,
+                      [write](bool yes) {
                           if (yes)
                               write();
                       });
@@ -190,8 +186,8 @@ void DocumentCommands::write(const QString& path, const Continuation& saved) {
 
 void DocumentCommands::tellNotSaved(const QString& path, const QString& reason) {
     SPDLOG_ERROR("{}: {}", path.toStdString(), reason.toStdString());
-    m_prompts.alert(QStringLiteral("Could not save file!"),
-                    QStringLiteral("There was an error while saving to ") + path,
+    m_prompts.alert(tr("Could not save file!"),
+                    tr("There was an error while saving to %1").arg(path),
                     Prompts::Severity::Critical);
 }
 
@@ -201,12 +197,12 @@ QString DocumentCommands::reasonNotToOverwrite() const {
         const auto [bytes, fault] =
             RegularFile::read(m_openFilePath, AQDataSourceReader::maxFileSize);
         if (!fault.isEmpty())
-            return QStringLiteral("%1 cannot be read any more (%2).").arg(name, fault);
+            return tr("%1 cannot be read any more (%2).")
+                .arg(name, QCoreApplication::translate("File", fault.toUtf8()));
         if (sumOf(bytes) != m_openFileSum)
-            return name + QStringLiteral(" was changed by another program since it was opened.");
+            return tr("%1 was changed by another program since it was opened.").arg(name);
     }
     if (m_holdsPartsOfAnotherFile)
-        return QStringLiteral("The program in the window is not the one that was opened from ") +
-               name + u'.';
+        return tr("The program in the window is not the one that was opened from %1.").arg(name);
     return {};
 }

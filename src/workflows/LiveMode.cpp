@@ -7,7 +7,9 @@
 
 namespace {
 
-const QString previewSign = QStringLiteral("LIVE PREVIEW");
+QString previewSign() {
+    return LiveMode::tr("LIVE PREVIEW");
+}
 
 } // namespace
 
@@ -56,8 +58,8 @@ void LiveMode::setSuspended(bool isSuspended) {
 void LiveMode::takeLamp() {
     if (!hasLamp())
         return;
-    m_lamp.take(editedLight() ? previewSign
-                              : QStringLiteral("LIVE PREVIEW: select a point or the task light"));
+    m_lamp.take(editedLight() ? previewSign()
+                              : tr("LIVE PREVIEW: select a point or the task light"));
     m_liveModeTimer->start(m_intervals.keepAlive);
     m_shown.reset();
     showEditedLight();
@@ -102,7 +104,7 @@ void LiveMode::showEditedLight() {
     if (m_shown == shown)
         return;
     m_shown = shown;
-    m_lamp.setSign(previewSign);
+    m_lamp.setSign(previewSign());
     m_lamp.show(levels);
     m_liveModeTimer->start(m_intervals.keepAlive);
 }

@@ -12,7 +12,7 @@
 namespace {
 
 QString analogInputReason() {
-    return QStringLiteral("Not while the lamp follows its analog 1-10 V input");
+    return PointTable::tr("Not while the lamp follows its analog 1-10 V input");
 }
 
 } // namespace
@@ -66,8 +66,8 @@ bool PointTable::canAdd() {
 }
 
 QString PointTable::limitReason() const {
-    return (m_data.device() ? QStringLiteral("The controller holds no more than %1 points")
-                            : QStringLiteral("A program holds no more than %1 points"))
+    return (m_data.device() ? tr("The controller holds no more than %1 points")
+                            : tr("A program holds no more than %1 points"))
         .arg(m_data.sequence().pointLimit());
 }
 
@@ -81,12 +81,12 @@ void PointTable::onTableItemDelete() {
 }
 
 void PointTable::updateButtons() {
-    ControlState add{true, QStringLiteral("Add a point after the selected one")};
+    ControlState add{true, tr("Add a point after the selected one")};
     if (!m_data.sequence().hasSpace())
         add = {false, limitReason()};
-    ControlState remove{true, QStringLiteral("Delete the selected point")};
+    ControlState remove{true, tr("Delete the selected point")};
     if (m_data.selection().row() < 0)
-        remove = {false, QStringLiteral("Select a point first")};
+        remove = {false, tr("Select a point first")};
     if (!m_editingEnabled)
         add = remove = {false, analogInputReason()};
     add.applyTo(m_outlets.bttnTableItemAdd);

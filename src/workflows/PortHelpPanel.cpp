@@ -1,5 +1,7 @@
 #include "workflows/PortHelpPanel.h"
 
+#include "workflows/LinkTexts.h"
+
 #include <QApplication>
 #include <QClipboard>
 #include <QDialogButtonBox>
@@ -46,13 +48,13 @@ void PortHelpPanel::setProblem(const QString& help,
 void PortHelpPanel::addRemedy(const YMessageError::PortRemedy& remedy) {
     auto* grid = static_cast<QGridLayout*>(m_remedies->layout());
     const QString command = QString::fromStdString(remedy.command);
-    auto* caption = new QLabel(QString::fromStdString(remedy.what), m_remedies);
+    auto* caption = new QLabel(LinkTexts::shown(remedy.what), m_remedies);
     auto* field = new QLineEdit(command, m_remedies);
     field->setReadOnly(true);
     field->setCursorPosition(0);
     caption->setBuddy(field);
-    auto* copy = new QPushButton(QStringLiteral("Copy"), m_remedies);
-    copy->setAccessibleName(QStringLiteral("Copy: ") + command);
+    auto* copy = new QPushButton(tr("Copy"), m_remedies);
+    copy->setAccessibleName(tr("Copy: %1").arg(command));
     copy->setAutoDefault(false);
     connect(copy, &QPushButton::clicked, copy,
             [command] { QApplication::clipboard()->setText(command); });

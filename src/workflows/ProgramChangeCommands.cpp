@@ -30,10 +30,10 @@ void ProgramChangeCommands::setEditing(const ControlState& editing) {
 }
 
 void ProgramChangeCommands::updateItems() {
-    ControlState shift{true, QStringLiteral("Move all points later or earlier")};
-    ControlState scale{true, QStringLiteral("Make all points brighter or darker")};
+    ControlState shift{true, tr("Move all points later or earlier")};
+    ControlState scale{true, tr("Make all points brighter or darker")};
     if (m_data.sequence().count() == 0)
-        shift = scale = {false, QStringLiteral("The program has no points")};
+        shift = scale = {false, tr("The program has no points")};
     if (!m_editing.isEnabled)
         shift = scale = m_editing;
     shift.applyTo(m_outlets.menuitemShiftDay);

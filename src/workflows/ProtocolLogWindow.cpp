@@ -14,18 +14,18 @@
 ProtocolLogWindow::ProtocolLogWindow(SessionTrace& trace, QWidget* parent)
     : QDialog(parent), m_text(new QPlainTextEdit(this)) {
     setObjectName(QStringLiteral("windowProtocolLog"));
-    setWindowTitle(QStringLiteral("Protocol Log"));
+    setWindowTitle(tr("Protocol Log"));
     setAttribute(Qt::WA_DeleteOnClose);
     resize(800, 480);
     m_text->setReadOnly(true);
     m_text->setLineWrapMode(QPlainTextEdit::NoWrap);
     m_text->setMaximumBlockCount(mostLines);
     m_text->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    m_text->setAccessibleName(QStringLiteral("Protocol log"));
-    auto* pause = new QCheckBox(QStringLiteral("&Pause"), this);
+    m_text->setAccessibleName(tr("Protocol log"));
+    auto* pause = new QCheckBox(tr("&Pause"), this);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
     buttons->addButton(pause, QDialogButtonBox::ActionRole);
-    auto* saveButton = buttons->addButton(QStringLiteral("&Save..."), QDialogButtonBox::ActionRole);
+    auto* saveButton = buttons->addButton(tr("&Save..."), QDialogButtonBox::ActionRole);
     // Enter would close the window.
     for (QAbstractButton* button : buttons->buttons())
         if (auto* pushButton = qobject_cast<QPushButton*>(button))
@@ -59,7 +59,7 @@ void ProtocolLogWindow::setPaused(bool isPaused) {
 }
 
 void ProtocolLogWindow::askWhereToSave() {
-    auto* dialog = new QFileDialog(this, QStringLiteral("Save Protocol Log"));
+    auto* dialog = new QFileDialog(this, tr("Save Protocol Log"));
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setWindowModality(Qt::ApplicationModal);
     dialog->setAcceptMode(QFileDialog::AcceptSave);

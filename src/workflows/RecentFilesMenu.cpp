@@ -65,9 +65,9 @@ void RecentFilesMenu::fill() {
                 [this, path = entry.path] { Q_EMIT chosen(path); });
     }
     if (entries.empty())
-        m_menu.addAction(QStringLiteral("No Recent Files"))->setEnabled(false);
+        m_menu.addAction(tr("No Recent Files"))->setEnabled(false);
     m_menu.addSeparator();
-    QAction* clear = m_menu.addAction(QStringLiteral("&Clear List"));
+    QAction* clear = m_menu.addAction(tr("&Clear List"));
     clear->setEnabled(hasOurs);
     connect(clear, &QAction::triggered, this, [this] { m_files.clear(); });
 }

@@ -23,19 +23,19 @@ QString timeText(const QDateTime& time) {
     const QDateTime here = time.toLocalTime();
     const bool isToday = here.date() == QDate::currentDate();
     return QLocale::c().toString(here, isToday ? QStringLiteral("HH:mm")
-                                               : QStringLiteral("HH:mm, d MMMM yyyy"));
+                                               : Recovery::tr("HH:mm, d MMMM yyyy"));
 }
 
 QString question(const RecoveryCopy::Contents& copy) {
-    return (copy.wasEnded ? QStringLiteral("Aquelon was ended with unsaved work.")
-                          : QStringLiteral("Aquelon ended unexpectedly.")) +
-           QStringLiteral(" Recover the program as of ") + timeText(copy.time) + u'?';
+    return (copy.wasEnded ? Recovery::tr("Aquelon was ended with unsaved work.")
+                          : Recovery::tr("Aquelon ended unexpectedly.")) +
+           u' ' + Recovery::tr("Recover the program as of %1?").arg(timeText(copy.time));
 }
 
 QString description(const RecoveryCopy::Contents& copy) {
     return copy.file.isEmpty()
-               ? QStringLiteral("It has not been saved in a file.")
-               : QStringLiteral("It holds changes that are not in the file ") + copy.file + u'.';
+               ? Recovery::tr("It has not been saved in a file.")
+               : Recovery::tr("It holds changes that are not in the file %1.").arg(copy.file);
 }
 
 bool isSameFile(const QString& one, const QString& other) {
@@ -95,12 +95,11 @@ void Recovery::write(bool isEnding) {
     SPDLOG_ERROR("recovery copy in {}: {}", m_folder.toStdString(), fault.toStdString());
     if (isEnding || std::exchange(m_wasFaultTold, true))
         return;
-    m_prompts.alert(
-        QStringLiteral("Could not write a recovery copy!"),
-        QStringLiteral("Until they are saved, changes would be lost if Aquelon or the computer "
+    m_prompts.alert(tr("Could not write a recovery copy!"),
+                    tr("Until they are saved, changes would be lost if Aquelon or the computer "
                        "ended unexpectedly. No copy can be kept in %1: %2.")
-            .arg(m_folder, fault),
-        Prompts::Severity::Information);
+                        .arg(m_folder, QCoreApplication::translate("File", fault.toUtf8())),
+                    Prompts::Severity::Information);
 }
 
 void Recovery::offerCopies(const QString& file) {

@@ -15,12 +15,12 @@ ScaleIntensityPanel::ScaleIntensityPanel(AQDataSource& document, const QWidget& 
                                          QWidget* parent)
     : ProgramChangePanel(document, uncovered, parent), m_spinScale(new QSpinBox(this)) {
     setObjectName(QStringLiteral("panelScaleIntensity"));
-    setWindowTitle(QStringLiteral("Scale Intensity"));
+    setWindowTitle(tr("Scale Intensity"));
     m_spinScale->setObjectName(QStringLiteral("spinScale"));
     m_spinScale->setRange(1, 200);
     m_spinScale->setSuffix(QStringLiteral(" %"));
-    m_spinScale->setToolTip(QStringLiteral("No point gets brighter than 100 %"));
-    form().addRow(QStringLiteral("&Scale to"), m_spinScale);
+    m_spinScale->setToolTip(tr("No point gets brighter than 100 %"));
+    form().addRow(tr("&Scale to"), m_spinScale);
     connect(m_spinScale, &QSpinBox::valueChanged, this, &ScaleIntensityPanel::refreshPreview);
 }
 
@@ -36,5 +36,5 @@ ScaleIntensityPanel::changed(const std::vector<AQTimePoint>& points) const {
 }
 
 QString ScaleIntensityPanel::stepName() const {
-    return QStringLiteral("Scale Intensity to %1 %").arg(m_spinScale->value());
+    return tr("Scale Intensity to %1 %").arg(m_spinScale->value());
 }

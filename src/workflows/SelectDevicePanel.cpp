@@ -8,12 +8,6 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-namespace {
-
-const QString comboDeviceItemPrefix = QStringLiteral("Aquelon Controller ");
-
-} // namespace
-
 SelectDevicePanel::SelectDevicePanel(QWidget* parent) : QDialog(parent) {
     setObjectName(QStringLiteral("panelSelectDevice"));
     setWindowTitle(QStringLiteral("Aquelon"));
@@ -22,15 +16,15 @@ SelectDevicePanel::SelectDevicePanel(QWidget* parent) : QDialog(parent) {
 
 void SelectDevicePanel::makeControls() {
     m_comboDeviceList = new QComboBox(this);
-    m_lblNone = new QLabel(QStringLiteral("No Aquelon controller is plugged in."), this);
+    m_lblNone = new QLabel(tr("No Aquelon controller is plugged in."), this);
     m_comboDeviceList->setObjectName(QStringLiteral("comboDeviceList"));
-    m_comboDeviceList->setAccessibleName(QStringLiteral("Controller"));
+    m_comboDeviceList->setAccessibleName(tr("Controller"));
     m_comboDeviceList->setMinimumContentsLength(32);
-    auto* label = new QLabel(QStringLiteral("&Controller to connect to:"), this);
+    auto* label = new QLabel(tr("&Controller to connect to:"), this);
     label->setBuddy(m_comboDeviceList);
 
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
-    buttons->button(QDialogButtonBox::Ok)->setText(QStringLiteral("OK"));
+    buttons->button(QDialogButtonBox::Ok)->setText(tr("OK"));
     connect(buttons, &QDialogButtonBox::accepted, this, &SelectDevicePanel::onAccepted);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 
@@ -50,8 +44,9 @@ void SelectDevicePanel::run(const std::vector<SerialPortInfo>& ports) {
         makeControls();
     m_comboDeviceList->clear();
     for (const SerialPortInfo& port : ports)
-        m_comboDeviceList->addItem(comboDeviceItemPrefix + QString::fromStdString(port.path),
-                                   QString::fromStdString(port.path));
+        m_comboDeviceList->addItem(
+            tr("Aquelon Controller %1").arg(QString::fromStdString(port.path)),
+            QString::fromStdString(port.path));
     m_comboDeviceList->setCurrentIndex(ports.empty() ? -1 : 0);
     m_comboDeviceList->setEnabled(!ports.empty());
     m_lblNone->setVisible(ports.empty());

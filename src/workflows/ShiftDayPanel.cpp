@@ -18,12 +18,12 @@ int minutesOf(const QTime& time) {
 
 ShiftDayPanel::ShiftDayPanel(AQDataSource& document, const QWidget& uncovered, QWidget* parent)
     : ProgramChangePanel(document, uncovered, parent), m_pickerShift(new QTimeEdit(this)),
-      m_radioLater(new QRadioButton(QStringLiteral("&Later"), this)),
-      m_radioEarlier(new QRadioButton(QStringLiteral("&Earlier"), this)) {
+      m_radioLater(new QRadioButton(tr("&Later"), this)),
+      m_radioEarlier(new QRadioButton(tr("&Earlier"), this)) {
     setObjectName(QStringLiteral("panelShiftDay"));
-    setWindowTitle(QStringLiteral("Shift Day"));
+    setWindowTitle(tr("Shift Day"));
     m_pickerShift->setObjectName(QStringLiteral("pickerShift"));
-    m_pickerShift->setAccessibleName(QStringLiteral("Hours and minutes"));
+    m_pickerShift->setAccessibleName(tr("Hours and minutes"));
     m_pickerShift->setLocale(QLocale::c());
     m_pickerShift->setDisplayFormat(QStringLiteral("h:mm"));
     m_radioLater->setObjectName(QStringLiteral("radioLater"));
@@ -33,7 +33,7 @@ ShiftDayPanel::ShiftDayPanel(AQDataSource& document, const QWidget& uncovered, Q
     fields->addWidget(m_pickerShift);
     fields->addWidget(m_radioLater);
     fields->addWidget(m_radioEarlier);
-    form().addRow(QStringLiteral("&Shift by"), fields);
+    form().addRow(tr("&Shift by"), fields);
     qobject_cast<QLabel*>(form().labelForField(fields))->setBuddy(m_pickerShift);
 
     connect(m_pickerShift, &QTimeEdit::timeChanged, this, &ShiftDayPanel::refreshPreview);
@@ -53,7 +53,7 @@ std::vector<AQTimePoint> ShiftDayPanel::changed(const std::vector<AQTimePoint>& 
 }
 
 QString ShiftDayPanel::stepName() const {
-    return QStringLiteral("Shift Day by %1%2")
+    return tr("Shift Day by %1%2")
         .arg(m_radioLater->isChecked() ? QStringLiteral("+") : QStringLiteral("−"),
              m_pickerShift->text());
 }

@@ -7,7 +7,9 @@
 
 namespace {
 
-const QString saveFirst = QStringLiteral("Save changes before loading settings");
+QString saveFirst() {
+    return TransferWorkflow::tr("Save changes before loading settings");
+}
 
 } // namespace
 
@@ -25,25 +27,25 @@ void TransferWorkflow::onBttnLoadFromDevice() {
     if (m_transfers.isLoading())
         m_transfers.load();
     else
-        m_documents.askAboutChanges(saveFirst, [this] { m_transfers.load(); });
+        m_documents.askAboutChanges(saveFirst(), [this] { m_transfers.load(); });
 }
 
 void TransferWorkflow::onDisturbed() {
-    m_documents.askAboutChanges(saveFirst, [this] { m_transfers.replaceDocument(); });
+    m_documents.askAboutChanges(saveFirst(), [this] { m_transfers.replaceDocument(); });
 }
 
 void TransferWorkflow::loadResult(const TransferResult& result, bool isOther) {
     if (!result.isOk())
-        m_prompts.alert(QStringLiteral("Could not load settings from device!"),
-                        QString::fromStdString(result.description()), Prompts::Severity::Critical);
+        m_prompts.alert(tr("Could not load settings from device!"), result.description(),
+                        Prompts::Severity::Critical);
     else if (isOther)
         m_documents.noteOtherContents();
 }
 
 void TransferWorkflow::onBttnSaveToDevice() {
-    m_prompts.confirmWithNote(QStringLiteral("The device settings will be overwritten!"),
-                              QStringLiteral("Are you sure you want to continue?"),
-                              m_lamp.changeBySending(), Prompts::Answer::Yes,
+    m_prompts.confirmWithNote(tr("The device settings will be overwritten!"),
+                              tr("Are you sure you want to continue?"), m_lamp.changeBySending(),
+                              Prompts::Answer::Yes,
                               [this, asked = m_transfers.portPath()](bool yes) {
                                   // The link may have gone to another lamp meanwhile.
                                   if (yes && m_transfers.portPath() != asked)
@@ -55,16 +57,16 @@ void TransferWorkflow::onBttnSaveToDevice() {
 
 void TransferWorkflow::sendResult(const TransferResult& result, const QString& difference) {
     if (!result.isOk()) {
-        m_prompts.alert(QStringLiteral("Could not send settings to device!"),
-                        QString::fromStdString(result.description()), Prompts::Severity::Critical);
+        m_prompts.alert(tr("Could not send settings to device!"), result.description(),
+                        Prompts::Severity::Critical);
         return;
     }
     if (m_isQuiet)
         return;
-    m_prompts.alert(QStringLiteral("Upload was successfull!"),
-                    QStringLiteral("Your settings have been applied to the device."),
+    m_prompts.alert(tr("Upload was successfull!"),
+                    tr("Your settings have been applied to the device."),
                     Prompts::Severity::Information);
     if (!difference.isEmpty())
-        m_prompts.alert(QStringLiteral("The device stored something else!"), difference,
+        m_prompts.alert(tr("The device stored something else!"), difference,
                         Prompts::Severity::Critical);
 }

@@ -10,12 +10,13 @@ namespace {
 
 constexpr qsizetype longestName = 48;
 
-void show(QAction& item, bool isEnabled, const QString& verb, const QString& step) {
+void show(QAction& item, bool isEnabled, const QString& verb, const QString& verbWithName,
+          const QString& step) {
     item.setEnabled(isEnabled);
     // A file's name may be long, and hold what a menu takes for a mnemonic.
     QString name = step.size() > longestName ? step.left(longestName - 1) + u'\u2026' : step;
     name.replace(u'&', QLatin1String("&&"));
-    item.setText(name.isEmpty() ? verb : verb + u' ' + name);
+    item.setText(name.isEmpty() ? verb : verbWithName.arg(name));
 }
 
 } // namespace
@@ -32,6 +33,6 @@ UndoCommands::UndoCommands(History& history, QAction& menuitemUndo, QAction& men
 }
 
 void UndoCommands::refresh() {
-    show(m_undo, m_history.canUndo(), QStringLiteral("&Undo"), m_history.undoName());
-    show(m_redo, m_history.canRedo(), QStringLiteral("&Redo"), m_history.redoName());
+    show(m_undo, m_history.canUndo(), tr("&Undo"), tr("&Undo %1"), m_history.undoName());
+    show(m_redo, m_history.canRedo(), tr("&Redo"), tr("&Redo %1"), m_history.redoName());
 }

@@ -2,6 +2,7 @@
 
 #include "yprotocoll/YAnswers.h"
 
+#include <QCoreApplication>
 #include <QLocale>
 #include <QStringList>
 #include <QTimeZone>
@@ -35,30 +36,44 @@ QString text(const QDateTime& wallTime) {
 QString differenceText(double seconds) {
     const qint64 difference = std::llround(seconds);
     if (std::abs(difference) <= 1)
-        return QStringLiteral("The controller's clock shows the same time as the computer's.");
+        return QCoreApplication::translate(
+            "WallTime", "The controller's clock shows the same time as the computer's.");
 
     struct Unit {
         qint64 seconds;
-        const char16_t* name;
+        const char* one;
+        const char* several;
     };
-    constexpr std::array<Unit, 4> units{
-        {{86400, u"day"}, {3600, u"hour"}, {60, u"minute"}, {1, u"second"}}};
+    constexpr std::array<Unit, 4> units{{
+        {86400, QT_TRANSLATE_NOOP("WallTime", "1 day"), QT_TRANSLATE_N_NOOP("WallTime", "%n days")},
+        {3600, QT_TRANSLATE_NOOP("WallTime", "1 hour"),
+         QT_TRANSLATE_N_NOOP("WallTime", "%n hours")},
+        {60, QT_TRANSLATE_NOOP("WallTime", "1 minute"),
+         QT_TRANSLATE_N_NOOP("WallTime", "%n minutes")},
+        {1, QT_TRANSLATE_NOOP("WallTime", "1 second"),
+         QT_TRANSLATE_N_NOOP("WallTime", "%n seconds")},
+    }};
     QStringList parts;
     qint64 rest = std::abs(difference);
     bool isSecondPart = false;
     for (const Unit& unit : units) {
-        const qint64 amount = rest / unit.seconds;
+        const auto amount = static_cast<int>(rest / unit.seconds);
         rest %= unit.seconds;
         if (amount > 0)
-            parts << QStringLiteral("%1 %2%3").arg(amount).arg(
-                QString::fromUtf16(unit.name), amount == 1 ? QString() : QStringLiteral("s"));
+            parts << (amount == 1
+                          ? QCoreApplication::translate("WallTime", unit.one)
+                          : QCoreApplication::translate("WallTime", unit.several, nullptr, amount));
         if (isSecondPart)
             break;
         isSecondPart = !parts.isEmpty();
     }
-    return QStringLiteral("The controller's clock is %1 %2 the computer's.")
-        .arg(parts.join(u' '),
-             difference < 0 ? QStringLiteral("behind") : QStringLiteral("ahead of"));
+    const QString text =
+        difference < 0
+            ? QCoreApplication::translate("WallTime",
+                                          "The controller's clock is %1 behind the computer's.")
+            : QCoreApplication::translate("WallTime",
+                                          "The controller's clock is %1 ahead of the computer's.");
+    return text.arg(parts.join(u' '));
 }
 
 } // namespace WallTime

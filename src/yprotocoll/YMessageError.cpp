@@ -4,55 +4,78 @@ using std::to_string;
 
 namespace {
 
+/// Marks a text for lupdate, which knows calls of this name. It is translated later.
+constexpr const char* translate(const char* /*context*/, const char* source) {
+    return source;
+}
+
 /// The texts of all kinds, in one place.
 struct Describe {
     using E = YMessageError;
 
-    std::string operator()(const E::PortWrongType& e) const {
-        return "port " + e.name + " is no Aquelon device";
+    Translation translation; ///< of a text within another
+
+    MarkedText operator()(const E::PortWrongType& e) const {
+        return {translate("YMessageError", "port %1 is no Aquelon device"), {e.name}};
     }
-    std::string operator()(const E::PortError& e) const {
-        return "port error: " + e.text + (e.help.empty() ? "" : " (" + e.help + ")");
+    MarkedText operator()(const E::PortError& e) const {
+        if (e.help.empty())
+            return {translate("YMessageError", "port error: %1"), {e.text.in(translation)}};
+        return {translate("YMessageError", "port error: %1 (%2)"),
+                {e.text.in(translation), e.help.in(translation)}};
     }
-    std::string operator()(const E::PortClosedError& e) const {
-        return "port closed: " + e.reason->description();
+    MarkedText operator()(const E::PortClosedError& e) const {
+        return {translate("YMessageError", "port closed: %1"),
+                {e.reason->description(translation)}};
     }
-    std::string operator()(const E::DeviceVersion& e) const {
-        return "unsupported device version " + to_string(e.major) + "." + to_string(e.minor);
+    MarkedText operator()(const E::DeviceVersion& e) const {
+        return {translate("YMessageError", "unsupported device version %1.%2"),
+                {to_string(e.major), to_string(e.minor)}};
     }
-    std::string operator()(const E::UnknownPacket& e) const {
-        return "unknown answer #" + to_string(e.number);
+    MarkedText operator()(const E::UnknownPacket& e) const {
+        return {translate("YMessageError", "unknown answer #%1"), {to_string(e.number)}};
     }
-    std::string operator()(const E::PacketLength& e) const {
-        return e.name + ": wrong packet length: " + to_string(e.length);
+    MarkedText operator()(const E::PacketLength& e) const {
+        return {translate("YMessageError", "%1: wrong packet length: %2"),
+                {e.name, to_string(e.length)}};
     }
-    std::string operator()(const E::AnswerUnexpected& e) const {
-        return "got an unrequested answer #" + to_string(e.number);
+    MarkedText operator()(const E::AnswerUnexpected& e) const {
+        return {translate("YMessageError", "got an unrequested answer #%1"), {to_string(e.number)}};
     }
-    std::string operator()(const E::AnswerWrongId& e) const {
-        return "answer not matching: expected #" + to_string(e.expected) + " got #" +
-               to_string(e.got);
+    MarkedText operator()(const E::AnswerWrongId& e) const {
+        return {translate("YMessageError", "answer not matching: expected #%1 got #%2"),
+                {to_string(e.expected), to_string(e.got)}};
     }
-    std::string operator()(const E::AnswerTimeout& e) const {
-        return "timeout " + to_string(e.count) + ": no answer for command #" +
-               to_string(e.forCommand);
+    MarkedText operator()(const E::AnswerTimeout& e) const {
+        return {translate("YMessageError", "timeout %1: no answer for command #%2"),
+                {to_string(e.count), to_string(e.forCommand)}};
     }
-    std::string operator()(const E::PortClosedSend&) const { return "cannot send: port is closed"; }
-    std::string operator()(const E::PortClosedUnexpectedly&) const {
-        return "port was closed unexpectedly";
+    MarkedText operator()(const E::PortClosedSend&) const {
+        return MarkedText(translate("YMessageError", "cannot send: port is closed"));
     }
-    std::string operator()(const E::PortRemoved&) const { return "port was removed"; }
-    std::string operator()(const E::SequenceDataFormat&) const {
-        return "unsupported sequence data format";
+    MarkedText operator()(const E::PortClosedUnexpectedly&) const {
+        return MarkedText(translate("YMessageError", "port was closed unexpectedly"));
     }
-    std::string operator()(const E::PacketStart&) const { return "packet must start with 'Y'"; }
-    std::string operator()(const E::Checksum&) const { return "checksum doesn't match"; }
-    std::string operator()(const E::BufferOverflow&) const { return "buffer overflow"; }
-    std::string operator()(const E::OpenTimeout&) const {
-        return "timeout while trying to open device";
+    MarkedText operator()(const E::PortRemoved&) const {
+        return MarkedText(translate("YMessageError", "port was removed"));
     }
-    std::string operator()(const E::AnswerTooManyTimeouts&) const {
-        return "too many timeouts while trying to send";
+    MarkedText operator()(const E::SequenceDataFormat&) const {
+        return MarkedText(translate("YMessageError", "unsupported sequence data format"));
+    }
+    MarkedText operator()(const E::PacketStart&) const {
+        return MarkedText(translate("YMessageError", "packet must start with 'Y'"));
+    }
+    MarkedText operator()(const E::Checksum&) const {
+        return MarkedText(translate("YMessageError", "checksum doesn't match"));
+    }
+    MarkedText operator()(const E::BufferOverflow&) const {
+        return MarkedText(translate("YMessageError", "buffer overflow"));
+    }
+    MarkedText operator()(const E::OpenTimeout&) const {
+        return MarkedText(translate("YMessageError", "timeout while trying to open device"));
+    }
+    MarkedText operator()(const E::AnswerTooManyTimeouts&) const {
+        return MarkedText(translate("YMessageError", "too many timeouts while trying to send"));
     }
 };
 
@@ -62,6 +85,6 @@ YMessageError YMessageError::portClosed(YMessageError reason) {
     return PortClosedError{std::make_shared<const YMessageError>(std::move(reason))};
 }
 
-std::string YMessageError::description() const {
-    return std::visit(Describe{}, m_kind);
+std::string YMessageError::description(Translation translation) const {
+    return std::visit(Describe{translation}, m_kind).in(translation);
 }

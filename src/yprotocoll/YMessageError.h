@@ -1,5 +1,7 @@
 #pragma once
 
+#include "yprotocoll/MarkedText.h"
+
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -22,13 +24,13 @@ public:
     };
     /// A command that a person can run, and what it is good for.
     struct PortRemedy {
-        std::string what;
+        MarkedText what;
         std::string command;
         bool operator==(const PortRemedy&) const = default;
     };
     struct PortError {
-        std::string text; ///< the system's own, but for a port that another program holds
-        std::string help; ///< what is behind it, one sentence without a full stop; may be empty
+        MarkedText text; ///< the system's own, but for a port that another program holds
+        MarkedText help; ///< what is behind it, one sentence without a full stop; may be empty
         std::vector<PortRemedy> remedies = {}; ///< any one helps; may be empty
         bool operator==(const PortError&) const = default;
     };
@@ -103,8 +105,8 @@ public:
         return std::get_if<T>(&m_kind);
     }
 
-    /// One line of English for the log and for alerts, without a full stop.
-    std::string description() const;
+    /// One line without a full stop, in English for the log, translated for alerts.
+    std::string description(Translation translation = untranslated) const;
 
     bool operator==(const YMessageError&) const = default;
 

@@ -23,7 +23,7 @@ protected:
     void serialPortWasClosed(SerialPort&) override { story.push_back("closed"); }
     void serialPortWasRemovedFromSystem(SerialPort&) override { story.push_back("removed"); }
     void serialPortDidEncounterError(SerialPort&, const YMessageError::PortError& error) override {
-        story.push_back(error.text + error.help);
+        story.push_back(error.text.in(untranslated) + error.help.in(untranslated));
         remedies = error.remedies;
     }
     void serialPortDidReceive(SerialPort&, std::span<const std::uint8_t> bytes) override {

@@ -16,8 +16,8 @@ constexpr double fineShare = 0.1;
 AQCurvePoint::AQCurvePoint(AQPointId id, QWidget* parent) : AQCurveHandle(parent), m_id(id) {
     setGeometry(outOfSight, outOfSight, side, side);
     setCursor(Qt::SizeVerCursor);
-    setToolTip(QStringLiteral("Drag up or down, with Ctrl for a tenth of the way.\n"
-                              "Double-click or Enter to type the values."));
+    setToolTip(tr("Drag up or down, with Ctrl for a tenth of the way.\n"
+                  "Double-click or Enter to type the values."));
 }
 
 void AQCurvePoint::setCentre(QPointF centre) {

@@ -4,7 +4,7 @@
 
 AQCurveTimeTag::AQCurveTimeTag(QWidget* parent) : AQCurveHandle(parent) {
     setCursor(Qt::SizeHorCursor);
-    setToolTip(QStringLiteral("Drag to move the point in time, with Ctrl by single minutes"));
+    setToolTip(tr("Drag to move the point in time, with Ctrl by single minutes"));
     hide();
 }
 

@@ -42,7 +42,7 @@ constexpr QMargins tagMargins{8, 4, 8, 4};
 constexpr QPoint tipDistance{12, 12};
 
 QString duringDemo() {
-    return QStringLiteral("The demo plays the day here. Stop it to edit the curve.");
+    return AQCurveView::tr("The demo plays the day here. Stop it to edit the curve.");
 }
 
 void announce(QWidget* widget, QAccessible::Event type) {
@@ -63,8 +63,8 @@ AQCurveView::AQCurveView(AQSequence& sequence, AQSelection& selection, QWidget* 
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    setAccessibleName(QStringLiteral("Light program curve"));
-    setAccessibleDescription(QStringLiteral(
+    setAccessibleName(tr("Light program curve"));
+    setAccessibleDescription(tr(
         "Left and Right select a time point, Up and Down change its intensity, Alt with Left and "
         "Right its time, Enter opens fields for its values, Insert adds a point, Delete removes "
         "it."));
@@ -202,13 +202,12 @@ AQCurvePoint* AQCurveView::makePointView(AQPointId id) {
 void AQCurveView::describePoint(int row) {
     const AQTimePoint& point = points()[static_cast<std::size_t>(row)];
     AQCurvePoint* view = m_pointViews[static_cast<std::size_t>(row)];
-    const QString text =
-        QStringLiteral("Point %1 of %2, %3, intensity %4 %, colour temperature %5 %")
-            .arg(row + 1)
-            .arg(m_pointViews.size())
-            .arg(timeText(point.time.hour, point.time.minute))
-            .arg(percent(point.brightness))
-            .arg(percent(point.colorTemp));
+    const QString text = tr("Point %1 of %2, %3, intensity %4 %, colour temperature %5 %")
+                             .arg(row + 1)
+                             .arg(m_pointViews.size())
+                             .arg(timeText(point.time.hour, point.time.minute))
+                             .arg(percent(point.brightness))
+                             .arg(percent(point.colorTemp));
     if (text == view->accessibleName())
         return;
     view->setAccessibleName(text);
@@ -486,7 +485,7 @@ void AQCurveView::paintEvent(QPaintEvent*) {
     else if (!points.empty())
         curve.drawFill(points);
     else if (showsPoints())
-        curve.drawHint(QStringLiteral("Double-click to add a point"));
+        curve.drawHint(tr("Double-click to add a point"));
     if (const auto ghost = this->ghost();
         isEnabled() && !ghost.empty() && !std::ranges::equal(ghost, points))
         curve.drawGhost(ghost);

@@ -5,6 +5,7 @@
 #include "controls/Percent.h"
 #include "controls/Strokes.h"
 #include "controls/curve/CurveGradient.h"
+#include "data/PointColumn.h"
 #include "data/ProgramInterpolation.h"
 #include "data/TimeText.h"
 
@@ -48,7 +49,7 @@ constexpr double focusRingWidth = 2.0;
 constexpr double rounding = 1e-6;
 
 QString intensityTitle() {
-    return QStringLiteral("Intensity");
+    return PointColumn::title(PointColumn::brightness);
 }
 
 QPolygonF curveLine(std::span<const AQTimePoint> points, const CurveGeometry& geometry) {
@@ -135,7 +136,7 @@ void CurvePainter::drawAxes() {
     }
     drawLabel(
         m_geometry.rectFromBottom(m_geometry.width() - 45.0, 33.0, titleSize.width(), labelHeight),
-        Qt::AlignHCenter, QStringLiteral("Time"));
+        Qt::AlignHCenter, PointColumn::title(PointColumn::time));
     drawLabel(
         m_geometry.rectFromBottom(10.0, m_geometry.height() - 25.0, titleSize.width(), labelHeight),
         Qt::AlignHCenter, intensityTitle());

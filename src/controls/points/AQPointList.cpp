@@ -45,7 +45,7 @@ AQPointList::AQPointList(AQSequence& sequence, AQSelection& selection, QWidget* 
     setFrameStyle(QFrame::Box | QFrame::Plain);
     setLineWidth(frameInset);
     setFocusPolicy(Qt::NoFocus); // its rows take it
-    setAccessibleName(QStringLiteral("Light program points"));
+    setAccessibleName(tr("Light program points"));
     viewport()->setBackgroundRole(QPalette::Base);
     viewport()->setAutoFillBackground(true);
     setWidget(new QWidget);
@@ -89,10 +89,7 @@ AQPointRow* AQPointList::rowAt(int row) {
 
 QString AQPointList::rowName(int row) const {
     const AQTime& time = m_sequence.at(row).time;
-    return QStringLiteral("Point %1 of %2, %3")
-        .arg(row + 1)
-        .arg(count())
-        .arg(timeText(time.hour, time.minute));
+    return tr("Point %1 of %2, %3").arg(row + 1).arg(count()).arg(timeText(time.hour, time.minute));
 }
 
 QRect AQPointList::rowRect(int row) const {

@@ -32,7 +32,7 @@ void AQPointListHeader::paintEvent(QPaintEvent* /*event*/) {
     const int left[] = {0, m_timeWidth, m_timeWidth + m_rest / 2, m_timeWidth + m_rest};
     for (int column = 0; column < PointColumn::count; ++column) {
         const QRect cell(left[column], 0, left[column + 1] - left[column], height());
-        const QString title = QLatin1String(PointColumn::title(column));
+        const QString title = PointColumn::title(column);
         painter.setFont(fittingFont(font(), QFontInfo(font()).pixelSize(),
                                     cell.size() - QSize(2 * textMargin, 0), title));
         painter.drawText(cell, Qt::AlignCenter, title);

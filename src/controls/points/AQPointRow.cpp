@@ -64,15 +64,16 @@ void AQPointRow::refresh(int row) {
     m_colorTemp->setMaxValue(point.brightness);
     m_brightness->setValue(point.brightness);
 
-    const QString name = QStringLiteral("Point %1, %2, ")
-                             .arg(row + 1)
-                             .arg(timeText(point.time.hour, point.time.minute));
-    if (m_colorTemp->accessibleName().startsWith(name))
+    const auto nameOf = [&](int column) {
+        return tr("Point %1, %2, %3")
+            .arg(row + 1)
+            .arg(timeText(point.time.hour, point.time.minute), PointColumn::title(column));
+    };
+    if (m_colorTemp->accessibleName() == nameOf(PointColumn::colorTemp))
         return;
     for (int column = 0; column < PointColumn::count; ++column) {
         editor(column).setObjectName(QStringLiteral("cell_%1_%2").arg(row).arg(column));
-        editor(column).accessibleWidget()->setAccessibleName(
-            name + QLatin1String(PointColumn::title(column)));
+        editor(column).accessibleWidget()->setAccessibleName(nameOf(column));
     }
 }
 

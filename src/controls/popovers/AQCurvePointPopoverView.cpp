@@ -5,6 +5,7 @@
 #include "controls/Percent.h"
 #include "controls/popovers/PopoverPlacement.h"
 #include "data/ColorMapping.h"
+#include "data/PointColumn.h"
 #include "data/TimeText.h"
 
 #include <QPainter>
@@ -65,11 +66,10 @@ void AQCurvePointPopoverView::drawColumns(QPainter& painter) const {
         QString widestText;
         QColor color;
     } columns[] = {
-        {QStringLiteral("Warm"), QString::number(levels.warm), QStringLiteral("254"), orange},
-        {QStringLiteral("Cold"), QString::number(levels.cold), QStringLiteral("254"),
-         DisplayColors::cold},
-        {QStringLiteral("Intensity"), percentText(m_value.brightness), percentText(1.0),
-         DisplayColors::disabled},
+        {tr("Warm"), QString::number(levels.warm), QStringLiteral("254"), orange},
+        {tr("Cold"), QString::number(levels.cold), QStringLiteral("254"), DisplayColors::cold},
+        {PointColumn::title(PointColumn::brightness), percentText(m_value.brightness),
+         percentText(1.0), DisplayColors::disabled},
     };
     const QFont titles = fittingFont(font(), 13, {columnWidth, titleHeight}, columns[2].title);
     const QFont values = fittingFont(font(), 20, {columnWidth, valueHeight}, percentText(1.0));

@@ -92,7 +92,7 @@ void AQPointFields::layOut() {
     grid->addWidget(m_title, 0, 0, 1, count);
     for (int place = 0; place < count; ++place) {
         const int column = columns[static_cast<std::size_t>(place)];
-        auto* name = new QLabel(QLatin1String(PointColumn::title(column)), m_body);
+        auto* name = new QLabel(PointColumn::title(column), m_body);
         name->setAlignment(Qt::AlignCenter);
         grid->addWidget(name, 1, place);
         grid->addWidget(makeField(column), 2, place);
@@ -141,17 +141,15 @@ void AQPointFields::openFor(AQPointId id, QPointF anchor, int column) {
 void AQPointFields::showPoint() {
     const int row = m_sequence.rowOf(m_id);
     const QString time = timeText(point().time.hour, point().time.minute);
-    m_title->setText(QStringLiteral("Point %1 of %2").arg(row + 1).arg(m_sequence.count()));
-    setAccessibleName(
-        QStringLiteral("Edit point %1 of %2, %3").arg(row + 1).arg(m_sequence.count()).arg(time));
+    m_title->setText(tr("Point %1 of %2").arg(row + 1).arg(m_sequence.count()));
+    setAccessibleName(tr("Edit point %1 of %2, %3").arg(row + 1).arg(m_sequence.count()).arg(time));
     for (const int column : columns) {
         field(column).showPresent(column == PointColumn::time
                                       ? time
                                       : ProgramText::percent(fractionOf(point(), column)) +
                                             QStringLiteral(" %"));
-        field(column).setAccessibleName(QStringLiteral("Point %1, %2, %3")
-                                            .arg(row + 1)
-                                            .arg(time, QLatin1String(PointColumn::title(column))));
+        field(column).setAccessibleName(
+            tr("Point %1, %2, %3").arg(row + 1).arg(time, PointColumn::title(column)));
     }
     showMessage();
 }
@@ -215,8 +213,7 @@ QString AQPointFields::faultIn(int column, const QString& text) const {
         return typedFraction(text, fractionOf(point(), column)).fault;
     const auto [time, fault] = typedTime(text, point().time);
     if (time && m_sequence.hasPointAt(*time, m_sequence.rowOf(m_id)))
-        return QStringLiteral("Another point already has the time %1")
-            .arg(timeText(time->hour, time->minute));
+        return tr("Another point already has the time %1").arg(timeText(time->hour, time->minute));
     return fault;
 }
 
@@ -250,8 +247,7 @@ void AQPointFields::showMessage() {
     for (const int column : columns)
         if (const QString fault = field(column).fault(); !fault.isEmpty())
             faults << fault;
-    m_message->setText(faults.isEmpty() ? QStringLiteral("Enter keeps, Escape restores")
-                                        : faults.join(u'\n'));
+    m_message->setText(faults.isEmpty() ? tr("Enter keeps, Escape restores") : faults.join(u'\n'));
     setTextColor(*m_message, faults.isEmpty() ? DisplayColors::quietText : Strokes::refusalColor);
     if (isOpen())
         applyPlacement();

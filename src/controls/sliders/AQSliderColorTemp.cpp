@@ -19,10 +19,10 @@ constexpr double labelGap = 10.0;
 constexpr double labelMargin = 4.0;
 
 QString warmWord() {
-    return QStringLiteral("Warm");
+    return AQSliderColorTemp::tr("Warm");
 }
 QString coldWord() {
-    return QStringLiteral("Cold");
+    return AQSliderColorTemp::tr("Cold");
 }
 
 QLinearGradient warmToCold() {

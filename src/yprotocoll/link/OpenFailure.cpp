@@ -57,32 +57,43 @@ std::string ruleCommand() {
 } // namespace
 
 YMessageError::PortError OpenFailure::taken(const QString& device) {
+    const std::string path = device.toStdString();
     const auto holder = holderOf(device);
-    QString text = QStringLiteral("another program holds the controller");
-    QString help = device + QStringLiteral(" is in use by another program");
-    if (holder) {
-        text += holder->name.isEmpty() ? QStringLiteral(" (process %1)").arg(holder->processId)
-                                       : QStringLiteral(" (%1)").arg(holder->name);
-        help += QStringLiteral(": %1, process %2")
-                    .arg(holder->name.isEmpty() ? QStringLiteral("unnamed") : holder->name)
-                    .arg(holder->processId);
-    }
-    return {text.toStdString(), help.toStdString(), {}};
+    if (!holder)
+        return {{QT_TRANSLATE_NOOP("YMessageError", "another program holds the controller")},
+                {QT_TRANSLATE_NOOP("YMessageError", "%1 is in use by another program"), {path}}};
+    const std::string process = QString::number(holder->processId).toStdString();
+    if (holder->name.isEmpty())
+        return {{QT_TRANSLATE_NOOP("YMessageError",
+                                   "another program holds the controller (process %1)"),
+                 {process}},
+                {QT_TRANSLATE_NOOP("YMessageError",
+                                   "%1 is in use by another program: unnamed, process %2"),
+                 {path, process}}};
+    const std::string name = holder->name.toStdString();
+    return {
+        {QT_TRANSLATE_NOOP("YMessageError", "another program holds the controller (%1)"), {name}},
+        {QT_TRANSLATE_NOOP("YMessageError", "%1 is in use by another program: %2, process %3"),
+         {path, name, process}}};
 }
 
 YMessageError::PortError OpenFailure::forbidden(const QString& device, const QString& text) {
     const QFileInfo file(device);
     const QString user = userName();
-    const QString help = QStringLiteral("The user \"%1\" may not read and write %2, which belongs "
-                                        "to the group \"%3\"")
-                             .arg(user, device, file.group());
-    YMessageError::PortError error{text.toStdString(), help.toStdString(), {}};
+    YMessageError::PortError error{
+        text.toStdString(),
+        {QT_TRANSLATE_NOOP("YMessageError",
+                           "The user \"%1\" may not read and write %2, which belongs to the group "
+                           "\"%3\""),
+         {user.toStdString(), device.toStdString(), file.group().toStdString()}}};
     // Else joining helps nothing, or does harm.
     if (file.permission(QFile::ReadGroup | QFile::WriteGroup) && file.groupId() != 0)
         error.remedies.push_back(
-            {"Join the group, then log out and in again:",
+            {{QT_TRANSLATE_NOOP("YMessageError", "Join the group, then log out and in again:")},
              QStringLiteral("sudo usermod -aG %1 %2").arg(file.group(), user).toStdString()});
     error.remedies.push_back(
-        {"Add a rule for the controller, then plug it in again:", ruleCommand()});
+        {{QT_TRANSLATE_NOOP("YMessageError",
+                            "Add a rule for the controller, then plug it in again:")},
+         ruleCommand()});
     return error;
 }
