@@ -104,7 +104,7 @@ void AQDataSourceReader::endElement() {
     applyText();
     const QString name = m_contextStack.takeLast();
     if (name == u"timeline") {
-        SPDLOG_DEBUG("{} elements loaded from file", m_contents.points.size());
+        SPDLOG_DEBUG(fmt::format("{} elements loaded from file", m_contents.points.size()));
     } else if (name == u"point" && m_ptTime && m_ptColorTemp && m_ptBrightness) {
         m_contents.points.push_back({*m_ptTime, *m_ptColorTemp, *m_ptBrightness});
         m_sequenceChanged = true;

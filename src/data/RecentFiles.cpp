@@ -36,7 +36,7 @@ using Time = std::unique_ptr<GDateTime, Release<g_date_time_unref>>;
 using Error = std::unique_ptr<GError, Release<g_error_free>>;
 
 void log(const QString& list, const QString& fault) {
-    SPDLOG_ERROR("{}: {}", list.toStdString(), fault.toStdString());
+    SPDLOG_ERROR(fmt::format("{}: {}", list.toStdString(), fault.toStdString()));
 }
 
 /// Null when there is a list that cannot be read.

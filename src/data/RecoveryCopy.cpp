@@ -138,7 +138,8 @@ bool RecoveryCopy::read() {
     const bool isGood =
         fault.isEmpty() && m_contents.time.isValid() && isProgram(m_contents.program);
     if (!isGood)
-        SPDLOG_ERROR("{}: cannot be recovered {}", path().toStdString(), fault.toStdString());
+        SPDLOG_ERROR(
+            fmt::format("{}: cannot be recovered {}", path().toStdString(), fault.toStdString()));
     return isGood;
 }
 
@@ -156,5 +157,5 @@ void RecoveryCopy::removeFiles() const {
     for (const QString& file :
          folder.entryList({m_name + QStringLiteral(".recovery*")}, QDir::Files))
         if (!QFile::remove(folder.filePath(file)))
-            SPDLOG_ERROR("{}: cannot be removed", folder.filePath(file).toStdString());
+            SPDLOG_ERROR(fmt::format("{}: cannot be removed", folder.filePath(file).toStdString()));
 }

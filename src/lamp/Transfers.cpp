@@ -195,8 +195,8 @@ void Transfers::onSent(const Sending& sending) {
     if (sending.stored != sending.image) {
         const ProgramComparison comparison(sending.contents, sending.image, sending.stored);
         difference = comparison.differences().value(0);
-        SPDLOG_ERROR("the controller stored something else: {} differences",
-                     comparison.differences().size());
+        SPDLOG_ERROR(fmt::format("the controller stored something else: {} differences",
+                                 comparison.differences().size()));
     }
     Q_EMIT sent(TransferResult::ok{}, difference);
     if (const auto done = isSending() ? nullptr : std::exchange(m_afterSends, nullptr))

@@ -51,7 +51,7 @@ void ConnectionWorkflow::messageControllerFoundPorts(std::size_t count) {
 }
 
 void ConnectionWorkflow::messageControllerGotError(const YMessageError& error) {
-    SPDLOG_ERROR("{}", error.description());
+    SPDLOG_ERROR(fmt::format("{}", error.description()));
     const auto* const portError = error.get<YMessageError::PortError>();
     if (portError && !m_isConnected)
         Q_EMIT portProblemChanged(tr("port error: %1").arg(LinkTexts::shown(portError->text)),

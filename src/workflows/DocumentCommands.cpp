@@ -93,7 +93,7 @@ void DocumentCommands::read(const QString& path) {
         m_holdsPartsOfAnotherFile = true;
         m_data.noteStep(tr("Open %1").arg(QFileInfo(path).fileName()), selected);
     }
-    SPDLOG_ERROR("{}: {}", path.toStdString(), m_reader.errorString().toStdString());
+    SPDLOG_ERROR(fmt::format("{}: {}", path.toStdString(), m_reader.errorString().toStdString()));
     m_prompts.alert(
         tr("Could not open file!"),
         tr("%1 could not be opened. Maybe the file is corrupt or contains invalid data.").arg(path),
@@ -185,7 +185,7 @@ void DocumentCommands::write(const QString& path, const Continuation& saved) {
 }
 
 void DocumentCommands::tellNotSaved(const QString& path, const QString& reason) {
-    SPDLOG_ERROR("{}: {}", path.toStdString(), reason.toStdString());
+    SPDLOG_ERROR(fmt::format("{}: {}", path.toStdString(), reason.toStdString()));
     m_prompts.alert(tr("Could not save file!"),
                     tr("There was an error while saving to %1").arg(path),
                     Prompts::Severity::Critical);

@@ -92,7 +92,8 @@ void Recovery::write(bool isEnding) {
     const QString fault = m_copy->write(present);
     if (fault.isEmpty())
         return;
-    SPDLOG_ERROR("recovery copy in {}: {}", m_folder.toStdString(), fault.toStdString());
+    SPDLOG_ERROR(
+        fmt::format("recovery copy in {}: {}", m_folder.toStdString(), fault.toStdString()));
     if (isEnding || std::exchange(m_wasFaultTold, true))
         return;
     m_prompts.alert(tr("Could not write a recovery copy!"),
@@ -157,5 +158,6 @@ void Recovery::startProcessFor(const QString& copy) {
     process.setProcessEnvironment(environment);
     // A copy that no process opens is offered by the next start.
     if (!process.startDetached())
-        SPDLOG_ERROR("cannot start another process: {}", process.errorString().toStdString());
+        SPDLOG_ERROR(
+            fmt::format("cannot start another process: {}", process.errorString().toStdString()));
 }

@@ -12,5 +12,5 @@ void YAnswer::logVerbose() const {
     if (!spdlog::should_log(spdlog::level::trace))
         return;
     for (const AnswerField& field : fields())
-        SPDLOG_TRACE("    - {}: {}", field.label, field.value);
+        SPDLOG_TRACE(fmt::format("    - {}: {}", field.label, field.value));
 }

@@ -27,7 +27,7 @@ std::uint8_t limitedChannel(const char* command, int channel,
     const int highest = count ? *count - 1 : defaultHighestChannel;
     if (channel <= highest)
         return toByte(channel);
-    SPDLOG_WARN("{}.init(): channel set to max = {}", command, highest);
+    SPDLOG_WARN(fmt::format("{}.init(): channel set to max = {}", command, highest));
     return toByte(highest);
 }
 
@@ -40,7 +40,8 @@ Bytes sequencePayload(int channel, std::span<const SequenceEntry> entries,
     const std::size_t limit =
         told ? static_cast<std::size_t>(std::max(*told, 0)) : defaultMaxEntries;
     if (entries.size() > limit) {
-        SPDLOG_WARN("{}.init(): sequence data truncated at {} entries", command, limit);
+        SPDLOG_WARN(
+            fmt::format("{}.init(): sequence data truncated at {} entries", command, limit));
         entries = entries.first(limit);
     }
     for (const SequenceEntry& entry : entries)

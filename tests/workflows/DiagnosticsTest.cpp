@@ -25,7 +25,7 @@ TEST(Diagnostics, holdTheStateAndTheLastLinesWithoutTheHomeFolder) {
     ASSERT_TRUE(runUntil([&] { return program.isConnected(); }));
     spdlog::default_logger()->set_level(spdlog::level::err);
     const std::string home = QDir::homePath().toStdString();
-    SPDLOG_ERROR("{0}/reef.sq {0}2", home);
+    SPDLOG_ERROR(fmt::format("{0}/reef.sq {0}2", home));
     const auto shown = [&](const char* panel) {
         auto* window = program.delegate.window().findChild<QWidget*>(QLatin1String(panel));
         return window->findChild<QPlainTextEdit*>()->toPlainText().toStdString();
@@ -51,7 +51,7 @@ TEST(Diagnostics, holdTheStateAndTheLastLinesWithoutTheHomeFolder) {
         program.delegate.window().findChild<ProtocolLogWindow*>()->findChild<QCheckBox*>();
     pause->setChecked(true);
     for (int count = 0; count < 600; ++count)
-        SPDLOG_ERROR("line {};", count);
+        SPDLOG_ERROR(fmt::format("line {};", count));
     EXPECT_THAT(shown("windowProtocolLog"), Not(HasSubstr("line 0;")));
     pause->setChecked(false);
     EXPECT_THAT(shown("windowProtocolLog"), HasSubstr("line 0;"));

@@ -13,7 +13,7 @@ void traceBytes(std::span<const std::uint8_t> bytes) {
     SPDLOG_TRACE("[");
     int index = 0;
     for (const std::uint8_t byte : bytes)
-        SPDLOG_TRACE("    {:2}: {:3}", index++, byte);
+        SPDLOG_TRACE(fmt::format("    {:2}: {:3}", index++, byte));
     SPDLOG_TRACE("]");
 }
 
@@ -76,7 +76,7 @@ void CommandQueue::sendFirstCmdInQueue() {
         return;
     QueuedCommand& first = m_sendQueue.front();
     if (spdlog::should_log(spdlog::level::trace))
-        SPDLOG_TRACE("--> {}", first.command.description());
+        SPDLOG_TRACE(fmt::format("--> {}", first.command.description()));
     ++first.writes;
     const std::uint64_t thisWrite = ++m_writeCount;
     const auto frame = first.command.frame();
@@ -170,7 +170,7 @@ void CommandQueue::answerParserGotAnswer(AnswerPtr answer) {
     if (!m_port)
         return;
     if (spdlog::should_log(spdlog::level::trace))
-        SPDLOG_TRACE("<-- {}", answer->description());
+        SPDLOG_TRACE(fmt::format("<-- {}", answer->description()));
     if (m_sendQueue.empty()) {
         Q_EMIT failed(YMessageError::AnswerUnexpected{answer->id()});
         return;

@@ -138,14 +138,14 @@ void PortFinder::openPort(const SerialPortInfo& port) {
     }
     if (m_port) {
         if (m_port->info().path == port.path) {
-            SPDLOG_INFO("Aquelon device {} is already open!", describe(port));
+            SPDLOG_INFO(fmt::format("Aquelon device {} is already open!", describe(port)));
             return;
         }
         Q_EMIT ended(std::nullopt);
     }
     const bool isRetry = m_reportedOpenFailure && m_reportedOpenFailure->path == port.path;
-    spdlog::log(isRetry ? spdlog::level::trace : spdlog::level::info, "opening Aquelon device {}",
-                describe(port));
+    spdlog::log(isRetry ? spdlog::level::trace : spdlog::level::info,
+                fmt::format("opening Aquelon device {}", describe(port)));
     m_port = m_ports.port(port);
     m_port->setDelegate(this);
     Q_EMIT opening(*m_port);

@@ -73,7 +73,7 @@ void YMessageController::gotVersion(const YAnswer& answer) {
         refuse(YMessageError::DeviceVersion{major, minor});
         return;
     }
-    SPDLOG_INFO("device version {}.{}", major, minor);
+    SPDLOG_INFO(fmt::format("device version {}.{}", major, minor));
     m_device = DeviceInfo{version->version, version->build, version->deviceType, {}, {}};
     m_queue.enqueue(CmdGetSequenceDataInfo(),
                     [this](const AnswerPtr& info) { gotSequenceDataInfo(*info); });
