@@ -38,6 +38,7 @@
 #include "workflows/TaskLightEditor.h"
 #include "workflows/TransferWorkflow.h"
 #include "workflows/UndoCommands.h"
+#include "workflows/UserGuide.h"
 #include "yprotocoll/link/ModalPause.h"
 #include "yprotocoll/link/YMessageController.h"
 
@@ -258,6 +259,8 @@ void AppDelegate::connectPreview() {
 
 void AppDelegate::connectHelp() {
     Workflows& w = *m_workflows;
+    connect(w.ui.menuitemUserGuide, &QAction::triggered, this,
+            [this] { UserGuide::show(m_services.prompts); });
     connect(w.ui.bttnStatusHelp, &QAbstractButton::clicked, this,
             &AppDelegate::onBttnHelpDeviceStatus);
     connect(w.ui.menuitemStatusHelp, &QAction::triggered, this,

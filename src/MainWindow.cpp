@@ -109,7 +109,7 @@ void MainWindow::setShortcuts() {
     m_ui->menuitemLiveMode->setShortcut(Qt::CTRL | Qt::Key_I);
     m_ui->menuitemRunDemo->setShortcut(Qt::CTRL | Qt::Key_R);
     m_ui->menuitemSetDeviceTime->setShortcut(Qt::CTRL | Qt::Key_T);
-    m_ui->menuitemStatusHelp->setShortcut(QKeySequence::HelpContents);
+    m_ui->menuitemUserGuide->setShortcut(QKeySequence::HelpContents);
 }
 
 bool MainWindow::finishTyping() {

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <csignal>
+#include <fstream>
 
 namespace {
 
@@ -140,6 +141,15 @@ TEST_F(LampJourneys, everyCommandHasItsKey) {
     expectSoon([this] { return sign(); }, "");
     Journey::keys("ctrl+l");
     ASSERT_TRUE(journey.waitForCommand("CmdGetTaskMode"));
+    Journey::keys("F1");
+    const std::string opened = qEnvironmentVariable("HOME").toStdString() + "/opened";
+    expectSoon(
+        [&opened] {
+            std::string page;
+            std::getline(std::ifstream(opened), page);
+            return page.ends_with("/guide/index.html");
+        },
+        true);
     const std::pair<const char*, const char*> dialogs[] = {
         {"ctrl+d", "Controller to connect to:"},
         {"ctrl+t", "Controller's clock"},
