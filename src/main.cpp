@@ -1,6 +1,7 @@
 #include "AppDelegate.h"
 #include "ApplicationIcon.h"
 #include "CommandLine.h"
+#include "Language.h"
 #include "Logging.h"
 #include "MainWindow.h"
 #include "TerminationSignals.h"
@@ -28,6 +29,7 @@ int main(int argc, char* argv[]) {
 
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication application(argc, argv);
+    Language::install(application);
     QApplication::setWindowIcon(ApplicationIcon::builtIn());
 
     UdevSerialPortManager ports;

@@ -21,8 +21,8 @@ constexpr Library libraries[] = {
     {"Qt", "LGPL v3"},
     {"spdlog", "MIT"},
     {"fmt", "MIT"},
-    {"GLib", "LGPL v2.1 or later"},
-    {"libudev", "LGPL v2.1 or later"},
+    {"GLib", QT_TRANSLATE_NOOP("AQAboutPanel", "LGPL v2.1 or later")},
+    {"libudev", QT_TRANSLATE_NOOP("AQAboutPanel", "LGPL v2.1 or later")},
 };
 
 constexpr int textWidth = 352;
@@ -42,7 +42,7 @@ QGridLayout* makeLibraryTable(QWidget* parent) {
     int row = 0;
     for (const Library& library : libraries) {
         table->addWidget(makeText(QLatin1String(library.name), parent), row, 0);
-        table->addWidget(makeText(QLatin1String(library.licence), parent), row, 1);
+        table->addWidget(makeText(AQAboutPanel::tr(library.licence), parent), row, 1);
         ++row;
     }
     return table;

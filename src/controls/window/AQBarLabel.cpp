@@ -32,6 +32,11 @@ void AQBarLabel::setReserve(const QStringList& texts) {
     updateGeometry();
 }
 
+void AQBarLabel::setLongestLine(int characters) {
+    m_longestLine = characters;
+    updateGeometry();
+}
+
 int AQBarLabel::widthFor(Lines lines) const {
     const QFontMetrics metrics = fontMetrics();
     int width = 0;
@@ -54,5 +59,5 @@ QSize AQBarLabel::sizeHint() const {
 }
 
 QSize AQBarLabel::minimumSizeHint() const {
-    return sizeFor(widthFor(Lines::Two));
+    return sizeFor(widthFor(text().size() > m_longestLine ? Lines::Two : Lines::One));
 }
