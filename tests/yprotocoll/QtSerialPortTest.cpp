@@ -1,13 +1,17 @@
 #include "yprotocoll/link/QtSerialPort.h"
 
 #include "simulator/PtyPair.h"
+#include "yprotocoll/link/OpenFailure.h"
 
 #include <QTest>
 
 #include <gtest/gtest.h>
 
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
+
+#include <fstream>
 
 namespace {
 
@@ -89,6 +93,21 @@ TEST_F(QtSerialPortTest, saysWhyItCannotBeOpened) {
     EXPECT_EQ(remedies[0].command.find("sudo usermod -aG ") == 0, hasGroup);
     EXPECT_NE(remedies.back().command.find("ATTRS{idVendor}==\"7a51\", ATTRS{idProduct}==\"0c24\""),
               std::string::npos);
+}
+
+TEST(OpenFailureTest, knowsALockThatWasLeftOver) {
+    const pid_t ended = ::fork();
+    if (ended == 0)
+        ::_exit(0);
+    ASSERT_EQ(::waitpid(ended, nullptr, 0), ended);
+    const std::string name = "ttyEnded" + std::to_string(::getpid());
+    const std::string lock = "/tmp/LCK.." + name;
+    std::ofstream(lock) << ended << '\n';
+    const auto failure = OpenFailure::taken(QString::fromStdString("/dev/" + name));
+    EXPECT_EQ(::unlink(lock.c_str()), 0);
+    EXPECT_EQ(failure.text.source, "a lock was left over by a program that has ended");
+    ASSERT_EQ(failure.remedies.size(), 1U);
+    EXPECT_EQ(failure.remedies[0].command, "sudo rm " + lock);
 }
 
 } // namespace

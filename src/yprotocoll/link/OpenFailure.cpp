@@ -7,8 +7,10 @@
 #include <QLockFile>
 
 #include <pwd.h>
+#include <signal.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <optional>
 
 namespace {
@@ -16,6 +18,9 @@ namespace {
 struct Holder {
     qint64 processId;
     QString name; ///< may be empty
+    QString lockFile;
+
+    bool isAlive() const { return ::kill(static_cast<pid_t>(processId), 0) == 0 || errno != ESRCH; }
 };
 
 /// Programs that use serial ports lay a file named after the device into one of these folders, with
@@ -34,6 +39,7 @@ std::optional<Holder> holderOf(const QString& device) {
         QFile process(QStringLiteral("/proc/%1/comm").arg(holder.processId));
         if (holder.name.isEmpty() && process.open(QIODevice::ReadOnly))
             holder.name = QString::fromLocal8Bit(process.readAll()).trimmed();
+        holder.lockFile = path;
         return holder;
     }
     return {};
@@ -54,6 +60,19 @@ std::string ruleCommand() {
         .toStdString();
 }
 
+/// The lock of a program that ended without removing it. One of ours would have gone by itself.
+YMessageError::PortError leftOver(const std::string& device, const Holder& holder) {
+    const std::string lock = holder.lockFile.toStdString();
+    return {
+        {QT_TRANSLATE_NOOP("YMessageError", "a lock was left over by a program that has ended")},
+        {QT_TRANSLATE_NOOP("YMessageError",
+                           "%1 says that process %2 uses %3, but that process has ended"),
+         {lock, std::to_string(holder.processId), device}},
+        {{{QT_TRANSLATE_NOOP("YMessageError",
+                             "Remove the lock; the controller is then found by itself:")},
+          "sudo rm " + lock}}};
+}
+
 } // namespace
 
 YMessageError::PortError OpenFailure::taken(const QString& device) {
@@ -62,6 +81,8 @@ YMessageError::PortError OpenFailure::taken(const QString& device) {
     if (!holder)
         return {{QT_TRANSLATE_NOOP("YMessageError", "another program holds the controller")},
                 {QT_TRANSLATE_NOOP("YMessageError", "%1 is in use by another program"), {path}}};
+    if (!holder->isAlive())
+        return leftOver(path, *holder);
     const std::string process = QString::number(holder->processId).toStdString();
     if (holder->name.isEmpty())
         return {{QT_TRANSLATE_NOOP("YMessageError",
