@@ -200,7 +200,7 @@ void AppDelegate::connectDevice() {
     connect(&w.departure, &Departure::ended, this, &AppDelegate::onDepartureEnded);
     connect(&w.transfers, &Transfers::arrived, m_window.get(), &MainWindow::finishTyping);
     connect(&w.departure, &Departure::changed, this, [this] {
-        m_workflows->transfer.setQuiet(m_workflows->departure.isEnding());
+        updateTelling();
         showSign();
     });
     connect(&w.connection, &ConnectionWorkflow::connectedChanged, this,
@@ -219,10 +219,8 @@ void AppDelegate::connectLampContents() {
     connect(&w.lampContents, &LampContents::changed, this, &AppDelegate::showLampState);
     connect(&w.programMode, &ProgramMode::modeSent, &w.lampContents, &LampContents::forgetMode);
     connect(&w.programMode, &ProgramMode::modeTold, &w.lampContents, &LampContents::noteMode);
-    connect(&w.connection, &ConnectionWorkflow::portRemoved, &w.lampContents,
-            &LampContents::portRemoved);
-    connect(&w.connection, &ConnectionWorkflow::looked, &w.lampContents,
-            [this] { m_workflows->lampContents.portsPresent(presentPaths()); });
+    connect(&m_services.controller, &YMessageController::portLeft, &w.lampContents,
+            &LampContents::portLeft);
     connect(&w.transfers.progress(), &TransferProgress::changed, m_window.get(),
             &MainWindow::showProgress);
 }
@@ -286,11 +284,12 @@ void AppDelegate::onConnectedChanged(bool isConnected) {
     m_workflows->comparison.setConnected(isConnected);
     updateControls();
     if (!isConnected) {
+        // First, since what comes of a broken send is told as for a lamp that is away.
+        m_workflows->lampContents.linkLost();
         m_workflows->transfers.linkWasLost();
         m_workflows->departure.linkWasLost();
-        m_workflows->lampContents.linkLost();
     } else {
-        m_workflows->lampContents.linkOpened(m_services.controller.portPath(), presentPaths());
+        m_workflows->lampContents.linkOpened(m_services.controller.portPath());
     }
     m_workflows->lamp.setConnected(isConnected);
 }
@@ -304,6 +303,13 @@ void AppDelegate::openChosenDevice(const std::string& path) {
 void AppDelegate::showSign() {
     const QString sign = m_workflows->departure.sign();
     m_window->showPreview(sign.isEmpty() ? m_workflows->lamp.sign() : sign);
+}
+
+void AppDelegate::updateTelling() {
+    using Tell = TransferWorkflow::Tell;
+    m_workflows->transfer.setTelling(!m_workflows->departure.isEnding() ? Tell::Everything
+                                     : m_isUnattended                   ? Tell::Nothing
+                                                                        : Tell::WrongStoring);
 }
 
 void AppDelegate::showStatistics() {
@@ -322,14 +328,8 @@ void AppDelegate::showPortProblem(const QString& problem, const QString& help,
 
 void AppDelegate::showLampState() {
     const LampContents& lamp = m_workflows->lampContents;
-    m_window->showLampState(lamp.text(), lamp.state() == LampContents::State::partOfThisProgram);
-}
-
-std::vector<std::string> AppDelegate::presentPaths() const {
-    std::vector<std::string> paths;
-    for (const SerialPortInfo& port : m_services.controller.availablePorts())
-        paths.push_back(port.path);
-    return paths;
+    m_window->showLampState(lamp.text(), lamp.explanation(),
+                            lamp.state() == LampContents::State::partOfThisProgram);
 }
 
 void AppDelegate::menuSetDeviceTime() {
@@ -401,7 +401,9 @@ void AppDelegate::showTitle() {
 }
 
 void AppDelegate::applicationShouldTerminate(Ask ask) {
-    if (ask == Ask::Nothing) {
+    m_isUnattended = ask == Ask::Nothing;
+    updateTelling();
+    if (m_isUnattended) {
         m_agreedTo.reset();
         m_workflows->recovery.keepForNextStart();
     }
@@ -415,6 +417,14 @@ void AppDelegate::applicationShouldTerminate(Ask ask) {
 }
 
 void AppDelegate::onDepartureEnded() {
+    // What was told of the send is to be read.
+    const ModalPause& pause = m_services.controller.modalPause();
+    if (pause.isActive() && !m_isUnattended) {
+        connect(&pause, &ModalPause::ended, this, &AppDelegate::onDepartureEnded,
+                static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection |
+                                                Qt::UniqueConnection));
+        return;
+    }
     // The window can be worked in while the controller is waited for.
     if (m_agreedTo && *m_agreedTo != m_services.data.contents()) {
         m_workflows->departure.stay();

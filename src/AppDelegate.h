@@ -41,7 +41,8 @@ public:
     enum class Ask { AboutChanges, Nothing };
     /// Ends the program: asks about unsaved changes (unless told not to), waits for a send, gives
     /// the lamp back to the controller's program if a preview has it, closes the link, then emits
-    /// `terminated`. Asks nothing while it is ending already.
+    /// `terminated`, once what there was to tell of the send has been read. Asks nothing while it
+    /// is ending already.
     /// Without asking, unsaved changes are kept for recovery.
     void applicationShouldTerminate(Ask ask);
 
@@ -74,12 +75,12 @@ private:
     void onBttnHelpDeviceStatus();
     void onBttnHelpTask();
     void showTitle();
+    void updateTelling();
     void showSign();
     void showStatistics();
     void showLampState();
     void showPortProblem(const QString& problem, const QString& help,
                          const std::vector<YMessageError::PortRemedy>& remedies);
-    std::vector<std::string> presentPaths() const;
     void updateControls();
 
     Services m_services;
@@ -88,4 +89,5 @@ private:
     bool m_wasShown = false;
     /// What the document held when the person agreed to a quit; none when nobody is asked.
     std::optional<AQDataSource::Contents> m_agreedTo;
+    bool m_isUnattended = false; ///< the program is being ended without asking
 };

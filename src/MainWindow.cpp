@@ -137,9 +137,10 @@ void MainWindow::showConnected(bool isConnected) {
     refreshLampState();
 }
 
-void MainWindow::showLampState(const QString& text, bool isWarning) {
+void MainWindow::showLampState(const QString& text, const QString& explanation, bool isWarning) {
     const bool isNews = text != m_lampState && !text.isEmpty();
     m_lampState = text;
+    m_lampExplanation = explanation;
     m_isLampStateWarning = isWarning;
     if (isNews)
         Announcement::make(*this, text);
@@ -161,8 +162,8 @@ void MainWindow::refreshLampState() {
     const bool isWarning = m_isLampStateWarning && m_progress.isEmpty();
     setTextColor(label, isWarning ? warningColor(AccentColor::isDark(palette()))
                                   : palette().color(QPalette::WindowText));
-    m_ui->lblConnectionStatus->setToolTip(
-        m_isConnected && m_lampState.isEmpty() ? tr("not read yet") : QString());
+    label.setToolTip(m_lampExplanation);
+    m_ui->lblConnectionStatus->setToolTip(m_lampState.isEmpty() ? m_lampExplanation : QString());
 }
 
 void MainWindow::showPortProblem(const QString& text, const QString& help, bool hasRemedies) {

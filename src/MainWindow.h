@@ -28,8 +28,9 @@ public:
     AQPointList& tableView() { return *m_tableView; }
 
     void showConnected(bool isConnected);
-    /// What the lamp holds; an empty text while that is not known.
-    void showLampState(const QString& text, bool isWarning);
+    /// What the lamp holds, and as a tool tip what is behind it; an empty text while that is not
+    /// known.
+    void showLampState(const QString& text, const QString& explanation, bool isWarning);
     /// How far a transfer is, in the place of the lamp's state; an empty text when there is none.
     void showProgress(const QString& text);
     /// Why a controller that is plugged in cannot be opened, and what helps; an empty text hides
@@ -71,6 +72,7 @@ private:
     AQPointList* m_tableView;
     bool m_isConnected = false;
     QString m_lampState;
+    QString m_lampExplanation;
     bool m_isLampStateWarning = false;
     QString m_progress;
     bool m_wasPainted = false;

@@ -6,22 +6,23 @@
 #include <algorithm>
 #include <utility>
 
-namespace {
-
-bool contains(const std::vector<std::string>& paths, const std::string& path) {
-    return std::ranges::find(paths, path) != paths.end();
-}
-
-} // namespace
-
 LampContents::LampContents(AQDataSource& data, QObject* parent) : QObject(parent), m_data(data) {
     // Whatever a person changes is noted there.
     connect(&data.history(), &History::changed, this, &LampContents::refresh);
     connect(&data.notifications(), &NotificationCenter::dataLoaded, this, &LampContents::refresh);
 }
 
+const LampContents::Lamp& LampContents::lamp() const {
+    static const Lamp nothing;
+    const auto found = m_lamps.find(m_path);
+    return found == m_lamps.end() ? nothing : found->second;
+}
+
 bool LampContents::isPartKnown() const {
-    return m_brokenSendTo && (!m_isConnected || m_brokenSendTo == m_path);
+    if (m_isConnected)
+        return lamp().brokenSend.has_value();
+    return std::ranges::any_of(m_lamps,
+                               [](const auto& each) { return each.second.brokenSend.has_value(); });
 }
 
 LampContents::State LampContents::stateNow() const {
@@ -29,17 +30,19 @@ LampContents::State LampContents::stateNow() const {
         return State::partOfThisProgram;
     if (!m_isConnected)
         return State::unknown;
-    if (m_isProgramMode == false)
+    const Lamp& lamp = this->lamp();
+    if (lamp.isProgramMode == false)
         return State::analogInput;
-    if (!m_stored)
+    if (!lamp.stored)
         return State::unknown;
-    return ProgramComparison(m_data.contents(), *m_stored).isEqual() ? State::thisProgram
-                                                                     : State::anotherProgram;
+    return ProgramComparison(m_data.contents(), *lamp.stored).isEqual() ? State::thisProgram
+                                                                        : State::anotherProgram;
 }
 
 void LampContents::refresh() {
     m_state = stateNow();
-    if (std::exchange(m_announcedText, text()) != text())
+    const QString all = text() + u'|' + explanation();
+    if (std::exchange(m_announced, all) != all)
         Q_EMIT changed();
 }
 
@@ -60,58 +63,103 @@ QString LampContents::text() const {
     return {};
 }
 
+QString LampContents::explanation() const {
+    if (m_state == State::partOfThisProgram)
+        return brokenSends();
+    if (m_state != State::unknown || !m_isConnected)
+        return {};
+    switch (lamp().unknown) {
+    case Unknown::unreadable:
+        return tr("read, but not understood");
+    case Unknown::untold:
+        return tr("sent, but the controller does not tell what it stored");
+    case Unknown::notRead:
+        break;
+    }
+    return tr("not read yet");
+}
+
+QString LampContents::brokenSends() const {
+    QStringList lines;
+    const auto here = m_data.contents();
+    for (const auto& [path, lamp] : m_lamps) {
+        if (!lamp.brokenSend || (m_isConnected && path != m_path))
+            continue;
+        const bool isStillHere =
+            lamp.brokenSend->points == here.points && lamp.brokenSend->taskLight == here.taskLight;
+        lines << (isStillHere
+                      ? tr("A send to %1 broke off.")
+                      : tr("A send to %1 broke off; the program has been changed here since."))
+                     .arg(QString::fromStdString(path));
+    }
+    lines << tr("What the lamp holds is known again after a whole send, load or "
+                "comparison.");
+    return lines.join(u'\n');
+}
+
 QString LampContents::changeBySending() const {
+    const Lamp& lamp = this->lamp();
     if (isPartKnown())
         return tr("The lamp may hold a part of what was sent before.");
-    if (!m_stored)
+    if (!lamp.stored && lamp.unknown == Unknown::notRead)
         return tr("What the lamp holds has not been read yet.");
+    if (!lamp.stored)
+        return tr("What the lamp holds is not known.");
     // By levels alone: a load cannot always be given back exactly, and then sending it is a change.
     const auto contents = m_data.contents();
-    const auto channels = static_cast<int>(m_stored->image.channels.size());
+    const auto channels = static_cast<int>(lamp.stored->image.channels.size());
     return ProgramComparison(contents, DeviceProgramImage::imageOf(contents, channels),
-                             m_stored->image)
+                             lamp.stored->image)
         .change();
 }
 
-void LampContents::noteRead(const StoredProgram& program) {
-    m_stored = program;
-    if (isPartKnown())
-        m_brokenSendTo.reset();
+void LampContents::noteComplete(const std::optional<StoredProgram>& stored) {
+    Lamp& lamp = m_lamps[m_path];
+    lamp.stored = stored;
+    lamp.brokenSend.reset();
     refresh();
 }
 
-void LampContents::noteUnreadable() {
-    m_stored.reset();
-    refresh();
+void LampContents::noteRead(const StoredProgram& program) {
+    noteComplete(program);
 }
 
 void LampContents::noteStored(const DeviceImage& image) {
-    noteRead({image, std::nullopt});
+    noteComplete(StoredProgram{image, std::nullopt});
 }
 
-void LampContents::noteBrokenSend() {
-    m_stored.reset();
-    m_brokenSendTo = m_path;
+void LampContents::noteStoredUntold() {
+    m_lamps[m_path].unknown = Unknown::untold;
+    noteComplete(std::nullopt);
+}
+
+void LampContents::noteUnreadable() {
+    Lamp& lamp = m_lamps[m_path];
+    lamp.stored.reset();
+    lamp.unknown = Unknown::unreadable;
+    refresh();
+}
+
+void LampContents::noteBrokenSend(const DocumentContents& contents) {
+    Lamp& lamp = m_lamps[m_path];
+    lamp.stored.reset();
+    lamp.unknown = Unknown::notRead;
+    lamp.brokenSend = contents;
     refresh();
 }
 
 void LampContents::forgetMode() {
-    m_isProgramMode.reset();
+    m_lamps[m_path].isProgramMode.reset();
     refresh();
 }
 
 void LampContents::noteMode(bool isProgramMode) {
-    m_isProgramMode = isProgramMode;
+    m_lamps[m_path].isProgramMode = isProgramMode;
     refresh();
 }
 
-void LampContents::linkOpened(const std::string& path, const std::vector<std::string>& present) {
-    if (path != m_path)
-        portRemoved();
+void LampContents::linkOpened(const std::string& path) {
     m_path = path;
-    // A controller that was plugged in again may have another path.
-    if (m_brokenSendTo && !contains(present, *m_brokenSendTo))
-        m_brokenSendTo = path;
     m_isConnected = true;
     refresh();
 }
@@ -121,14 +169,11 @@ void LampContents::linkLost() {
     refresh();
 }
 
-void LampContents::portRemoved() {
-    m_path.clear();
-    m_stored.reset();
-    m_isProgramMode.reset();
+void LampContents::portLeft(const std::string& path) {
+    if (const auto found = m_lamps.find(path); found != m_lamps.end()) {
+        auto brokenSend = std::move(found->second.brokenSend);
+        found->second = Lamp();
+        found->second.brokenSend = std::move(brokenSend);
+    }
     refresh();
-}
-
-void LampContents::portsPresent(const std::vector<std::string>& present) {
-    if (!m_isConnected && !m_path.empty() && !contains(present, m_path))
-        portRemoved();
 }

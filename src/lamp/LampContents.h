@@ -1,13 +1,14 @@
 #pragma once
 
+#include "data/DocumentContents.h"
 #include "lamp/ProgramComparison.h"
 
 #include <QObject>
 #include <QString>
 
+#include <map>
 #include <optional>
 #include <string>
-#include <vector>
 
 class AQDataSource;
 
@@ -34,43 +35,57 @@ public:
     State state() const { return m_state; }
     /// The state for the person, in a few words; empty while unknown.
     QString text() const;
+    /// Why it is unknown, or what is behind a warning; empty when nothing is.
+    QString explanation() const;
     /// What sending the document would change, one line.
     QString changeBySending() const;
 
-    /// A load or a comparison is complete.
+    // All of the controller of the last link:
+    /// A reading is complete, of a program or of lists that make none.
     void noteRead(const StoredProgram& program);
-    /// One ended in answers that make no program.
+    /// One ended in answers that do not tell what is stored.
     void noteUnreadable();
-    /// A send is complete; the controller stored this.
+    /// A send is complete; the controller says that it stored this.
     void noteStored(const DeviceImage& image);
-    void noteBrokenSend();
+    /// A send is complete; the controller does not say all that it stored.
+    void noteStoredUntold();
+    /// A send of this broke off.
+    void noteBrokenSend(const DocumentContents& contents);
     /// The controller told its mode.
     void noteMode(bool isProgramMode);
     /// The controller is being given a mode, and has not answered yet.
     void forgetMode();
 
-    /// The link to the controller at `path` has opened; `present` are the paths of all.
-    void linkOpened(const std::string& path, const std::vector<std::string>& present);
+    /// The link to the controller at `path` has opened.
+    void linkOpened(const std::string& path);
     void linkLost();
-    /// The port of the last link has left the bus.
-    void portRemoved();
-    /// These are on the bus, while there is no link.
-    void portsPresent(const std::vector<std::string>& present);
+    /// What was at `path` has left the bus, with or without a link.
+    void portLeft(const std::string& path);
 
 Q_SIGNALS:
+    /// The text or the explanation changed.
     void changed();
 
 private:
+    enum class Unknown { notRead, unreadable, untold };
+    struct Lamp {
+        std::optional<StoredProgram> stored;
+        Unknown unknown = Unknown::notRead; ///< why nothing is stored here
+        std::optional<bool> isProgramMode;
+        std::optional<DocumentContents> brokenSend; ///< what was being sent
+    };
+
     State stateNow() const;
     void refresh();
+    void noteComplete(const std::optional<StoredProgram>& stored);
+    const Lamp& lamp() const;
     bool isPartKnown() const;
+    QString brokenSends() const;
 
     AQDataSource& m_data;
     bool m_isConnected = false;
-    std::string m_path; ///< of the last link; what follows is known of it
-    std::optional<StoredProgram> m_stored;
-    std::optional<bool> m_isProgramMode;
-    std::optional<std::string> m_brokenSendTo; ///< the path then
+    std::string m_path;                  ///< of the last link
+    std::map<std::string, Lamp> m_lamps; ///< by device file
     State m_state = State::unknown;
-    QString m_announcedText;
+    QString m_announced;
 };

@@ -14,12 +14,15 @@ constexpr std::size_t fourChannels = 4;
 /// One that the item has no part in is none.
 using Levels = std::vector<std::optional<std::uint8_t>>;
 
+QString durationOf(int minutes, int seconds) {
+    if (minutes == 0 && seconds > 0)
+        return ProgramComparison::tr("%1 s").arg(seconds);
+    return seconds > 0 ? ProgramComparison::tr("%1 min %2 s").arg(minutes).arg(seconds)
+                       : ProgramComparison::tr("%1 min").arg(minutes);
+}
+
 QString durationOf(const AQTime& time) {
-    const int minutes = time.minuteOfDay();
-    if (minutes == 0 && time.second > 0)
-        return ProgramComparison::tr("%1 s").arg(time.second);
-    return time.second > 0 ? ProgramComparison::tr("%1 min %2 s").arg(minutes).arg(time.second)
-                           : ProgramComparison::tr("%1 min").arg(minutes);
+    return durationOf(time.minuteOfDay(), time.second);
 }
 
 /// The two fractions in percent, as short as shows the difference, in `text` for a place, the one
@@ -49,8 +52,15 @@ bool areEqual(const Levels& first, const Levels& second) {
     return true;
 }
 
-int minuteOf(const SequenceEntry& entry) {
-    return AQTime{entry.hour, entry.minute}.minuteOfDay();
+bool areAtOneTime(const SequenceEntry& first, const SequenceEntry& second) {
+    return first.hour == second.hour && first.minute == second.minute;
+}
+
+/// As it is stored, which may be no time of day.
+QString clockOf(const SequenceEntry& entry) {
+    return QStringLiteral("%1:%2")
+        .arg(entry.hour, 2, 10, QLatin1Char('0'))
+        .arg(entry.minute, 2, 10, QLatin1Char('0'));
 }
 
 } // namespace
@@ -141,6 +151,8 @@ void ProgramComparison::compare(const Side& here, const Side& lamp) {
         return;
     if (!here.read || !lamp.read) {
         compareChannels(here.image, lamp.image, Rest::All);
+        compareTaskModes(here.image.taskMode, lamp.image.taskMode);
+        m_isWhole = lamp.read.has_value();
         return;
     }
     // Also a program that cannot be given back, such as one of a single entry.
@@ -191,6 +203,18 @@ void ProgramComparison::compareTaskLights(const Item& here, const Item& lamp) {
     m_isTaskLightEqual = m_lines.size() == count;
 }
 
+void ProgramComparison::compareTaskModes(const DeviceImage::TaskMode& here,
+                                         const DeviceImage::TaskMode& lamp) {
+    const QString place = tr("Task light");
+    if (here.minutes != lamp.minutes || here.seconds != lamp.seconds)
+        m_lines << tr("%1: %2 here, %3 in the lamp")
+                       .arg(place, durationOf(here.minutes, here.seconds),
+                            durationOf(lamp.minutes, lamp.seconds));
+    if (here.cold != lamp.cold || here.warm != lamp.warm)
+        m_lines << tr("%1: levels %2 here, %3 in the lamp")
+                       .arg(place, textOf({here.cold, here.warm}), textOf({lamp.cold, lamp.warm}));
+}
+
 void ProgramComparison::addLight(const QString& place, const Item& here, const Item& lamp) {
     QStringList lines;
     const bool isOtherIntensity = here.read.brightness != lamp.read.brightness;
@@ -224,18 +248,17 @@ void ProgramComparison::compareChannels(const DeviceImage& here, const DeviceIma
         }
         const auto [our, their] =
             std::ranges::mismatch(ours, theirs, [rest](const auto& first, const auto& second) {
-                return minuteOf(first) == minuteOf(second) &&
+                return areAtOneTime(first, second) &&
                        (rest == Rest::ExceptPoints || first.level == second.level);
             });
         if (our == ours.end())
             continue;
         const auto entry = our - ours.begin() + 1;
-        if (minuteOf(*our) != minuteOf(*their))
+        if (!areAtOneTime(*our, *their))
             m_lines << tr("Channel %1, entry %2: %3 here, %4 in the lamp")
                            .arg(channel + 1)
                            .arg(entry)
-                           .arg(timeText(our->hour, our->minute),
-                                timeText(their->hour, their->minute));
+                           .arg(clockOf(*our), clockOf(*their));
         else
             m_lines << tr("Channel %1, entry %2: level %3 here, %4 in the lamp")
                            .arg(channel + 1)
@@ -247,6 +270,8 @@ void ProgramComparison::compareChannels(const DeviceImage& here, const DeviceIma
 }
 
 QString ProgramComparison::change() const {
+    if (!m_isWhole)
+        return tr("The incomplete or damaged program in the lamp is replaced");
     if (m_points == 0)
         return !m_isTaskLightEqual ? tr("The task light changes")
                : m_others > 0      ? tr("The stored levels change")

@@ -20,7 +20,8 @@ struct StoredProgram {
 /// Tells what differs between the program here and the one in the lamp.
 ///
 /// Points and the task light are compared one by one: what gives the same levels, or is as it was
-/// read, is equal. Only channels that both images have are compared, and the mode is not.
+/// read, is equal. Only channels that both images have are compared, and the mode is not. Lists of
+/// the lamp's that make no program are compared channel by channel.
 class ProgramComparison {
 public:
     /// For a document.
@@ -35,7 +36,8 @@ public:
     /// 15 min in the lamp". Percents are whole where that shows the difference, else with one
     /// decimal, else the output levels stand for them.
     const QStringList& differences() const { return m_lines; }
-    /// "3 points and the task light change", "Nothing changes".
+    /// "3 points and the task light change", "Nothing changes", or what becomes of lists that make
+    /// no program.
     QString change() const;
 
 private:
@@ -46,6 +48,7 @@ private:
     void comparePoints(const Side& here, const Side& lamp);
     void comparePoint(const Item& here, const Item& lamp);
     void compareTaskLights(const Item& here, const Item& lamp);
+    void compareTaskModes(const DeviceImage::TaskMode& here, const DeviceImage::TaskMode& lamp);
     enum class Rest { ExceptPoints, All };
     void compareChannels(const DeviceImage& here, const DeviceImage& lamp, Rest rest);
     void addLight(const QString& place, const Item& here, const Item& lamp);
@@ -55,6 +58,7 @@ private:
     int m_points = 0; ///< differing
     int m_others = 0; ///< differences of neither points nor task light
     bool m_isTaskLightEqual = true;
+    bool m_isWhole = true; ///< the lamp's lists make a program
 
     Q_DECLARE_TR_FUNCTIONS(ProgramComparison)
 };

@@ -15,23 +15,36 @@ struct Transfers::Sending {
     AQDataSource::Contents contents;
     DeviceImage image;
     DeviceImage stored; ///< what no answer tells is taken to be as it was sent
+    bool isAllTold = true;
 
     void noteAnswer(std::size_t index, const YAnswer& answer) {
         if (const auto* taskMode = dynamic_cast<const AnswerTaskMode*>(&answer))
             stored.taskMode = {taskMode->minutes, taskMode->seconds, taskMode->levels[0].raw,
                                taskMode->levels[1].raw};
-        const auto* sequence = dynamic_cast<const AnswerSequenceData*>(&answer);
-        if (!sequence || sequence->seqData.empty() || index >= stored.channels.size())
-            return;
-        // Bytes are missing or too many: it does not tell what is stored.
-        constexpr std::size_t entrySize = 3;
-        if (sequence->data().size() != 1 + entrySize * sequence->seqData.size())
-            return;
-        // Of a controller that names no channels, it may be the late answer about the one before.
-        const bool isLate = index > 0 && sequence->channel != index &&
-                            sequence->seqData == image.channels[index - 1];
-        if (!isLate)
+        else if (const auto* sequence = dynamic_cast<const AnswerSequenceData*>(&answer);
+                 sequence && tellsOf(index, *sequence))
             stored.channels[index] = sequence->seqData;
+        else
+            isAllTold = false;
+    }
+
+private:
+    /// Whether it tells what is stored in the channel.
+    bool tellsOf(std::size_t index, const AnswerSequenceData& answer) const {
+        if (index >= image.channels.size())
+            return false;
+        const auto& entries = answer.seqData;
+        // Bytes are missing or too many.
+        constexpr std::size_t entrySize = 3;
+        if (answer.data().size() != 1 + entrySize * entries.size())
+            return false;
+        if (entries == image.channels[index])
+            return true;
+        // Of a controller that names no channels, it may be the late answer about the one before.
+        const bool isLate =
+            index > 0 && answer.channel != index && entries == image.channels[index - 1];
+        // Without entries it may be the mere receipt of a controller that repeats none.
+        return !entries.empty() && !isLate;
     }
 };
 
@@ -54,37 +67,32 @@ void Transfers::load() {
         std::move(commands),
         [this, loadedFrom = *device, droppings = m_droppings](const Answers& answers) {
             if (droppings == m_droppings && --m_loads == 0)
-                readAnswers(answers, loadedFrom, [this](const auto& result, const auto& program) {
-                    onLoaded(result, program);
-                });
+                onLoaded(programOf(answers, loadedFrom));
         },
         [this](const YAnswer&) { m_progress.step(); });
 }
 
-void Transfers::readAnswers(const Answers& answers, const DeviceInfo& device,
-                            const ReadDone& done) {
-    StoredProgram program;
+std::optional<StoredProgram> Transfers::programOf(const Answers& answers,
+                                                  const DeviceInfo& device) {
     const auto image = DeviceProgramImage::imageOf(answers, device);
-    if (image)
-        program = {*image, DeviceProgramImage::contentsOf(*image)};
-    if (program.contents) {
-        done(TransferResult::ok{}, program);
-    } else {
-        m_lamp.noteUnreadable();
-        done(TransferResult::errorInvalidData{}, program);
-    }
+    if (!image)
+        return {};
+    return StoredProgram{*image, DeviceProgramImage::contentsOf(*image)};
 }
 
-void Transfers::onLoaded(const TransferResult& result, const StoredProgram& program) {
-    m_loaded = program;
+void Transfers::onLoaded(const std::optional<StoredProgram>& program) {
+    m_loaded = program.value_or(StoredProgram());
+    // What makes no document is no whole load.
+    if (!m_loaded.contents)
+        m_lamp.noteUnreadable();
     Q_EMIT arrived();
     // The dirty mark does not tell: it may stand from before, and have been asked about.
     if (m_data.contents() == m_undisturbed) {
         finishLoad(News::Yes);
         return;
     }
-    if (result.isOk())
-        m_lamp.noteRead(program);
+    if (m_loaded.contents)
+        m_lamp.noteRead(m_loaded);
     Q_EMIT disturbed();
 }
 
@@ -139,19 +147,39 @@ void Transfers::read(Read what, const ReadDone& done) {
         [this, what, done, readFrom = *device, droppings = m_droppings](Answers answers) {
             if (droppings != m_droppings)
                 return;
-            setReadings(m_readings - 1);
             if (what == Read::AndMode) {
                 if (const auto* mode = dynamic_cast<const AnswerDeviceMode*>(answers.back().get()))
                     m_lamp.noteMode(mode->mode != 0);
                 answers.pop_back();
             }
-            readAnswers(answers, readFrom, [this, &done](const auto& result, const auto& program) {
-                if (result.isOk())
-                    m_lamp.noteRead(program);
-                done(result, program);
+            const auto program = programOf(answers, readFrom);
+            if (program)
+                m_lamp.noteRead(*program);
+            else
+                m_lamp.noteUnreadable();
+            deliver(droppings, [this, done, program] {
+                setReadings(m_readings - 1);
+                const bool isOk = program && program->contents;
+                done(isOk ? TransferResult(TransferResult::ok{})
+                          : TransferResult::errorInvalidData{},
+                     program.value_or(StoredProgram()));
             });
         },
         [this](const YAnswer&) { m_progress.step(); });
+}
+
+void Transfers::deliver(int droppings, const std::function<void()>& result) {
+    if (droppings != m_droppings)
+        return;
+    const ModalPause& pause = m_controller.modalPause();
+    if (!pause.isActive()) {
+        result();
+        return;
+    }
+    // Windows may follow one another, and queued this comes behind the next.
+    connect(
+        &pause, &ModalPause::ended, this, [this, droppings, result] { deliver(droppings, result); },
+        static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
 }
 
 std::string Transfers::portPath() const {
@@ -171,6 +199,7 @@ void Transfers::send() {
     sending->stored = sending->image;
     auto commands = DeviceProgramImage::sendCommands(sending->image, *device);
     ++m_sends;
+    m_sentLast = sending->contents;
     m_data.markSent(sending->contents);
     m_progress.begin(tr("Sending %1 of %2"), static_cast<int>(commands.size()));
     for (std::size_t index = 0; index < commands.size(); ++index)
@@ -190,9 +219,13 @@ void Transfers::onSendAnswer(Sending& sending, std::size_t index, const YAnswer&
 
 void Transfers::onSent(const Sending& sending) {
     --m_sends;
-    m_lamp.noteStored(sending.stored);
+    const bool isOther = sending.stored != sending.image;
+    if (sending.isAllTold || isOther)
+        m_lamp.noteStored(sending.stored);
+    else
+        m_lamp.noteStoredUntold();
     QString difference;
-    if (sending.stored != sending.image) {
+    if (isOther) {
         const ProgramComparison comparison(sending.contents, sending.image, sending.stored);
         difference = comparison.differences().value(0);
         SPDLOG_ERROR(fmt::format("the controller stored something else: {} differences",
@@ -225,6 +258,6 @@ void Transfers::linkWasLost() {
     dropLoads();
     m_progress.stop();
     if (std::exchange(m_sends, 0) > 0)
-        m_lamp.noteBrokenSend();
+        m_lamp.noteBrokenSend(m_sentLast);
     m_afterSends = nullptr;
 }

@@ -25,7 +25,8 @@ class Transfers : public QObject {
     Q_OBJECT
 
 public:
-    /// What was read, or why it is no program.
+    /// What was read. Lists that make no program end in errorInvalidData too, with them and
+    /// without contents; an image without channels has been told nothing.
     using ReadDone = std::function<void(const TransferResult& result, const StoredProgram& read)>;
 
     /// All must outlive this.
@@ -44,8 +45,9 @@ public:
     std::string portPath() const;
     bool isSending() const { return m_sends > 0; }
 
-    /// Reads the program in the controller, and with `AndMode` whether it runs it. `read` holds
-    /// contents when the result is `ok`.
+    /// Reads the program in the controller, and with `AndMode` whether it runs it. `done` holds
+    /// contents when the result is `ok`; while a modal window is shown it waits, and the reading
+    /// goes on.
     enum class Read { Program, AndMode };
     void read(Read what, const ReadDone& done);
     bool isReading() const { return m_readings > 0; }
@@ -79,11 +81,12 @@ private:
     struct Sending;
 
     void setReadings(int count);
-    void readAnswers(const Answers& answers, const DeviceInfo& device, const ReadDone& done);
+    static std::optional<StoredProgram> programOf(const Answers& answers, const DeviceInfo& device);
+    void deliver(int droppings, const std::function<void()>& result);
     enum class News { No, Yes }; ///< whether what was read is to be noted yet
     void finishLoad(News news);
     void replaceBy(const StoredProgram& program, const QString& stepName, News news);
-    void onLoaded(const TransferResult& result, const StoredProgram& program);
+    void onLoaded(const std::optional<StoredProgram>& program);
     void onSendAnswer(Sending& sending, std::size_t index, const YAnswer& answer);
     void onSent(const Sending& sending);
 
@@ -96,6 +99,7 @@ private:
     int m_readings = 0;
     int m_droppings = 0; ///< tells the answers of a dropped load from those of a later one
     AQDataSource::Contents m_undisturbed; ///< the document when the first load on its way began
+    AQDataSource::Contents m_sentLast;    ///< what the last send began with
     StoredProgram m_loaded;               ///< by the last load
     std::function<void()> m_afterSends;
 };

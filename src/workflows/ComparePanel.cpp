@@ -70,10 +70,13 @@ void ComparePanel::makeButtons() {
     layout->addLayout(buttons);
 }
 
-void ComparePanel::run(const QStringList& differences, const QStringList& notes) {
+void ComparePanel::run(const QStringList& differences, const QStringList& notes, Lamps lamps) {
     m_isEqual = differences.isEmpty();
+    m_lamps = lamps;
     m_lblHeadline->setText(m_isEqual ? tr("The lamp holds this program.")
-                                     : tr("The program here and the lamp's differ:"));
+                           : lamps == Lamps::Whole
+                               ? tr("The program here and the lamp's differ:")
+                               : tr("The lamp's program is incomplete or damaged:"));
     m_txtDifferences->setPlainText(m_isEqual ? tr("Nothing differs.") : differences.join(u'\n'));
     m_lblNotes->setText(notes.join(u'\n'));
     m_lblNotes->setVisible(!notes.isEmpty());
@@ -93,9 +96,11 @@ void ComparePanel::setConnected(bool isConnected) {
 
 void ComparePanel::refreshButtons() {
     const QString nothing = tr("Nothing differs");
-    const ControlState take{!m_isEqual, m_isEqual ? nothing
-                                                  : tr("Replace the program here by "
-                                                       "the lamp's; can be undone")};
+    const ControlState take =
+        m_isEqual ? ControlState{false, nothing}
+        : m_lamps == Lamps::Incomplete
+            ? ControlState{false, tr("The lamp's program is incomplete or damaged")}
+            : ControlState{true, tr("Replace the program here by the lamp's; can be undone")};
     const ControlState send = m_isEqual ? ControlState{false, nothing}
                                         : ControlStates::send({.isConnected = m_isConnected});
     take.applyTo(*m_bttnTake);

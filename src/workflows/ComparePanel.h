@@ -15,9 +15,11 @@ class ComparePanel : public QDialog {
 public:
     explicit ComparePanel(QWidget* parent);
 
+    /// Whether the lamp's lists make a program, which alone can be taken.
+    enum class Lamps { Whole, Incomplete };
     /// Shows the differences, one a line; none are said to be none. `notes` say what else is to be
     /// known about them.
-    void run(const QStringList& differences, const QStringList& notes);
+    void run(const QStringList& differences, const QStringList& notes, Lamps lamps);
     /// What needs the controller waits until it is back.
     void setConnected(bool isConnected);
 
@@ -37,5 +39,6 @@ private:
     QPushButton* m_bttnSend;
     QPushButton* m_bttnClose;
     bool m_isEqual = false;
+    Lamps m_lamps = Lamps::Whole;
     bool m_isConnected = true;
 };

@@ -42,7 +42,6 @@ void ConnectionWorkflow::messageControllerDidOpen() {
 }
 
 void ConnectionWorkflow::messageControllerFoundPorts(std::size_t count) {
-    Q_EMIT looked();
     if (count == 0)
         Q_EMIT portProblemChanged({}, {});
     else if (count > 1)
@@ -63,9 +62,6 @@ void ConnectionWorkflow::messageControllerGotError(const YMessageError& error) {
     // The port could be used, and the alert tells what went wrong then.
     Q_EMIT portProblemChanged({}, {});
     setConnected(false);
-    const auto* const closed = error.get<YMessageError::PortClosedError>();
-    if (closed->reason->is<YMessageError::PortRemoved>())
-        Q_EMIT portRemoved();
     m_prompts.alert(tr("Device Error!"), tr("Error: %1.").arg(LinkTexts::shown(error)),
                     Prompts::Severity::Critical);
 }

@@ -34,10 +34,6 @@ public:
 
 Q_SIGNALS:
     void connectedChanged(bool isConnected);
-    /// Behind `connectedChanged`: the link was lost because its port has left the bus.
-    void portRemoved();
-    /// The bus was looked at while there was no link.
-    void looked();
     /// A controller is there but cannot be used: why, in a few words, and what helps, which may be
     /// empty, and in commands. All are empty when that is over.
     void portProblemChanged(const QString& problem, const QString& help,

@@ -8,8 +8,6 @@
 #include "workflows/Prompts.h"
 #include "yprotocoll/link/YMessageController.h"
 
-#include <QApplication>
-
 #include <algorithm>
 
 DeviceComparison::DeviceComparison(const Context& context) : m_context(context) {}
@@ -26,20 +24,23 @@ void DeviceComparison::menuCompare() {
 }
 
 void DeviceComparison::onRead(const TransferResult& result, const StoredProgram& program) {
-    // It waits for what was opened meanwhile, such as the question of a send.
-    if (auto* open = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
-        connect(
-            open, &QDialog::finished, this, [this, result, program] { onRead(result, program); },
-            static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection));
-        return;
-    }
-    if (!result.isOk()) {
+    // Lists that make no program can be told of, too.
+    if (program.image.channels.empty()) {
         m_context.prompts.alert(tr("Could not compare with the device!"), result.description(),
                                 Prompts::Severity::Critical);
         return;
     }
     Q_EMIT arrived();
     m_read = program;
+    if (!m_panel)
+        makePanel();
+    Q_EMIT ghostChanged(ghostOf(program));
+    m_panel->run(ProgramComparison(m_context.data.contents(), program).differences(),
+                 notesOn(program),
+                 program.contents ? ComparePanel::Lamps::Whole : ComparePanel::Lamps::Incomplete);
+}
+
+QStringList DeviceComparison::notesOn(const StoredProgram& program) const {
     QStringList notes;
     const auto read = static_cast<int>(program.image.channels.size());
     const auto& device = m_context.controller.device();
@@ -51,12 +52,15 @@ void DeviceComparison::onRead(const TransferResult& result, const StoredProgram&
                      .arg(read);
     if (m_context.lamp.state() == LampContents::State::analogInput)
         notes << tr("At present the lamp follows its analog input.");
-    if (!m_panel)
-        makePanel();
+    return notes;
+}
+
+std::optional<std::vector<AQTimePoint>> DeviceComparison::ghostOf(const StoredProgram& program) {
+    if (!program.contents)
+        return {};
     auto points = program.contents->points; // in the controller's order
     std::ranges::stable_sort(points, {}, [](const auto& p) { return p.time.minuteOfDay(); });
-    Q_EMIT ghostChanged(std::move(points));
-    m_panel->run(ProgramComparison(m_context.data.contents(), program).differences(), notes);
+    return points;
 }
 
 void DeviceComparison::makePanel() {

@@ -3,6 +3,7 @@
 #include "lamp/ProgramComparison.h"
 
 #include <QObject>
+#include <QStringList>
 
 #include <memory>
 #include <optional>
@@ -53,6 +54,8 @@ Q_SIGNALS:
 
 private:
     void onRead(const TransferResult& result, const StoredProgram& program);
+    QStringList notesOn(const StoredProgram& program) const;
+    static std::optional<std::vector<AQTimePoint>> ghostOf(const StoredProgram& program);
     void makePanel();
     void take();
 

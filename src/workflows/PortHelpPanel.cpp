@@ -32,6 +32,11 @@ PortHelpPanel::PortHelpPanel(QWidget* parent)
 
 void PortHelpPanel::setProblem(const QString& help,
                                const std::vector<YMessageError::PortRemedy>& remedies) {
+    // What is told again would lose what the person has selected.
+    if (help == m_help && remedies == m_shown)
+        return;
+    m_help = help;
+    m_shown = remedies;
     m_lblHelp->setText(help + u'.');
     delete m_remedies;
     m_remedies = new QWidget(this);

@@ -23,6 +23,8 @@ public:
 private:
     void addRemedy(const YMessageError::PortRemedy& remedy);
 
+    QString m_help;
+    std::vector<YMessageError::PortRemedy> m_shown;
     QLabel* m_lblHelp;
     QWidget* m_remedies = nullptr; ///< made anew for each problem
     QVBoxLayout* m_layout;

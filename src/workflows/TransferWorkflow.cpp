@@ -61,12 +61,11 @@ void TransferWorkflow::sendResult(const TransferResult& result, const QString& d
                         Prompts::Severity::Critical);
         return;
     }
-    if (m_isQuiet)
-        return;
-    m_prompts.alert(tr("Upload was successfull!"),
-                    tr("Your settings have been applied to the device."),
-                    Prompts::Severity::Information);
-    if (!difference.isEmpty())
+    if (m_telling == Tell::Everything)
+        m_prompts.alert(tr("Upload was successfull!"),
+                        tr("Your settings have been applied to the device."),
+                        Prompts::Severity::Information);
+    if (m_telling != Tell::Nothing && !difference.isEmpty())
         m_prompts.alert(tr("The device stored something else!"), difference,
                         Prompts::Severity::Critical);
 }

@@ -21,8 +21,13 @@ public:
 
     void onBttnLoadFromDevice();
     void onBttnSaveToDevice();
-    /// For the end of the program: a send that succeeds is not told any more.
-    void setQuiet(bool isQuiet) { m_isQuiet = isQuiet; }
+    /// What is told of a send that is complete.
+    enum class Tell {
+        Everything,
+        WrongStoring, ///< alone, when the person has asked for the end of the program
+        Nothing       ///< nobody is there to read it
+    };
+    void setTelling(Tell what) { m_telling = what; }
 
 private:
     void onDisturbed();
@@ -33,5 +38,5 @@ private:
     const LampContents& m_lamp;
     DocumentCommands& m_documents;
     Prompts& m_prompts;
-    bool m_isQuiet = false;
+    Tell m_telling = Tell::Everything;
 };

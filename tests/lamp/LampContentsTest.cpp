@@ -12,12 +12,7 @@ using DeviceProgramImage::imageOf;
 
 class LampContentsTest : public testing::Test {
 protected:
-    LampContentsTest() { open("ttyUSB0"); }
-    void open(const std::string& path, const std::vector<std::string>& others = {}) {
-        auto present = others;
-        present.push_back(path);
-        lamp.linkOpened(path, present);
-    }
+    LampContentsTest() { lamp.linkOpened("ttyUSB0"); }
     DeviceImage image() const { return imageOf(data.contents(), 4); }
 
     NotificationCenter notifications;
@@ -29,36 +24,42 @@ TEST_F(LampContentsTest, isForgottenWithThePort) {
     lamp.noteStored(image());
     lamp.linkLost();
     EXPECT_EQ(lamp.state(), State::unknown) << "while nobody can tell";
-    lamp.portsPresent({"ttyUSB0", "ttyUSB1"});
-    open("ttyUSB0");
+    lamp.portLeft("ttyUSB1");
+    lamp.linkOpened("ttyUSB0");
     EXPECT_EQ(lamp.state(), State::thisProgram) << "it stayed on the bus";
     lamp.linkLost();
-    lamp.portsPresent({"ttyUSB1"});
-    open("ttyUSB0");
-    EXPECT_EQ(lamp.state(), State::unknown);
-    lamp.noteStored(image());
-    lamp.linkLost();
-    open("ttyUSB1", {"ttyUSB0"});
+    lamp.linkOpened("ttyUSB1");
     EXPECT_EQ(lamp.state(), State::unknown) << "another one";
+    lamp.portLeft("ttyUSB0");
+    lamp.linkOpened("ttyUSB0");
+    EXPECT_EQ(lamp.state(), State::unknown);
+    EXPECT_EQ(lamp.explanation(), QStringLiteral("not read yet"));
+    lamp.noteUnreadable();
+    EXPECT_EQ(lamp.explanation(), QStringLiteral("read, but not understood"));
 }
 
-TEST_F(LampContentsTest, remembersABrokenSendUntilTheControllerIsKnown) {
-    lamp.noteBrokenSend();
+TEST_F(LampContentsTest, remembersEachBrokenSendUntilThatControllerIsKnown) {
+    lamp.noteBrokenSend(data.contents());
     lamp.linkLost();
-    lamp.portRemoved();
-    EXPECT_EQ(lamp.text(), QStringLiteral("the lamp may hold a part of this program"));
-    open("ttyUSB1", {"ttyUSB0"});
+    lamp.portLeft("ttyUSB0");
+    lamp.linkOpened("ttyUSB1");
+    EXPECT_EQ(lamp.state(), State::unknown) << "nothing was sent to this one";
+    lamp.noteBrokenSend(data.contents());
     lamp.noteStored(image());
-    EXPECT_EQ(lamp.state(), State::thisProgram) << "of the other controller";
+    EXPECT_EQ(lamp.state(), State::thisProgram);
     lamp.linkLost();
-    EXPECT_EQ(lamp.state(), State::partOfThisProgram);
-    // Back under another name.
-    open("ttyUSB2", {"ttyUSB1"});
+    EXPECT_EQ(lamp.text(), QStringLiteral("the lamp may hold a part of this program"));
+    lamp.linkOpened("ttyUSB0");
     EXPECT_EQ(lamp.text(), QStringLiteral("the lamp may hold a part of this program: Send again"));
+    EXPECT_TRUE(lamp.explanation().startsWith(u"A send to ttyUSB0 broke off.\n"));
+    data.sequence().replacePoints({});
+    data.noteStep();
+    EXPECT_TRUE(lamp.explanation().startsWith(u"A send to ttyUSB0 broke off; the program"));
     lamp.noteUnreadable();
     EXPECT_EQ(lamp.state(), State::partOfThisProgram);
     lamp.noteRead({image(), data.contents()});
-    EXPECT_EQ(lamp.state(), State::thisProgram);
+    lamp.linkLost();
+    EXPECT_EQ(lamp.state(), State::unknown);
 }
 
 } // namespace

@@ -81,6 +81,9 @@ TEST(ProgramComparison, knowsHowFewPointsAreStored) {
         image.channels[1].pop_back();
         EXPECT_EQ(lines({program(), imageOf(program(), channels), image}),
                   "Channel 2: 3 entries here, 2 in the lamp");
+        image = imageOf(program(), channels);
+        image.taskMode = {0, 60, 254, 254};
+        EXPECT_EQ(lines({program(), {image, {}}}), "Task light: 1 min here, 60 s in the lamp");
     }
 }
 

@@ -102,7 +102,7 @@ TEST_F(LampProgramTest, aLateAnswerIsNoOtherProgram) {
     fault("twice#44@1");
     send(2);
     EXPECT_EQ(prompts.told.size(), 2);
-    EXPECT_EQ(state(), runsThis);
+    EXPECT_EQ(state(), "") << "what the next channel holds was not told";
 }
 
 TEST_F(LampProgramTest, readsBackWhatASendStored) {
@@ -110,6 +110,7 @@ TEST_F(LampProgramTest, readsBackWhatASendStored) {
         {"other-levels=1#50", "Task light: 100 % here, 97 % in the lamp"},
         {"fewer-points=1#44", "23:30 only here"},
         {"shorter=21#44", ""}, // not told: the answers name their channel and no more
+        {"shorter=1#44", ""},
     };
     for (const auto& [spoilt, difference] : cases) {
         SCOPED_TRACE(spoilt);
@@ -123,7 +124,8 @@ TEST_F(LampProgramTest, readsBackWhatASendStored) {
             EXPECT_EQ(prompts.told.last().toStdString(),
                       std::string("The device stored something else!|") + difference);
         }
-        EXPECT_EQ(state(), isTold ? runsAnother : runsThis);
+        EXPECT_EQ(state(), isTold ? runsAnother : "");
+        EXPECT_EQ(ui().lblConnectionStatus->toolTip().startsWith(u"sent, but"), !isTold);
         faults.clear();
         ports.unplug("ttyUSB0");
         ASSERT_TRUE(runUntil([&] { return !isConnected(); }));
@@ -147,6 +149,35 @@ TEST_F(LampProgramTest, aBrokenSendIsRememberedUntilTheLampIsKnown) {
               delegate.window().palette().color(QPalette::WindowText));
     send(2);
     EXPECT_EQ(state(), runsThis);
+}
+
+// Behind a window nothing looks at the ports; the bus tells of them all the same.
+TEST_F(LampProgramTest, forgetsAControllerThatWasReplacedBehindAWindow) {
+    connect();
+    send(1);
+    ports.hangUp("ttyUSB0");
+    ASSERT_TRUE(runUntil([&] { return !isConnected(); }));
+    pause.setActive(true);
+    ports.unplug("ttyUSB0");
+    plug();
+    pause.setActive(false);
+    ASSERT_TRUE(runUntil([&] { return isConnected(); }));
+    EXPECT_EQ(state(), "");
+}
+
+TEST_F(LampProgramTest, tellsWhatABrokenSendLeft) {
+    connect();
+    fault("unplug=20#44@2");
+    prompts.confirmations = {true};
+    ui().bttnSend->click();
+    EXPECT_TRUE(becomes("the lamp may hold a part of this program: Send again"));
+    QDialog* panel = compare();
+    EXPECT_EQ(textOf(panel), "Channel 2: 7 entries here, 4 in the lamp\n"
+                             "Task light: 1 min here, 15 min in the lamp");
+    EXPECT_EQ(state(), runsAnother);
+    EXPECT_FALSE(button(panel, "bttnTakeLamps")->isEnabled());
+    button(panel, "bttnSendMine")->click();
+    EXPECT_EQ(lineAsked(), "The incomplete or damaged program in the lamp is replaced");
 }
 
 TEST_F(LampProgramTest, comparesAndMakesEqual) {
@@ -200,7 +231,7 @@ TEST_F(LampProgramTest, refusesToCompareWithAReason) {
     fault("delay=10");
     compare()->reject();
     const int reads = received("CmdGetTaskMode");
-    fault("shorter=3#46@1");
+    fault("channel=7#46@1");
     ui().menuitemCompare->trigger();
     EXPECT_FALSE(menuitem.isEnabled());
     ui().menuitemCompare->trigger();
@@ -225,7 +256,11 @@ TEST_F(LampProgramTest, savesWhatTheDeviceHolds) {
     const QString path = folder.filePath(QStringLiteral("lamp.sq"));
     prompts.placesToSave = {folder.filePath(QStringLiteral("lamp"))};
     const auto before = data.contents();
+    pause.setActive(true);
     ui().menuitemBackup->trigger();
+    EXPECT_TRUE(becomes(runsAnother));
+    EXPECT_FALSE(runUntil([&] { return !prompts.asked.isEmpty(); }, 50ms)) << "another window";
+    pause.setActive(false);
     EXPECT_TRUE(runUntil([&] { return QFileInfo::exists(path); }));
     EXPECT_EQ(data.contents(), before);
     EXPECT_FALSE(data.isDirty());

@@ -81,6 +81,13 @@ void SimulatedSerialPortManager::unplug(const std::string& name) {
     if (device->openPort)
         device->openPort->end(true);
     m_log.note(name, "unplugged");
+    QMetaObject::invokeMethod(
+        this,
+        [this, path = pathOf(name)] {
+            if (m_delegate)
+                m_delegate->serialPortLeft(path);
+        },
+        Qt::QueuedConnection);
     reportChange();
 }
 

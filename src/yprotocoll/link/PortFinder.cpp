@@ -73,6 +73,10 @@ bool PortFinder::hasArrivals(const std::vector<SerialPortInfo>& ports) {
     const auto before = std::exchange(m_seenPaths, std::vector<std::string>());
     for (const SerialPortInfo& port : ports)
         m_seenPaths->push_back(port.path);
+    // The bus has told it already, where somebody listens to it.
+    for (const std::string& path : before.value_or(std::vector<std::string>()))
+        if (!contains(ports, path))
+            Q_EMIT left(path);
     return before && std::ranges::any_of(*m_seenPaths, [&](const std::string& path) {
                return std::ranges::find(*before, path) == before->end();
            });
@@ -129,6 +133,8 @@ void PortFinder::openPath(const std::string& path) {
     tellFound(port != ports.end() ? 1 : 0);
     if (port != ports.end())
         openPort(*port);
+    else
+        Q_EMIT left(path);
 }
 
 void PortFinder::openPort(const SerialPortInfo& port) {
@@ -206,8 +212,11 @@ void PortFinder::serialPortWasClosed(SerialPort& port) {
 }
 
 void PortFinder::serialPortWasRemovedFromSystem(SerialPort& port) {
-    if (&port == m_port.get())
-        Q_EMIT ended(YMessageError::portClosed(YMessageError::PortRemoved{}));
+    if (&port != m_port.get())
+        return;
+    const std::string path = port.info().path;
+    Q_EMIT ended(YMessageError::portClosed(YMessageError::PortRemoved{}));
+    Q_EMIT left(path);
 }
 
 void PortFinder::serialPortDidEncounterError(SerialPort& port,

@@ -52,6 +52,8 @@ public:
 Q_SIGNALS:
     /// At every look: how many there are, only the one asked for by its path being counted.
     void found(std::size_t count);
+    /// What was at this path has left the bus, held or not; may come more than once.
+    void left(const std::string& path);
     /// `port` is held from now on; its opening follows.
     void opening(SerialPort& port);
     void opened();
@@ -85,6 +87,7 @@ private:
                                      const YMessageError::PortError& error) override;
     void serialPortDidReceive(SerialPort& port, std::span<const std::uint8_t> bytes) override;
     void serialPortsChanged() override;
+    void serialPortLeft(const std::string& path) override { Q_EMIT left(path); }
 
     SerialPortManager& m_ports;
     const Intervals m_intervals;

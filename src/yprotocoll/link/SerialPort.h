@@ -76,6 +76,8 @@ class SerialPortManagerDelegate {
 public:
     /// The list may have changed; asks for nothing more than a look at `availablePorts()`.
     virtual void serialPortsChanged() = 0;
+    /// The device at `path` has left the bus; another one may be there already.
+    virtual void serialPortLeft(const std::string& path) = 0;
 
 protected:
     ~SerialPortManagerDelegate() = default;

@@ -132,8 +132,11 @@ void UdevSerialPortManager::onMonitorReadable() {
         if (!action || !path)
             continue;
         changed = true;
-        if (std::string_view(action) == "remove")
-            Q_EMIT deviceRemoved(path);
+        if (std::string_view(action) != "remove")
+            continue;
+        Q_EMIT deviceRemoved(path);
+        if (m_delegate)
+            m_delegate->serialPortLeft(path);
     }
     if (changed && m_delegate)
         m_delegate->serialPortsChanged();

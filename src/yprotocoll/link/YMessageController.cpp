@@ -20,6 +20,8 @@ YMessageController::YMessageController(SerialPortManager& ports, ModalPause& pau
     : m_pause(pause), m_finder(ports, pause, {intervals.scan, intervals.open, intervals.arrival}),
       m_queue(pause, intervals.answer, intervals.maxTimeouts) {
     connect(&m_finder, &PortFinder::found, this, &YMessageController::onFound);
+    connect(&m_finder, &PortFinder::left, this,
+            [this](const std::string& path) { later([this, path] { Q_EMIT portLeft(path); }); });
     connect(&m_finder, &PortFinder::opening, &m_queue, &CommandQueue::start);
     connect(&m_finder, &PortFinder::opened, this, &YMessageController::onOpened);
     connect(&m_finder, &PortFinder::received, this, &YMessageController::received);

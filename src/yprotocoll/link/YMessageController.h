@@ -135,6 +135,9 @@ Q_SIGNALS:
     // What goes over the line, as it goes; for who only looks on.
     void written(const std::string& command, std::span<const std::uint8_t> bytes);
     void received(std::span<const std::uint8_t> bytes);
+    /// The device at this path has left the bus, whatever the link was doing and whether or not
+    /// there was one. In order with the delegate's reports, behind that of the link's end.
+    void portLeft(const std::string& path);
 
 private:
     void onFound(std::size_t count);
