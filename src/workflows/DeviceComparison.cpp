@@ -50,6 +50,8 @@ QStringList DeviceComparison::notesOn(const StoredProgram& program) const {
                     "compared.")
                      .arg(all)
                      .arg(read);
+    if (!program.contents)
+        notes << tr("It cannot be taken or shown as a curve. Send Mine stores the whole program.");
     if (m_context.lamp.state() == LampContents::State::analogInput)
         notes << tr("At present the lamp follows its analog input.");
     return notes;
