@@ -368,6 +368,14 @@ Das Arbeitslicht hilft bei der Beckenpflege und beim kurzen Blick auf die Bewohn
         <source>Replace the program here by the lamp&apos;s; can be undone</source>
         <translation>Das Programm hier durch das der Lampe ersetzen; kann rückgängig gemacht werden</translation>
     </message>
+    <message>
+        <source>The lamp&apos;s program is incomplete or damaged:</source>
+        <translation>Das Programm der Lampe ist unvollständig oder beschädigt:</translation>
+    </message>
+    <message>
+        <source>The lamp&apos;s program is incomplete or damaged</source>
+        <translation>Das Programm der Lampe ist unvollständig oder beschädigt</translation>
+    </message>
 </context>
 <context>
     <name>ConnectionWorkflow</name>
@@ -585,6 +593,10 @@ Pfeiltasten wählen aus und dimmen, mit Alt verschieben sie in der Zeit.</transl
     <message>
         <source>Take the Lamp&apos;s Program</source>
         <translation>Programm der Lampe übernehmen</translation>
+    </message>
+    <message>
+        <source>It cannot be taken or shown as a curve. Send Mine stores the whole program.</source>
+        <translation>Es kann nicht übernommen oder als Kurve gezeigt werden. „Meines senden“ speichert das ganze Programm.</translation>
     </message>
 </context>
 <context>
@@ -808,6 +820,34 @@ Pfeiltasten wählen aus und dimmen, mit Alt verschieben sie in der Zeit.</transl
     <message>
         <source>What the lamp holds has not been read yet.</source>
         <translation>Was die Lampe enthält, wurde noch nicht gelesen.</translation>
+    </message>
+    <message>
+        <source>read, but not understood</source>
+        <translation>gelesen, aber nicht verstanden</translation>
+    </message>
+    <message>
+        <source>sent, but the controller does not tell what it stored</source>
+        <translation>gesendet, aber der Controller sagt nicht, was er gespeichert hat</translation>
+    </message>
+    <message>
+        <source>not read yet</source>
+        <translation>noch nicht gelesen</translation>
+    </message>
+    <message>
+        <source>A send to %1 broke off.</source>
+        <translation>Das Senden an %1 wurde abgebrochen.</translation>
+    </message>
+    <message>
+        <source>A send to %1 broke off; the program has been changed here since.</source>
+        <translation>Das Senden an %1 wurde abgebrochen; das Programm wurde hier seitdem geändert.</translation>
+    </message>
+    <message>
+        <source>What the lamp holds is known again after a whole send, load or comparison.</source>
+        <translation>Was die Lampe enthält, ist nach vollständigem Senden, Laden oder Vergleichen wieder bekannt.</translation>
+    </message>
+    <message>
+        <source>What the lamp holds is not known.</source>
+        <translation>Was die Lampe enthält, ist nicht bekannt.</translation>
     </message>
 </context>
 <context>
@@ -1082,10 +1122,6 @@ Pfeiltasten wählen aus und dimmen, mit Alt verschieben sie in der Zeit.</transl
         <translation>Senden 00 von 00</translation>
     </message>
     <message>
-        <source>not read yet</source>
-        <translation>noch nicht gelesen</translation>
-    </message>
-    <message>
         <source>&amp;User Guide</source>
         <translation>&amp;Handbuch</translation>
     </message>
@@ -1256,6 +1292,10 @@ Pfeiltasten wählen aus und dimmen, mit Alt verschieben sie in der Zeit.</transl
             <numerusform>%n Punkt und das Arbeitslicht ändern sich</numerusform>
             <numerusform>%n Punkte und das Arbeitslicht ändern sich</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>The incomplete or damaged program in the lamp is replaced</source>
+        <translation>Das unvollständige oder beschädigte Programm in der Lampe wird ersetzt</translation>
     </message>
 </context>
 <context>
@@ -1750,6 +1790,18 @@ Pfeiltasten wählen aus und dimmen, mit Alt verschieben sie in der Zeit.</transl
     <message>
         <source>too many timeouts while trying to send</source>
         <translation>zu viele Zeitüberschreitungen beim Senden</translation>
+    </message>
+    <message>
+        <source>a lock was left over by a program that has ended</source>
+        <translation>eine Sperre ist von einem beendeten Programm übrig geblieben</translation>
+    </message>
+    <message>
+        <source>%1 says that process %2 uses %3, but that process has ended</source>
+        <translation>Laut %1 benutzt Prozess %2 %3, aber dieser Prozess ist beendet</translation>
+    </message>
+    <message>
+        <source>Remove the lock; the controller is then found by itself:</source>
+        <translation>Entfernen Sie die Sperre; der Controller wird dann von selbst gefunden:</translation>
     </message>
 </context>
 </TS>
