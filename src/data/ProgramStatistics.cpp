@@ -1,5 +1,7 @@
 #include "data/ProgramStatistics.h"
 
+#include <QLocale>
+
 #include <algorithm>
 #include <cmath>
 #include <vector>
@@ -9,7 +11,7 @@ QString ProgramStatistics::text() const {
     return tr("Light %1 h %2 min, %3 h of full light")
         .arg(minutes / AQTime::minutesPerHour)
         .arg(minutes % AQTime::minutesPerHour, 2, 10, QLatin1Char('0'))
-        .arg(QString::number(fullLightHours, 'f', 1));
+        .arg(QLocale().toString(fullLightHours, 'f', 1));
 }
 
 ProgramStatistics statisticsOf(std::span<const AQTimePoint> points) {

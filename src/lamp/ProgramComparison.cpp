@@ -4,6 +4,8 @@
 #include "data/DeviceProgramImage.h"
 #include "data/TimeText.h"
 
+#include <QLocale>
+
 #include <algorithm>
 #include <cmath>
 
@@ -29,8 +31,8 @@ QString durationOf(const AQTime& time) {
 /// here and the lamp's; empty when nothing shows it.
 QString percentsDiffer(const QString& text, const QString& place, double here, double lamp) {
     for (const int decimals : {0, 1}) {
-        const QString first = QString::number(here * 100.0, 'f', decimals);
-        const QString second = QString::number(lamp * 100.0, 'f', decimals);
+        const QString first = QLocale().toString(here * 100.0, 'f', decimals);
+        const QString second = QLocale().toString(lamp * 100.0, 'f', decimals);
         if (first != second)
             return text.arg(place, first + QStringLiteral(" %"), second + QStringLiteral(" %"));
     }
