@@ -38,6 +38,11 @@ void LampPreview::show(const ChannelLevels& levels) {
         m_controller.sendStream(CmdSetDemoModeLevels(levels.cold, levels.warm), m_intervals.levels);
 }
 
+void LampPreview::showAtOnce(const ChannelLevels& levels) {
+    show(levels);
+    m_controller.hurryStream();
+}
+
 void LampPreview::setSign(const QString& sign) {
     m_sign = sign;
     announceSign();

@@ -36,6 +36,8 @@ public:
     /// Tells the controller, which gives up a preview that is not heard of, that it goes on.
     void keepAlive();
     void show(const ChannelLevels& levels);
+    /// As `show()`, without the time that is usual between two levels: for who asks for them once.
+    void showAtOnce(const ChannelLevels& levels);
     void setSign(const QString& sign);
 
     /// Lets go of the lamp behind levels that are on their way.

@@ -7,7 +7,8 @@
 class AQCurveView;
 class QPushButton;
 
-/// The demo in the window: the button that starts and stops it, and the playhead over the curve.
+/// The demo in the window: the button that starts and stops it, and the playhead over the curve,
+/// which gets the focus, since a click there and its keys lead through the day.
 class DemoMode : public QObject {
     Q_OBJECT
 
@@ -29,7 +30,10 @@ Q_SIGNALS:
 
 private:
     void onRunningChanged(bool isRunning);
+    void onMoved(std::optional<AQTime> time);
+    void sayWherePaused() const;
 
+    AQCurveView& m_curveView;
     QPushButton& m_bttnRunDemo;
     DemoPlayer m_player;
 };

@@ -12,6 +12,7 @@
 
 #include <QPushButton>
 #include <QSignalSpy>
+#include <QTest>
 
 namespace {
 
@@ -115,6 +116,57 @@ TEST_F(LampTest, demoPlaysTheWholeDayAndStopsByItself) {
         ASSERT_LT(minute, AQTime::minutesPerDay) << commands[i];
     }
     EXPECT_GT(minute, 1200);
+}
+
+TEST_F(LampTest, demoIsPausedAndSentToOtherTimes) {
+    EXPECT_EQ(DemoMode::Intervals().keepAlive, 50s);
+    constexpr AQTime noon{12, 0};
+    QPushButton button;
+    curveView.resize(1000, 480);
+    LampPreview slow{link.controller, LampPreview::Intervals{.levels = 1s}};
+    link.connectedChanged = [&](bool isConnected) { slow.setConnected(isConnected); };
+    slow.setConnected(true);
+    DemoMode paused{data, slow, curveView, button, {.tick = 1h, .keepAlive = 300ms}};
+    const auto at = [this](AQTime time) { return levels(lightAt(sequence.points(), time)); };
+    const auto press = [this](Qt::Key key) { QTest::keyClick(&curveView, key); };
+    const auto playhead = [this] { return curveView.playheadTime().value_or(AQTime{}); };
+    const double start = link.log.secondsNow();
+    button.click();
+    ASSERT_TRUE(link.receives({enable, at({})}));
+
+    // Each jump is followed without the time that is usual between two levels.
+    const double x = curveView.curveGeometry().x(noon.minuteOfDay());
+    QTest::mouseClick(&curveView, Qt::LeftButton, {}, QPoint(static_cast<int>(x), 100));
+    EXPECT_EQ(playhead(), noon);
+    ASSERT_TRUE(link.receives({enable, at({}), at(noon)}));
+    press(Qt::Key_Left);
+    EXPECT_EQ(playhead(), (AQTime{10, 0}));
+    press(Qt::Key_Left);
+    press(Qt::Key_Left); // before it there is none
+    EXPECT_EQ(playhead(), (AQTime{8, 30}));
+    press(Qt::Key_Right);
+    press(Qt::Key_Right);
+    EXPECT_EQ(playhead(), (AQTime{15, 0}));
+    EXPECT_TRUE(link.waitFor([&] { return link.commands().back() == at({15, 0}); }));
+
+    EXPECT_LT(link.log.secondsNow() - start, 1.0);
+
+    // Paused it is kept alive, shows what is edited, and after a lost link the same minute again.
+    press(Qt::Key_Space);
+    EXPECT_EQ(slow.sign(), QStringLiteral("DEMO 15:00 PAUSED: press Space to go on"));
+    EXPECT_TRUE(link.waitFor([&] { return link.commands().back() == enable; }));
+    sequence.updateWithRow(2, AQSequence::Brightness{1.0}, nullptr);
+    EXPECT_DOUBLE_EQ(curveView.playheadBrightness(), 1.0);
+    EXPECT_TRUE(link.waitFor([&] { return link.commands().back() == at({15, 0}); }));
+    link.ignoreSoFar();
+    link.ports.hangUp("ttyUSB0");
+    EXPECT_TRUE(link.waitFor([&] { return link.commands().size() == 2; }));
+    EXPECT_EQ(link.commands(), (Commands{enable, at({15, 0})}));
+    press(Qt::Key_Space);
+    EXPECT_EQ(slow.sign(), QStringLiteral("DEMO 15:00"));
+    button.click();
+    EXPECT_TRUE(link.waitFor([&] { return !slow.hasLamp(); }));
+    EXPECT_TRUE(!paused.isRunning() && !curveView.playheadTime());
 }
 
 } // namespace

@@ -126,22 +126,28 @@ void AQCurveView::setPlayheadTime(std::optional<AQTime> time) {
             return;
         m_pointPopover->dismiss();
         m_playheadTime.reset();
+        m_isPlayheadPaused = false;
         refresh();
         return;
     }
-    if (m_playheadTime && m_playheadTime->hour == time->hour &&
-        m_playheadTime->minute == time->minute)
+    if (m_playheadTime && m_playheadTime->minuteOfDay() == time->minuteOfDay())
         return;
     if (!m_playheadTime && m_fields && m_fields->isOpen())
         setFocus(); // leaves them as a person does
-    m_playhead = lightAt(points(), *time);
     m_playheadTime = time;
     m_popoverId = AQPointId::none;
     refresh();
 }
 
+void AQCurveView::setPlayheadPaused(bool isPaused) {
+    m_isPlayheadPaused = isPaused;
+    refreshPopover();
+}
+
 // Laying out is not left to painting: moving the points there would ask for another painting.
 void AQCurveView::refresh() {
+    if (m_playheadTime)
+        m_playhead = lightAt(points(), *m_playheadTime);
     layoutPoints();
     refreshPopover();
     update();
@@ -323,8 +329,11 @@ void AQCurveView::closePointPopover() {
 void AQCurveView::refreshPopover() {
     const CurveGeometry geometry = curveGeometry();
     if (isEnabled() && m_playheadTime) {
-        const double x = geometry.x(m_playheadTime->minuteOfDay());
-        m_pointPopover->showFor(m_playhead, QPointF(x, geometry.top()));
+        const QPointF place = geometry.position(m_playhead);
+        if (m_isPlayheadPaused)
+            m_pointPopover->showFor(m_playhead, place, rect());
+        else
+            m_pointPopover->showFor(m_playhead, QPointF(place.x(), geometry.top()));
         return;
     }
     const bool areFieldsOpen = m_fields && m_fields->isOpen();
@@ -343,10 +352,23 @@ void AQCurveView::refreshPopover() {
 
 void AQCurveView::mousePressEvent(QMouseEvent* event) {
     showFocus(false);
-    if (event->button() == Qt::LeftButton && !m_playheadTime)
-        deselect();
-    else
+    if (event->button() != Qt::LeftButton)
         event->ignore();
+    else if (m_playheadTime)
+        askForPlayheadAt(event->position());
+    else
+        deselect();
+}
+
+void AQCurveView::mouseMoveEvent(QMouseEvent* event) {
+    if (m_playheadTime && event->buttons() == Qt::LeftButton)
+        askForPlayheadAt(event->position());
+}
+
+void AQCurveView::askForPlayheadAt(QPointF place) {
+    const int minute = static_cast<int>(std::lround(curveGeometry().minuteAt(place.x())));
+    Q_EMIT playheadRequested(
+        AQTime::fromMinuteOfDay(std::clamp(minute, 0, AQTime::minutesPerDay - 1)));
 }
 
 void AQCurveView::mouseDoubleClickEvent(QMouseEvent* event) {
@@ -427,7 +449,8 @@ bool AQCurveView::event(QEvent* event) {
 void AQCurveView::keyPressEvent(QKeyEvent* event) {
     if (m_playheadTime && CurveKeyboard::isEdit(*event))
         return tell(duringDemo());
-    if (showsPoints() && m_keyboard.handle(*event))
+    if (showsPoints() ? m_keyboard.handle(*event)
+                      : m_playheadTime && m_keyboard.handleAtPlayhead(*event))
         showFocus(true);
     else
         QWidget::keyPressEvent(event);

@@ -23,8 +23,9 @@ class RefusalTip;
 /// temperature, with a point to select and drag for each time point.
 ///
 /// It edits the intensity and the time of points. It has two states: editing, with the points and a
-/// marker at the selected one, and playhead, with a disc at the playhead and no points. Disabling
-/// it (QWidget::setEnabled) overrides both: no fill, no points, grey labels.
+/// marker at the selected one, and playhead, with a disc at the playhead and no points, in which
+/// a press, Left and Right ask for another time and Space for a pause. Disabling it
+/// (QWidget::setEnabled) overrides both: no fill, no points, grey labels.
 ///
 /// A point is dragged up and down, with Ctrl a tenth of the way, and the tag of the selected one
 /// sideways to clock multiples of 5 minutes, with Ctrl of one. A drag is one step of the history,
@@ -65,6 +66,9 @@ public:
     /// Shows the playhead and its popover, with the light of the program at that time as it is now.
     /// The hour and minute of the present playhead change nothing; absent returns to editing.
     void setPlayheadTime(std::optional<AQTime> time);
+    /// Of the present playhead. Paused, its popover stays by the disc and covers nothing outside of
+    /// the view.
+    void setPlayheadPaused(bool isPaused);
     /// The light at the playhead, 0.0..1.0; that of the last one when absent.
     double playheadBrightness() const { return m_playhead.brightness; }
     double playheadColorTemp() const { return m_playhead.colorTemp; }
@@ -111,12 +115,20 @@ Q_SIGNALS:
     /// where `there` could be added; none from the keyboard and beside the plot.
     void menuRequested(QPoint place, bool isForPoint, std::optional<AQTimePoint> there);
 
+    // The person wants the playhead, which there is, somewhere else: at this time, at the point
+    // before or after it; or to stay where it is, and to go on from there.
+    void playheadRequested(AQTime time);
+    void pointBeforeRequested();
+    void pointAfterRequested();
+    void pauseRequested();
+
 protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
     bool event(QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -142,6 +154,7 @@ private:
     void makeTimeTag();
     void onTimeTagDragged(double way, bool isFine);
     void letGoOfPoint();
+    void askForPlayheadAt(QPointF place);
     std::optional<AQTimePoint> pointAt(QPointF place, bool isFine) const;
     void select(AQPointId id);
     void showFocus(bool isShown);
@@ -161,6 +174,7 @@ private:
     bool m_showsFocus = false;               ///< the keyboard was used here last, not the pointer
     std::optional<AQTime> m_playheadTime;
     AQTimePoint m_playhead{AQTime{}, 0.0, 0.0};
+    bool m_isPlayheadPaused = false;
     std::optional<std::vector<AQTimePoint>> m_ghost;
     RefusalTip* m_refusalTip = nullptr; ///< made for the first refusal
     CurveBackground m_background;

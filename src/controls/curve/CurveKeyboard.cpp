@@ -39,6 +39,25 @@ bool CurveKeyboard::handle(const QKeyEvent& event) {
     return handlePlain(event.key(), isShifted ? AQCurveView::largeKeyStep : AQCurveView::keyStep);
 }
 
+bool CurveKeyboard::handleAtPlayhead(const QKeyEvent& event) {
+    if (event.modifiers() & ~Qt::KeypadModifier)
+        return false;
+    switch (event.key()) {
+    case Qt::Key_Space:
+        if (!event.isAutoRepeat())
+            Q_EMIT m_view.pauseRequested();
+        return true;
+    case Qt::Key_Left:
+        Q_EMIT m_view.pointBeforeRequested();
+        return true;
+    case Qt::Key_Right:
+        Q_EMIT m_view.pointAfterRequested();
+        return true;
+    default:
+        return false;
+    }
+}
+
 bool CurveKeyboard::handlePlain(int key, double step) {
     const int last = m_sequence.count() - 1;
     const int selected = m_selection.row();

@@ -15,8 +15,10 @@ public:
 
     /// A key that edits a point, or would while points are shown.
     static bool isEdit(const QKeyEvent& event);
-    /// False when the key is for somebody else.
+    // False when the key is for somebody else.
     bool handle(const QKeyEvent& event);
+    /// As `handle()`, while there is a playhead.
+    bool handleAtPlayhead(const QKeyEvent& event);
 
 private:
     bool handlePlain(int key, double step);

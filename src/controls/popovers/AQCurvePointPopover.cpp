@@ -26,9 +26,10 @@ const AQTimePoint& AQCurvePointPopover::value() const {
     return m_popoverView->value();
 }
 
-void AQCurvePointPopover::showFor(const AQTimePoint& value, QPointF anchor) {
+void AQCurvePointPopover::showFor(const AQTimePoint& value, QPointF anchor, QRect bounds) {
     m_popoverView->setValue(value);
     m_anchor = anchor;
+    m_bounds = bounds;
     m_isPresented = true;
     layOver(*this, m_owner);
     applyPlacement();
@@ -60,7 +61,11 @@ bool AQCurvePointPopover::eventFilter(QObject* watched, QEvent* event) {
 void AQCurvePointPopover::applyPlacement() {
     const QPoint corner = m_anchor.toPoint() - QPoint(anchorSide, anchorSide) / 2;
     const QRect anchor(m_owner.mapTo(parentWidget(), corner), QSize(anchorSide, anchorSide));
-    const auto placement = PopoverPlacement::place(anchor, bodySize, parentWidget()->rect());
+    const QRect bounds =
+        m_bounds.isValid()
+            ? QRect(m_owner.mapTo(parentWidget(), m_bounds.topLeft()), m_bounds.size())
+            : parentWidget()->rect();
+    const auto placement = PopoverPlacement::place(anchor, bodySize, bounds);
     const bool isReshaped =
         placement.isAbove != m_placement.isAbove || placement.arrowX != m_placement.arrowX;
     m_placement = placement;

@@ -20,8 +20,9 @@ public:
     /// in, and goes with either.
     explicit AQCurvePointPopover(QWidget* owner);
 
-    /// Shows `value` beside the square of 30 units around `anchor`, a place in the owner.
-    void showFor(const AQTimePoint& value, QPointF anchor);
+    /// Shows `value` beside the square of 30 units around `anchor`, a place in the owner; within
+    /// `bounds`, a part of the owner, if there are any.
+    void showFor(const AQTimePoint& value, QPointF anchor, QRect bounds = {});
     void dismiss();
 
     /// Between showFor() and dismiss(); it is out of sight meanwhile as long as the owner is.
@@ -41,6 +42,7 @@ private:
     QWidget& m_owner;
     AQCurvePointPopoverView* m_popoverView;
     QPointF m_anchor;
+    QRect m_bounds; ///< in the owner; without them the whole window
     PopoverPlacement m_placement;
     bool m_isPresented = false;
 };

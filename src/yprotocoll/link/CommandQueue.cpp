@@ -7,6 +7,8 @@
 
 namespace {
 
+using namespace std::chrono_literals;
+
 void traceBytes(std::span<const std::uint8_t> bytes) {
     if (!spdlog::should_log(spdlog::level::trace))
         return;
@@ -50,6 +52,7 @@ void CommandQueue::stop() {
     // The answer that would carry the stream on will not come.
     m_streamTimer.stop();
     m_streamIsRunning = false;
+    m_isStreamHurried = false;
 }
 
 // Sending
@@ -145,10 +148,17 @@ void CommandQueue::sendStream(YCommand command, std::chrono::milliseconds interv
     m_streamIsRunning = true;
     enqueue(m_nextStreamCmd->command, [this, stream = *m_nextStreamCmd](const AnswerPtr& answer) {
         m_answeredStreamSerial = stream.serial;
-        m_streamTimer.start(stream.interval);
+        m_streamTimer.start(std::exchange(m_isStreamHurried, false) ? 0ms : stream.interval);
         if (stream.callback)
             later([callback = stream.callback, answer] { callback(*answer); });
     });
+}
+
+void CommandQueue::hurryStream() {
+    if (m_streamTimer.isActive())
+        m_streamTimer.start(0ms);
+    else
+        m_isStreamHurried = m_streamIsRunning;
 }
 
 void CommandQueue::onStreamTimer() {

@@ -54,6 +54,7 @@ public:
                       AnswerCallback onEach);
     void sendStream(YCommand command, std::chrono::milliseconds interval, AnswerCallback callback);
     void dropWaitingStream() { m_nextStreamCmd.reset(); }
+    void hurryStream();
 
 Q_SIGNALS:
     void failed(const YMessageError& error);
@@ -106,6 +107,7 @@ private:
     std::uint64_t m_streamSerial = 0;
     std::uint64_t m_answeredStreamSerial = 0;
     bool m_streamIsRunning = false; ///< a stream command is in flight or its interval runs
+    bool m_isStreamHurried = false; ///< no interval follows the stream command in flight
 
     PausingTimer m_sendTimer;
     QTimer m_streamTimer;

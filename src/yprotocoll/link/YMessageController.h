@@ -130,6 +130,9 @@ public:
     /// Forgets the stream's command that waits for its turn, if any. What is in flight stays so,
     /// and the interval behind it goes on.
     void dropWaitingStream() { m_queue.dropWaitingStream(); }
+    /// The stream's command that waits for its turn goes out as soon as the line is free, without
+    /// the interval before it.
+    void hurryStream() { m_queue.hurryStream(); }
 
 Q_SIGNALS:
     // What goes over the line, as it goes; for who only looks on.
