@@ -25,6 +25,7 @@
 #include "workflows/DiagnosticsPanel.h"
 #include "workflows/DocumentCommands.h"
 #include "workflows/LiveMode.h"
+#include "workflows/NewDayPanel.h"
 #include "workflows/PointTable.h"
 #include "workflows/PortHelpPanel.h"
 #include "workflows/ProgramChangeCommands.h"
@@ -143,6 +144,7 @@ void AppDelegate::onShown(const QString& file) {
 void AppDelegate::connectDocument() {
     Workflows& w = *m_workflows;
     connect(w.ui.menuitemNew, &QAction::triggered, &w.documents, &DocumentCommands::loadDefaults);
+    connect(w.ui.menuitemNewDay, &QAction::triggered, this, &AppDelegate::menuNewDay);
     connect(w.ui.menuitemOpen, &QAction::triggered, &w.documents, &DocumentCommands::open);
     connect(w.ui.menuitemSave, &QAction::triggered, &w.documents, &DocumentCommands::saveDocument);
     connect(w.ui.menuitemSaveAs, &QAction::triggered, &w.documents,
@@ -330,6 +332,13 @@ void AppDelegate::showLampState() {
     const LampContents& lamp = m_workflows->lampContents;
     m_window->showLampState(lamp.text(), lamp.explanation(),
                             lamp.state() == LampContents::State::partOfThisProgram);
+}
+
+void AppDelegate::menuNewDay() {
+    auto* panel = m_window->findChild<NewDayPanel*>();
+    if (!panel)
+        panel = new NewDayPanel(m_services.data, m_workflows->documents, m_window.get());
+    panel->run();
 }
 
 void AppDelegate::menuSetDeviceTime() {

@@ -71,6 +71,7 @@ private:
     void onDepartureEnded();
     void onConnectedChanged(bool isConnected);
     void openChosenDevice(const std::string& path);
+    void menuNewDay();
     void menuSetDeviceTime();
     void onBttnHelpDeviceStatus();
     void onBttnHelpTask();

@@ -58,11 +58,11 @@ MainWindow::MainWindow(AQDataSource& document)
     resize(size().boundedTo(screen()->availableSize() - frameRoom));
     setShortcuts();
     for (const QAction* command :
-         {m_ui->menuitemNew, m_ui->menuitemOpen, m_ui->menuitemSave, m_ui->menuitemSaveAs,
-          m_ui->menuitemUndo, m_ui->menuitemRedo, m_ui->menuitemCut, m_ui->menuitemPaste,
-          m_ui->menuitemAddPoint, m_ui->menuitemDeletePoint, m_ui->menuitemShiftDay,
-          m_ui->menuitemScaleIntensity, m_ui->menuitemLoad, m_ui->menuitemSend,
-          m_ui->menuitemCompare, m_ui->menuitemBackup})
+         {m_ui->menuitemNew, m_ui->menuitemNewDay, m_ui->menuitemOpen, m_ui->menuitemSave,
+          m_ui->menuitemSaveAs, m_ui->menuitemUndo, m_ui->menuitemRedo, m_ui->menuitemCut,
+          m_ui->menuitemPaste, m_ui->menuitemAddPoint, m_ui->menuitemDeletePoint,
+          m_ui->menuitemShiftDay, m_ui->menuitemScaleIntensity, m_ui->menuitemLoad,
+          m_ui->menuitemSend, m_ui->menuitemCompare, m_ui->menuitemBackup})
         connect(command, &QAction::triggered, this, &MainWindow::finishTyping);
     connect(m_ui->menuitemQuit, &QAction::triggered, this, &MainWindow::requestClose);
     showConnected(false);

@@ -15,7 +15,7 @@ constexpr AQTimePoint defaultTaskLight{{0, 1, 0}, 0.5, 1.0};
 AQDataSource::AQDataSource(NotificationCenter& notifications, DeviceInfoSource device)
     : m_notifications(notifications), m_device(std::move(device)), m_sequence(*this),
       m_selection(*this) {
-    installDefaults();
+    installDefaults(defaultPoints());
     m_saved = contents();
     m_history.restart();
 }
@@ -73,7 +73,11 @@ void AQDataSource::noteStep(const QString& name, std::optional<AQPointId> select
 }
 
 void AQDataSource::loadDefaults() {
-    installDefaults();
+    loadDefaultsWith(defaultPoints());
+}
+
+void AQDataSource::loadDefaultsWith(std::vector<AQTimePoint> points) {
+    installDefaults(std::move(points));
     announceReplacement(this);
 }
 
@@ -108,8 +112,8 @@ void AQDataSource::restore(const Contents& contents, const ContentsChange& chang
         Q_EMIT m_notifications.dataLoaded(&m_history);
 }
 
-void AQDataSource::installDefaults() {
+void AQDataSource::installDefaults(std::vector<AQTimePoint> points) {
     m_taskLight = defaultTaskLight;
-    m_sequence.replacePoints(defaultPoints());
+    m_sequence.replacePoints(std::move(points));
     m_isProgramMode = true;
 }

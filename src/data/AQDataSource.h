@@ -104,11 +104,13 @@ public:
     /// Installs the defaults and posts sectionChanged (-1), dataChanged, dataLoaded. Leaves the
     /// dirty flag to the caller.
     void loadDefaults();
+    /// The same with other points, in ascending order of the minute.
+    void loadDefaultsWith(std::vector<AQTimePoint> points);
 
 private:
     static inline AQDataSource* s_sharedInstance = nullptr;
 
-    void installDefaults();
+    void installDefaults(std::vector<AQTimePoint> points);
 
     NotificationCenter& m_notifications;
     DeviceInfoSource m_device;

@@ -51,13 +51,26 @@ void DocumentCommands::loadDefaults() {
     askAboutChanges(tr("Save changes before loading defaults?"), [this] {
         m_data.loadDefaults();
         m_data.markSaved();
-        m_data.history().restart();
-        // A new document has no file yet: saving it must not replace the one that was open.
-        m_openFilePath.clear();
-        m_openFileSum.clear();
-        m_holdsPartsOfAnotherFile = false;
-        Q_EMIT titleChanged();
+        becomeUntitled();
     });
+}
+
+void DocumentCommands::newDay(const std::vector<AQTimePoint>& points, const Continuation& made) {
+    askAboutChanges(tr("Save changes before making a new day?"), [this, points, made] {
+        m_data.loadDefaultsWith(points);
+        m_data.markUnsaved();
+        becomeUntitled();
+        made();
+    });
+}
+
+void DocumentCommands::becomeUntitled() {
+    m_data.history().restart();
+    // A new document has no file yet: saving it must not replace the one that was open.
+    m_openFilePath.clear();
+    m_openFileSum.clear();
+    m_holdsPartsOfAnotherFile = false;
+    Q_EMIT titleChanged();
 }
 
 void DocumentCommands::open() {

@@ -25,6 +25,9 @@ public:
 
     /// A new document: the defaults, untitled and clean.
     void loadDefaults();
+    /// A new document of these points: untitled, and dirty, since it is nowhere else. `made` is
+    /// called once it is there, and not when the person keeps the present one.
+    void newDay(const std::vector<AQTimePoint>& points, const Continuation& made);
     void open();
     /// As `open()`, for a file named on the command line or dropped on the window.
     void openPath(const QString& path);
@@ -66,6 +69,7 @@ Q_SIGNALS:
     void savedTo(const QString& path);
 
 private:
+    void becomeUntitled();
     void read(const QString& path);
     // `saved` (may be empty) is called after a successful save.
     void saveOrAskWhere(const Continuation& saved);

@@ -1,15 +1,21 @@
 #include "SimulatedProgram.h"
+#include "controls/curve/AQCurveView.h"
 #include "data/AQDataSourceWriter.h"
 #include "data/ColorMapping.h"
+#include "data/ProgramInterpolation.h"
 #include "data/ProgramText.h"
 #include "workflows/ScriptedPrompts.h"
 
 #include <gtest/gtest.h>
 
+#include <QCheckBox>
 #include <QClipboard>
 #include <QDialog>
+#include <QDialogButtonBox>
 #include <QImage>
+#include <QPushButton>
 #include <QSpinBox>
+#include <QTest>
 #include <QTimeEdit>
 
 namespace {
@@ -137,6 +143,44 @@ TEST_F(ProgramEditingTest, lampAndFiguresShowAPreviewThatTheDocumentDoesNotKnow)
     ui().menuitemUndo->trigger();
     ui().menuitemUndo->trigger();
     EXPECT_EQ(text(), before);
+}
+
+TEST_F(ProgramEditingTest, newDayIsMadeOnlyWhenItCanBeAndMayReplaceTheOld) {
+    connect({.maxPoints = 8});
+    data.sequence().deleteWithRow(0, nullptr);
+    const QByteArray before = text();
+    ui().menuitemNewDay->trigger();
+    const auto* panel = dialog();
+    const auto pressOk = [&] {
+        auto* ok = panel->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok);
+        ok->click();
+        return ok->isEnabled();
+    };
+    EXPECT_EQ(panel->findChild<AQCurveView*>()->pointViews().size(), 8U);
+    field<QTimeEdit>("pickerStart")->setTime(QTime(18, 0));
+    field<QTimeEdit>("pickerEnd")->setTime(QTime(2, 0));
+    field<QCheckBox>("chkBreak")->setChecked(true);
+    const auto* fault = field<QLabel>("lblBreakFault");
+    EXPECT_TRUE(!pressOk() && fault->text().contains(u"19:30") && fault->text().contains(u"00:30"))
+        << fault->text().toStdString();
+    field<QTimeEdit>("pickerBreak")->setTime(QTime(20, 0));
+    EXPECT_TRUE(!pressOk() && fault->text().contains(u"8 points")) << fault->text().toStdString();
+    field<QCheckBox>("chkBreak")->setChecked(false);
+    EXPECT_TRUE(fault->text().isEmpty());
+    QTest::keyClicks(field<QSpinBox>("spinNoon"), QStringLiteral("-7e9x"));
+    field<QSpinBox>("spinNoon")->setValue(60);
+
+    // Cancelled, the question loses neither the old day nor what was described.
+    EXPECT_TRUE(pressOk());
+    EXPECT_EQ(text(), before);
+    EXPECT_TRUE(panel->isVisible());
+    prompts.saveAnswers = {Prompts::SaveAnswer::Discard};
+    pressOk();
+    EXPECT_FALSE(panel->isVisible());
+    EXPECT_DOUBLE_EQ(lightAt(data.sequence().points(), {0, 0}).brightness, 0.6);
+    EXPECT_LE(data.sequence().count(), 8);
+    EXPECT_EQ(delegate.window().windowTitle(), QStringLiteral("Aquelon - Untitled *"));
+    EXPECT_FALSE(data.history().canUndo());
 }
 
 TEST_F(ProgramEditingTest, commandsThatCannotBeUsedSayWhy) {
