@@ -24,6 +24,7 @@
 #include "workflows/Diagnostics.h"
 #include "workflows/DiagnosticsPanel.h"
 #include "workflows/DocumentCommands.h"
+#include "workflows/ExportCommands.h"
 #include "workflows/LiveMode.h"
 #include "workflows/NewDayPanel.h"
 #include "workflows/PointTable.h"
@@ -52,6 +53,7 @@ struct AppDelegate::Workflows {
     Workflows(const Services& services, MainWindow& window)
         : ui(window.outlets()), trace(services.controller),
           documents(services.data, services.prompts),
+          exports({services.data, documents, services.prompts, window}, services.paperModule),
           recovery(services.data, documents, services.prompts, services.recoveryFolder),
           recentFiles(*ui.menuOpenRecent, services.recentFiles),
           undo(services.data.history(), *ui.menuitemUndo, *ui.menuitemRedo), selectDevice(&window),
@@ -80,6 +82,7 @@ struct AppDelegate::Workflows {
     Ui::MainWindow& ui;
     SessionTrace trace;
     DocumentCommands documents;
+    ExportCommands exports;
     Recovery recovery;
     RecentFilesMenu recentFiles;
     UndoCommands undo;
@@ -149,13 +152,14 @@ void AppDelegate::connectDocument() {
     connect(w.ui.menuitemSave, &QAction::triggered, &w.documents, &DocumentCommands::saveDocument);
     connect(w.ui.menuitemSaveAs, &QAction::triggered, &w.documents,
             &DocumentCommands::saveDocumentAs);
+    connect(w.ui.menuitemExport, &QAction::triggered, &w.exports, &ExportCommands::menuExport);
+    connect(w.ui.menuitemPrint, &QAction::triggered, &w.exports, &ExportCommands::menuPrint);
+    connect(&w.exports, &ExportCommands::savedTo, this, &AppDelegate::announceSaved);
     connect(m_window.get(), &MainWindow::closeRequested, this,
             [this] { applicationShouldTerminate(Ask::AboutChanges); });
     connect(m_window.get(), &MainWindow::fileDropped, &w.documents, &DocumentCommands::openPath);
     connect(&w.documents, &DocumentCommands::titleChanged, this, &AppDelegate::showTitle);
-    connect(&w.documents, &DocumentCommands::savedTo, m_window.get(), [this](const QString& path) {
-        Announcement::make(*m_window, tr("Saved %1").arg(QFileInfo(path).fileName()));
-    });
+    connect(&w.documents, &DocumentCommands::savedTo, this, &AppDelegate::announceSaved);
 
     connect(&w.documents, &DocumentCommands::opened, &w.recentFiles, &RecentFilesMenu::add);
     connect(&w.documents, &DocumentCommands::savedTo, &w.recentFiles, &RecentFilesMenu::add);
@@ -237,9 +241,7 @@ void AppDelegate::connectComparison() {
     connect(&w.comparison, &DeviceComparison::sendRequested, &w.transfer,
             &TransferWorkflow::onBttnSaveToDevice);
     connect(w.ui.menuitemBackup, &QAction::triggered, &w.backup, &DeviceBackup::menuBackup);
-    connect(&w.backup, &DeviceBackup::savedTo, m_window.get(), [this](const QString& path) {
-        Announcement::make(*m_window, tr("Saved %1").arg(QFileInfo(path).fileName()));
-    });
+    connect(&w.backup, &DeviceBackup::savedTo, this, &AppDelegate::announceSaved);
     connect(&w.transfers, &Transfers::readingChanged, this, &AppDelegate::updateControls);
     connect(w.ui.bttnLiveModeSwitch, &QAbstractButton::toggled, this, &AppDelegate::updateControls);
 }
@@ -403,6 +405,10 @@ void AppDelegate::updateControls() {
     w.table.setEditingEnabled(editing.isEnabled);
     w.clipboard.setEditing(editing);
     w.programChanges.setEditing(editing);
+}
+
+void AppDelegate::announceSaved(const QString& path) const {
+    Announcement::make(*m_window, tr("Saved %1").arg(QFileInfo(path).fileName()));
 }
 
 void AppDelegate::showTitle() {

@@ -5,6 +5,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QStringList>
 
 #include <memory>
 #include <optional>
@@ -27,8 +28,9 @@ public:
         AQDataSource& data;
         YMessageController& controller;
         Prompts& prompts;
-        QString recoveryFolder = {}; ///< of RecoveryCopy; none are written with an empty one
-        QString recentFiles = {};    ///< the list of RecentFiles; none with an empty one
+        QString recoveryFolder = {};  ///< of RecoveryCopy; none are written with an empty one
+        QString recentFiles = {};     ///< the list of RecentFiles; none with an empty one
+        QStringList paperModule = {}; ///< of PaperLoader
     };
 
     explicit AppDelegate(const Services& services);
@@ -77,6 +79,7 @@ private:
     void onBttnHelpTask();
     void showTitle();
     void updateTelling();
+    void announceSaved(const QString& path) const;
     void showSign();
     void showStatistics();
     void showLampState();

@@ -59,10 +59,10 @@ MainWindow::MainWindow(AQDataSource& document)
     setShortcuts();
     for (const QAction* command :
          {m_ui->menuitemNew, m_ui->menuitemNewDay, m_ui->menuitemOpen, m_ui->menuitemSave,
-          m_ui->menuitemSaveAs, m_ui->menuitemUndo, m_ui->menuitemRedo, m_ui->menuitemCut,
-          m_ui->menuitemPaste, m_ui->menuitemAddPoint, m_ui->menuitemDeletePoint,
-          m_ui->menuitemShiftDay, m_ui->menuitemScaleIntensity, m_ui->menuitemLoad,
-          m_ui->menuitemSend, m_ui->menuitemCompare, m_ui->menuitemBackup})
+          m_ui->menuitemSaveAs, m_ui->menuitemExport, m_ui->menuitemPrint, m_ui->menuitemUndo,
+          m_ui->menuitemRedo, m_ui->menuitemCut, m_ui->menuitemPaste, m_ui->menuitemAddPoint,
+          m_ui->menuitemDeletePoint, m_ui->menuitemShiftDay, m_ui->menuitemScaleIntensity,
+          m_ui->menuitemLoad, m_ui->menuitemSend, m_ui->menuitemCompare, m_ui->menuitemBackup})
         connect(command, &QAction::triggered, this, &MainWindow::finishTyping);
     connect(m_ui->menuitemQuit, &QAction::triggered, this, &MainWindow::requestClose);
     showConnected(false);
@@ -91,6 +91,7 @@ void MainWindow::setShortcuts() {
     m_ui->menuitemSave->setShortcut(QKeySequence::Save);
     // The standard keys for these two exist on some desktops only.
     m_ui->menuitemSaveAs->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_S);
+    m_ui->menuitemPrint->setShortcut(QKeySequence::Print);
     m_ui->menuitemQuit->setShortcut(Qt::CTRL | Qt::Key_Q);
     m_ui->menuitemUndo->setShortcut(QKeySequence::Undo);
     QList<QKeySequence> redo = QKeySequence::keyBindings(QKeySequence::Redo);

@@ -15,6 +15,16 @@
 #include <QApplication>
 #include <QIcon>
 
+namespace {
+
+/// As installed, and as built.
+QStringList paperModule() {
+    const QString folder = QApplication::applicationDirPath() + u'/';
+    return {folder + QLatin1String(AQUELON_PAPER), folder + QStringLiteral("aquelon-paper.so")};
+}
+
+} // namespace
+
 int main(int argc, char* argv[]) {
     QApplication::setApplicationName(QStringLiteral("Aquelon"));
     QApplication::setApplicationVersion(QStringLiteral(AQUELON_VERSION));
@@ -42,7 +52,8 @@ int main(int argc, char* argv[]) {
 
     DialogPrompts prompts;
     AppDelegate delegate({AQDataSource::sharedInstance(), YMessageController::sharedInstance(),
-                          prompts, RecoveryCopy::standardFolder(), RecentFiles::standardList()});
+                          prompts, RecoveryCopy::standardFolder(), RecentFiles::standardList(),
+                          paperModule()});
     prompts.setParent(&delegate.window());
 
     QObject::connect(&delegate.window(), &MainWindow::firstPainted, &application,

@@ -21,9 +21,10 @@
 template <class Dialogs>
 struct SimulatedProgram {
     explicit SimulatedProgram(YMessageController::Intervals intervals,
-                              const QString& recoveryFolder = {}, const QString& recentFiles = {})
+                              const QString& recoveryFolder = {}, const QString& recentFiles = {},
+                              const QStringList& paperModule = {})
         : controller(ports, pause, intervals),
-          delegate({data, controller, prompts, recoveryFolder, recentFiles}) {}
+          delegate({data, controller, prompts, recoveryFolder, recentFiles, paperModule}) {}
 
     /// Shows the window and looks for controllers; there is none yet.
     void start(const QString& file = {}) {

@@ -80,6 +80,11 @@ QString ProgramText::write(std::span<const AQTimePoint> points) {
     return text;
 }
 
+QString ProgramText::csv(std::span<const AQTimePoint> points) {
+    QString text = QStringLiteral("Time,Intensity %,Colour temperature %\n") + write(points);
+    return text.replace(u'\t', u',').replace(QStringLiteral("\n"), QStringLiteral("\r\n"));
+}
+
 ProgramText::Reading ProgramText::read(const QString& text) {
     if (text.size() >= maxLength)
         return {{},

@@ -31,6 +31,9 @@ struct Reading {
 /// one decimal, and stand for the same stored byte (byteFromFraction()) as the fraction does.
 QString write(std::span<const AQTimePoint> points);
 
+/// The same as a table of comma-separated values (RFC 4180), headed by the names of the columns.
+QString csv(std::span<const AQTimePoint> points);
+
 /// A fraction in percent, whole or with one decimal, that stands for the same stored byte.
 QString percent(double fraction);
 

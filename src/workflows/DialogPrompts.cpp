@@ -17,7 +17,6 @@ QString fileTypeFilter() {
 void runFileDialog(QFileDialog* dialog, std::function<void(std::optional<QString>)> done) {
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setWindowModality(Qt::ApplicationModal);
-    dialog->setNameFilter(fileTypeFilter());
     QObject::connect(dialog, &QDialog::finished, dialog, [dialog, done](int result) {
         const QStringList files = dialog->selectedFiles();
         if (result == QDialog::Accepted && files.size() == 1)
@@ -26,6 +25,14 @@ void runFileDialog(QFileDialog* dialog, std::function<void(std::optional<QString
             done(std::nullopt);
     });
     dialog->show();
+}
+
+/// Shows the folder and the name of `suggested`.
+void presetFile(QFileDialog& dialog, const QString& suggested) {
+    const QFileInfo file(suggested);
+    if (file.isAbsolute())
+        dialog.setDirectory(file.absolutePath());
+    dialog.selectFile(file.fileName());
 }
 
 /// Puts one more text between those of the box and its buttons.
@@ -154,6 +161,7 @@ void DialogPrompts::askForFileToOpen(std::function<void(std::optional<QString>)>
     auto* dialog = new QFileDialog(m_parent, DialogPrompts::tr("Open Light Program"));
     dialog->setAcceptMode(QFileDialog::AcceptOpen);
     dialog->setFileMode(QFileDialog::ExistingFile);
+    dialog->setNameFilter(fileTypeFilter());
     dialog->setDefaultSuffix(QStringLiteral("sq"));
     runFileDialog(dialog, std::move(done));
 }
@@ -163,9 +171,35 @@ void DialogPrompts::askWhereToSave(const QString& suggested,
     auto* dialog = new QFileDialog(m_parent, DialogPrompts::tr("Save Light Program"));
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setFileMode(QFileDialog::AnyFile);
-    const QFileInfo file(suggested);
-    if (file.isAbsolute())
-        dialog->setDirectory(file.absolutePath());
-    dialog->selectFile(file.fileName());
+    dialog->setNameFilter(fileTypeFilter());
+    presetFile(*dialog, suggested);
     runFileDialog(dialog, std::move(done));
+}
+
+void DialogPrompts::askWhereToExport(
+    const QString& suggested, const std::vector<FileType>& types,
+    std::function<void(std::optional<QString>, const QString& ending)> done) {
+    auto* dialog = new QFileDialog(m_parent, tr("Export Light Program"));
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setFileMode(QFileDialog::AnyFile);
+    QStringList filters;
+    QStringList endings;
+    for (const FileType& type : types) {
+        filters += QStringLiteral("%1 (*.%2)").arg(type.name, type.ending);
+        endings += type.ending;
+    }
+    dialog->setNameFilters(filters);
+    presetFile(*dialog, suggested + u'.' + endings.front());
+    const auto chosen = [dialog, filters, endings] {
+        return endings.value(filters.indexOf(dialog->selectedNameFilter()), endings.front());
+    };
+    // The name follows the type, unless it has an ending of its own.
+    QObject::connect(dialog, &QFileDialog::filterSelected, dialog, [dialog, endings, chosen] {
+        const QFileInfo file(dialog->selectedFiles().value(0));
+        if (endings.contains(file.suffix()))
+            dialog->selectFile(file.completeBaseName() + u'.' + chosen());
+    });
+    runFileDialog(dialog, [chosen, done = std::move(done)](const std::optional<QString>& path) {
+        done(path, chosen());
+    });
 }

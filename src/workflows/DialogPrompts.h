@@ -28,6 +28,9 @@ public:
     void askForFileToOpen(std::function<void(std::optional<QString>)> done) override;
     void askWhereToSave(const QString& suggested,
                         std::function<void(std::optional<QString>)> done) override;
+    void askWhereToExport(
+        const QString& suggested, const std::vector<FileType>& types,
+        std::function<void(std::optional<QString>, const QString& ending)> done) override;
 
 private:
     QMessageBox* makeBox(const QString& message, const QString& informative) const;

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <optional>
+#include <vector>
 
 /// Everything the program asks or tells in a dialog. Behind an interface so that the whole program
 /// can run inside a test that answers from a list.
@@ -15,6 +16,12 @@ public:
     enum class SaveAnswer { Save, Discard, Cancel };
     enum class Answer { Yes, No };
     enum class Severity { Information, Critical };
+
+    /// "png", and what people call it.
+    struct FileType {
+        QString ending;
+        QString name;
+    };
 
     virtual ~Prompts() = default;
 
@@ -43,4 +50,9 @@ public:
     /// as the person typed it, and replacing a file of that very name has been agreed to.
     virtual void askWhereToSave(const QString& suggested,
                                 std::function<void(std::optional<QString>)> done) = 0;
+    /// As `askWhereToSave`, for a file of one of `types`; `suggested` has no ending. `done` gets
+    /// the ending of the type that was chosen besides, which the name need not have.
+    virtual void
+    askWhereToExport(const QString& suggested, const std::vector<FileType>& types,
+                     std::function<void(std::optional<QString>, const QString& ending)> done) = 0;
 };

@@ -57,6 +57,13 @@ public:
         asked << QStringLiteral("save as ") + suggested;
         done(take(placesToSave, std::optional<QString>{}));
     }
+    /// Takes the first type.
+    void askWhereToExport(
+        const QString& suggested, const std::vector<FileType>& types,
+        std::function<void(std::optional<QString>, const QString& ending)> done) override {
+        asked << QStringLiteral("export as ") + suggested;
+        done(take(placesToSave, std::optional<QString>{}), types.front().ending);
+    }
 
 private:
     template <class T>

@@ -46,6 +46,11 @@ public:
                         std::function<void(std::optional<QString>)> done) override {
         done({});
     }
+    void
+    askWhereToExport(const QString& /*suggested*/, const std::vector<FileType>& /*types*/,
+                     std::function<void(std::optional<QString>, const QString&)> done) override {
+        done({}, {});
+    }
 };
 
 /// The program in this process, with its window and its serial port.

@@ -4,6 +4,7 @@
 #include "controls/FittingFont.h"
 #include "controls/Percent.h"
 #include "controls/Strokes.h"
+#include "controls/curve/AQCurvePoint.h"
 #include "controls/curve/CurveGradient.h"
 #include "data/PointColumn.h"
 #include "data/ProgramInterpolation.h"
@@ -11,6 +12,7 @@
 
 #include <QFontInfo>
 #include <QLineF>
+#include <QPaintEngine>
 #include <QPainter>
 #include <QPolygonF>
 
@@ -200,14 +202,16 @@ void CurvePainter::drawFill(std::span<const AQTimePoint> points) {
     if (plot.isEmpty())
         return;
     const auto colors = CurveGradient::colorStops(CurveGradient::temperatureStops(points));
-    const QImage colorRows =
-        CurveGradient::rows(colors, m_geometry.left() * m_scale - plot.left(),
-                            m_geometry.right() * m_scale - plot.left(), {plot.width(), rowsAtOnce});
-
     m_painter.save();
     m_painter.scale(1.0 / m_scale, 1.0 / m_scale);
     m_painter.setPen(Qt::NoPen);
-    fillUnder(line, plot, colorRows);
+    if (m_painter.paintEngine()->type() == QPaintEngine::Raster)
+        fillUnder(line, plot,
+                  CurveGradient::rows(colors, m_geometry.left() * m_scale - plot.left(),
+                                      m_geometry.right() * m_scale - plot.left(),
+                                      {plot.width(), rowsAtOnce}));
+    else
+        fillUnder(line, bottom, colors);
     m_painter.restore();
 
     drawGrid(points);
@@ -246,6 +250,14 @@ void CurvePainter::fillUnder(const QPolygonF& line, const QRect& plot, const QIm
         above.append({static_cast<double>(start), highest});
         m_painter.drawPolygon(above);
     }
+}
+
+void CurvePainter::fillUnder(const QPolygonF& line, double bottom, const QGradientStops& colors) {
+    QLinearGradient gradient(line.first().x(), 0.0, line.last().x(), 0.0);
+    gradient.setStops(colors);
+    m_painter.setBrush(gradient);
+    m_painter.drawPolygon(
+        line + QPolygonF{QPointF(line.last().x(), bottom), QPointF(line.first().x(), bottom)});
 }
 
 void CurvePainter::drawGhost(std::span<const AQTimePoint> points) {
@@ -314,9 +326,18 @@ void CurvePainter::drawTimeMarker(AQTime time, bool isDraggable) {
 }
 
 void CurvePainter::drawPlayhead(const AQTimePoint& light) {
+    drawDisc(light, playheadRadius);
+}
+
+void CurvePainter::drawPoints(std::span<const AQTimePoint> points) {
+    for (const AQTimePoint& point : points)
+        drawDisc(point, AQCurvePoint::radius);
+}
+
+void CurvePainter::drawDisc(const AQTimePoint& light, double radius) {
     m_painter.setPen(QPen(DisplayColors::line, 2.0));
     m_painter.setBrush(DisplayColors::displayColor(light.colorTemp));
-    m_painter.drawEllipse(m_geometry.position(light), playheadRadius, playheadRadius);
+    m_painter.drawEllipse(m_geometry.position(light), radius, radius);
 }
 
 void CurvePainter::drawFocusRing() {

@@ -3,6 +3,7 @@
 #include "controls/curve/CurveGeometry.h"
 #include "data/AQTimePoint.h"
 
+#include <QBrush>
 #include <QFont>
 #include <QPointF>
 #include <QRectF>
@@ -42,6 +43,8 @@ public:
     static QRectF tagRect(const CurveGeometry& geometry, AQTime time);
     /// A line of grey text in the middle of the plot.
     void drawHint(const QString& text);
+    /// The discs of the points, none selected.
+    void drawPoints(std::span<const AQTimePoint> points);
     /// The disc of the playhead at its time and intensity.
     void drawPlayhead(const AQTimePoint& light);
     /// The frame that shows the keyboard's focus.
@@ -51,6 +54,11 @@ private:
     /// Fills the part of `plot` under `line`, whose x never falls, with `colorRows`, which are as
     /// wide as `plot` and repeated downwards. In device pixels.
     void fillUnder(const QPolygonF& line, const QRect& plot, const QImage& colorRows);
+    /// The same for devices that have no pixels, such as files of vectors; the bottom edge of the
+    /// plot at `bottom`.
+    void fillUnder(const QPolygonF& line, double bottom, const QGradientStops& colors);
+    /// A disc at the place of `light` in its colour.
+    void drawDisc(const AQTimePoint& light, double radius);
     /// Grows with the desktop's font as far as the ticks leave room.
     int labelPixelSize() const;
     void drawAxes();
