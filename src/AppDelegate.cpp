@@ -12,6 +12,7 @@
 #include "lamp/LampPreview.h"
 #include "lamp/Transfers.h"
 #include "ui_MainWindow.h"
+#include "workflows/AcclimationCommands.h"
 #include "workflows/ClipboardCommands.h"
 #include "workflows/ConnectionWorkflow.h"
 #include "workflows/ControlStates.h"
@@ -69,6 +70,8 @@ struct AppDelegate::Workflows {
                     {*ui.menuitemCut, *ui.menuitemCopy, *ui.menuitemPaste}),
           programChanges(services.data, {*ui.menuitemShiftDay, *ui.menuitemScaleIntensity,
                                          *ui.lblStatistics, window}),
+          acclimation(services.data,
+                      {*ui.menuitemAcclimate, *ui.bttnAcclimation, *ui.lblStatistics, window}),
           curveMenu(
               window.curveView(), table,
               {*ui.menuitemCopy, *ui.menuitemPaste, *ui.menuitemAddPoint, *ui.menuitemDeletePoint}),
@@ -96,6 +99,7 @@ struct AppDelegate::Workflows {
     PointTable table;
     ClipboardCommands clipboard;
     ProgramChangeCommands programChanges;
+    AcclimationCommands acclimation;
     CurveMenu curveMenu;
     TaskLightEditor taskLight;
     ProgramMode programMode;
@@ -179,6 +183,8 @@ void AppDelegate::connectDocument() {
     connect(&m_window->tableView(), &AQPointList::deleteRequested, &w.table,
             &PointTable::onTableItemDelete);
     connect(&w.programMode, &ProgramMode::changed, this, &AppDelegate::updateControls);
+    connect(&w.acclimation, &AcclimationCommands::ghostChanged, &m_window->curveView(),
+            &AQCurveView::setGhost);
 
     const NotificationCenter& center = m_services.data.notifications();
     connect(&center, &NotificationCenter::dataChanged, this, &AppDelegate::showStatistics);
@@ -405,6 +411,7 @@ void AppDelegate::updateControls() {
     w.table.setEditingEnabled(editing.isEnabled);
     w.clipboard.setEditing(editing);
     w.programChanges.setEditing(editing);
+    w.acclimation.setEditing(editing);
 }
 
 void AppDelegate::announceSaved(const QString& path) const {

@@ -58,11 +58,13 @@ MainWindow::MainWindow(AQDataSource& document)
     resize(size().boundedTo(screen()->availableSize() - frameRoom));
     setShortcuts();
     for (const QAction* command :
-         {m_ui->menuitemNew, m_ui->menuitemNewDay, m_ui->menuitemOpen, m_ui->menuitemSave,
-          m_ui->menuitemSaveAs, m_ui->menuitemExport, m_ui->menuitemPrint, m_ui->menuitemUndo,
-          m_ui->menuitemRedo, m_ui->menuitemCut, m_ui->menuitemPaste, m_ui->menuitemAddPoint,
+         {m_ui->menuitemNew,         m_ui->menuitemNewDay,   m_ui->menuitemOpen,
+          m_ui->menuitemSave,        m_ui->menuitemSaveAs,   m_ui->menuitemExport,
+          m_ui->menuitemPrint,       m_ui->menuitemUndo,     m_ui->menuitemRedo,
+          m_ui->menuitemCut,         m_ui->menuitemPaste,    m_ui->menuitemAddPoint,
           m_ui->menuitemDeletePoint, m_ui->menuitemShiftDay, m_ui->menuitemScaleIntensity,
-          m_ui->menuitemLoad, m_ui->menuitemSend, m_ui->menuitemCompare, m_ui->menuitemBackup})
+          m_ui->menuitemAcclimate,   m_ui->menuitemLoad,     m_ui->menuitemSend,
+          m_ui->menuitemCompare,     m_ui->menuitemBackup})
         connect(command, &QAction::triggered, this, &MainWindow::finishTyping);
     connect(m_ui->menuitemQuit, &QAction::triggered, this, &MainWindow::requestClose);
     showConnected(false);
@@ -82,7 +84,8 @@ void MainWindow::placeEditors() {
     m_ui->tablePlace->addWidget(m_tableView);
     // They are read where they stand.
     setTabOrder(m_ui->bttnStatusHelp, m_curveView);
-    m_tableView->setTabAnchor(*m_curveView);
+    setTabOrder(m_curveView, m_ui->bttnAcclimation);
+    m_tableView->setTabAnchor(*m_ui->bttnAcclimation);
 }
 
 void MainWindow::setShortcuts() {

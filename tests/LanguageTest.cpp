@@ -144,12 +144,28 @@ TEST_F(BracketedProgramTest, everythingThatIsSaidIsTranslated) {
     data.selection().select(data.sequence().idAt(1), nullptr);
     ui().bttnTableItemDelete->click(); // a step, and unsaved
     delegate.window().curveView().openFields(data.sequence().idAt(1));
-    for (const char* name :
-         {"menuitemUndo", "menuitemCopy", "menuitemPaste", "menuitemShiftDay",
-          "menuitemScaleIntensity", "menuitemOpenDevice", "menuitemCompare", "menuitemSend",
-          "menuitemLiveMode", "menuitemSetDeviceTime", "menuitemStatusHelp", "menuitemTaskHelp",
-          "menuitemDiagnostics", "menuitemProtocolLog", "menuitemAbout", "menuitemNew",
-          "menuitemOpen", "menuitemSaveAs", "menuitemRunDemo"}) {
+    data.setAcclimation(Acclimation{60, 28, today});
+    Q_EMIT notifications.acclimationChanged(nullptr);
+    for (const char* name : {"menuitemUndo",
+                             "menuitemCopy",
+                             "menuitemPaste",
+                             "menuitemShiftDay",
+                             "menuitemScaleIntensity",
+                             "menuitemAcclimate",
+                             "menuitemOpenDevice",
+                             "menuitemCompare",
+                             "menuitemSend",
+                             "menuitemLiveMode",
+                             "menuitemSetDeviceTime",
+                             "menuitemStatusHelp",
+                             "menuitemTaskHelp",
+                             "menuitemDiagnostics",
+                             "menuitemProtocolLog",
+                             "menuitemAbout",
+                             "menuitemNew",
+                             "menuitemOpen",
+                             "menuitemSaveAs",
+                             "menuitemRunDemo"}) {
         item(name).trigger();
         QTest::qWait(50);
         EXPECT_EQ(saidByAll().join(u'\n').toStdString(), "") << name;

@@ -58,7 +58,9 @@ struct SimulatedProgram {
     ModalPause pause;
     YMessageController controller;
     NotificationCenter notifications;
-    AQDataSource data{notifications, [this] { return controller.device(); }};
+    QDate today = QDate(2026, 11, 22);
+    AQDataSource data{notifications, [this] { return controller.device(); },
+                      [this] { return today; }};
     Dialogs prompts;
     AppDelegate delegate;
 };

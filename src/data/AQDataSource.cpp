@@ -12,9 +12,10 @@ constexpr AQTimePoint defaultTaskLight{{0, 1, 0}, 0.5, 1.0};
 
 } // namespace
 
-AQDataSource::AQDataSource(NotificationCenter& notifications, DeviceInfoSource device)
-    : m_notifications(notifications), m_device(std::move(device)), m_sequence(*this),
-      m_selection(*this) {
+AQDataSource::AQDataSource(NotificationCenter& notifications, DeviceInfoSource device,
+                           DateSource date)
+    : m_notifications(notifications), m_device(std::move(device)),
+      m_date(date ? std::move(date) : &QDate::currentDate), m_sequence(*this), m_selection(*this) {
     installDefaults(defaultPoints());
     m_saved = contents();
     m_history.restart();
@@ -95,8 +96,10 @@ void AQDataSource::restore(const Contents& contents, const ContentsChange& chang
     // Points that are equal in value, as after a load of the same program, may be others.
     const bool arePointsChanged = contents.points != m_sequence.points() ||
                                   !haveSameIds(contents.points, m_sequence.points());
+    const bool isAcclimationChanged = contents.acclimation != m_acclimation;
     m_taskLight = contents.taskLight;
     m_isProgramMode = contents.isProgramMode;
+    m_acclimation = contents.acclimation;
     m_sequence.replacePoints(contents.points);
     markDirtyOrClean();
     const bool isOnePoint = change.kind != Kind::points && change.kind != Kind::several;
@@ -104,6 +107,8 @@ void AQDataSource::restore(const Contents& contents, const ContentsChange& chang
         m_selection.moveTo(selected, isOnePoint);
         m_sequence.notifyDataChange(&m_history, false);
     }
+    if (isAcclimationChanged)
+        Q_EMIT m_notifications.acclimationChanged(&m_history);
     if (change.kind == Kind::taskLight)
         Q_EMIT m_notifications.taskLightChanged(&m_history);
     else if (change.kind == Kind::mode && isEdit)
@@ -116,4 +121,5 @@ void AQDataSource::installDefaults(std::vector<AQTimePoint> points) {
     m_taskLight = defaultTaskLight;
     m_sequence.replacePoints(std::move(points));
     m_isProgramMode = true;
+    m_acclimation.reset();
 }

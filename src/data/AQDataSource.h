@@ -3,6 +3,7 @@
 #include "data/AQSelection.h"
 #include "data/AQSequence.h"
 #include "data/AQTimePoint.h"
+#include "data/Acclimation.h"
 #include "data/DocumentContents.h"
 #include "data/History.h"
 #include "data/NotificationCenter.h"
@@ -15,8 +16,8 @@
 #include <optional>
 #include <vector>
 
-/// The document: the light program with its selection, the task light, the mode, the dirty flag and
-/// the history.
+/// The document: the light program with its selection, the task light, the mode, the acclimation,
+/// the dirty flag and the history.
 ///
 /// Its contents are replaced in place, so observers register once. Nothing here can fail. Whoever
 /// changes them says so by `noteEdit` or `noteStep`, and then announces it.
@@ -38,11 +39,15 @@ public:
     /// What the link knows about the connected controller, asked for whenever a limit is needed.
     using DeviceInfoSource = std::function<std::optional<DeviceInfo>()>;
 
+    /// The date of today, asked for whenever today's light is needed.
+    using DateSource = std::function<QDate()>;
+
     using Contents = DocumentContents;
 
     /// Holds the default document, clean and unannounced. `notifications` must outlive it; without
-    /// `device` there is never a controller.
-    explicit AQDataSource(NotificationCenter& notifications, DeviceInfoSource device = {});
+    /// `device` there is never a controller. Without `date` the computer's date decides.
+    explicit AQDataSource(NotificationCenter& notifications, DeviceInfoSource device = {},
+                          DateSource date = {});
 
     /// The document of the running program, once `main` has shared it. Only who composes the
     /// program asks for it.
@@ -69,6 +74,17 @@ public:
     /// Plain store: posts nothing and does not mark dirty.
     void setIsProgramMode(bool isProgramMode) { m_isProgramMode = isProgramMode; }
 
+    const std::optional<Acclimation>& acclimation() const { return m_acclimation; }
+    /// Plain store of a valid one or none: posts nothing and does not mark dirty.
+    void setAcclimation(const std::optional<Acclimation>& acclimation) {
+        m_acclimation = acclimation;
+    }
+    QDate today() const { return m_date(); }
+    /// The light that these points give today.
+    std::vector<AQTimePoint> todaysLight(std::vector<AQTimePoint> points) const {
+        return lightOn(today(), std::move(points), m_acclimation);
+    }
+
     /// One value, or everything, was changed by a person: a part of a step, or a step, of the
     /// history. Marks dirty or clean.
     void noteEdit(History::Value value);
@@ -91,7 +107,13 @@ public:
     /// that it was loaded from, those are nowhere any more.
     void markSent(const Contents& sent);
 
-    Contents contents() const { return {m_sequence.points(), m_taskLight, m_isProgramMode}; }
+    Contents contents() const {
+        return {m_sequence.points(), m_taskLight, m_isProgramMode, m_acclimation};
+    }
+    /// What the lamp is to hold today: the program in today's light, which knows no acclimation.
+    Contents contentsToday() const {
+        return {todaysLight(m_sequence.points()), m_taskLight, m_isProgramMode};
+    }
 
     /// For who has replaced the contents: posts sectionChanged (-1) and dataChanged if that took
     /// the points in, dataLoaded always.
@@ -114,10 +136,12 @@ private:
 
     NotificationCenter& m_notifications;
     DeviceInfoSource m_device;
+    DateSource m_date;
     AQSequence m_sequence;
     AQSelection m_selection;
     AQTimePoint m_taskLight;
     bool m_isProgramMode = true;
+    std::optional<Acclimation> m_acclimation;
     bool m_isDirty = false;
     std::optional<Contents> m_saved; ///< in a file, or the defaults
     std::optional<Contents> m_loaded;

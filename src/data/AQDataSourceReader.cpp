@@ -25,6 +25,13 @@ double fraction(qint64 value) {
     return fractionFromByte(static_cast<std::uint8_t>(std::clamp<qint64>(value, 0, 255)));
 }
 
+/// From the digits of year, month and day; invalid for what is no date.
+QDate dateOf(qint64 digits) {
+    // Qt knows years before the first one.
+    return digits < 0 ? QDate()
+                      : QDate::fromString(QString::number(digits), QStringLiteral("yyyyMMdd"));
+}
+
 int minuteOfDay(qint64 value) {
     return static_cast<int>(value % AQTime::minutesPerDay);
 }
@@ -47,6 +54,7 @@ bool AQDataSourceReader::loadFromFile(const QString& path) {
 bool AQDataSourceReader::read(const QByteArray& bytes) {
     m_foundTimeline = m_sequenceChanged = false;
     m_contents = m_document.contents();
+    m_acclimation = {0, 0, {}};
     m_errorString = parse(GuardedXml::fromBytes(bytes));
     if (hasTooManyPoints())
         return false;
@@ -124,6 +132,8 @@ void AQDataSourceReader::applyText() {
         applyPointValue(*value);
     else if (parent == u"task_light_mode")
         applyTaskLightValue(*value);
+    else if (parent == u"acclimation")
+        applyAcclimationValue(*value);
     if (m_contextStack.last() == u"mode1_10v")
         m_contents.isProgramMode = *value == 1;
 }
@@ -154,7 +164,24 @@ void AQDataSourceReader::applyTaskLightValue(qint64 value) {
     }
 }
 
+void AQDataSourceReader::applyAcclimationValue(qint64 value) {
+    const QString& element = m_contextStack.last();
+    const auto number = static_cast<int>(std::clamp<qint64>(value, 0, maxSeconds));
+    if (element == u"start")
+        m_acclimation.start = number;
+    else if (element == u"days")
+        m_acclimation.days = number;
+    else if (element == u"first_day")
+        m_acclimation.firstDay = dateOf(value);
+}
+
 void AQDataSourceReader::applyContents() {
+    // It belongs to the program: another one without it has none.
+    if (m_acclimation.isValid())
+        m_contents.acclimation = m_acclimation;
+    else if (m_sequenceChanged)
+        m_contents.acclimation.reset();
+    m_document.setAcclimation(m_contents.acclimation);
     m_document.setTaskLight(m_contents.taskLight);
     m_document.setIsProgramMode(m_contents.isProgramMode);
     if (m_sequenceChanged)

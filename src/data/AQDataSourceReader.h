@@ -15,7 +15,8 @@ struct GuardedXml;
 ///
 /// Forgiving about values: what is no integer, a negative time and unknown elements are ignored,
 /// colours and intensities are limited to 0..255, a point that lacks a value is dropped. The points
-/// are taken in the order of the file, also those outside a timeline. Attributes are ignored.
+/// are taken in the order of the file, also those outside a timeline. An acclimation that lacks a
+/// value, or has one out of its limits, is none. Attributes are ignored.
 ///
 /// Strict about the XML, which may come from anywhere: a document type with definitions of its own,
 /// an encoding other than UTF-8, US-ASCII, ISO-8859-1 and UTF-16 with a byte order mark, a tag of
@@ -60,6 +61,7 @@ private:
     void applyText();
     void applyPointValue(qint64 value);
     void applyTaskLightValue(qint64 value);
+    void applyAcclimationValue(qint64 value);
     bool hasTooManyPoints() const { return m_contents.points.size() > maxPoints; }
     void applyContents();
 
@@ -72,6 +74,7 @@ private:
     std::optional<AQTime> m_ptTime;
     std::optional<double> m_ptColorTemp;
     std::optional<double> m_ptBrightness;
+    Acclimation m_acclimation; ///< what is known of it, invalid until all is
     bool m_foundTimeline = false;
     bool m_sequenceChanged = false;
 };

@@ -68,6 +68,14 @@ QByteArray AQDataSourceWriter::text() const {
         lines.close("point");
     }
     lines.close("timeline");
+    if (const auto& acclimation = m_document.acclimation()) {
+        lines.open("acclimation");
+        lines.value("start", acclimation->start);
+        lines.value("days", acclimation->days);
+        lines.value("first_day",
+                    acclimation->firstDay.toString(QStringLiteral("yyyyMMdd")).toLatin1());
+        lines.close("acclimation");
+    }
     lines.close("settings");
     return lines.text();
 }

@@ -16,6 +16,8 @@ class AQDataSource;
 ///         dev_type: its device type, 0 without one
 ///         timeline
 ///             point: time (minute of the day), intensity, color; one for each point
+///         acclimation, if there is one: start (percent, 1..100), days (2..100), first_day
+///         (yyyymmdd)
 class AQDataSourceWriter : public QObject {
     Q_OBJECT
 

@@ -57,12 +57,17 @@ ContentsChange ContentsChange::between(const DocumentContents& before,
     ContentsChange change = ofPoints(before.points, after.points);
     const bool isLightChanged = before.taskLight != after.taskLight;
     const bool isModeChanged = before.isProgramMode != after.isProgramMode;
-    if ((change.kind != Kind::none) + isLightChanged + isModeChanged > 1)
+    const bool isAcclimationChanged = before.acclimation != after.acclimation;
+    if ((change.kind != Kind::none) + isLightChanged + isModeChanged + isAcclimationChanged > 1)
         change.kind = Kind::several;
     else if (isLightChanged)
         change.kind = Kind::taskLight;
     else if (isModeChanged)
         change.kind = Kind::mode;
+    else if (isAcclimationChanged)
+        change.kind = !before.acclimation  ? Kind::acclimationBegun
+                      : !after.acclimation ? Kind::acclimationEnded
+                                           : Kind::acclimationChanged;
     change.isProgramMode = after.isProgramMode;
     return change;
 }
@@ -85,6 +90,12 @@ QString ContentsChange::name() const {
         return tr("Task Light");
     case Kind::mode:
         return isProgramMode ? tr("Switch to Program") : tr("Switch to Analog Input");
+    case Kind::acclimationBegun:
+        return tr("Acclimate");
+    case Kind::acclimationChanged:
+        return tr("Change Acclimation");
+    case Kind::acclimationEnded:
+        return tr("End Acclimation");
     case Kind::points:
         return tr("Edit Program");
     case Kind::several:

@@ -18,6 +18,9 @@ struct ContentsChange {
         points, ///< several
         taskLight,
         mode,
+        acclimationBegun,
+        acclimationChanged,
+        acclimationEnded,
         several ///< more than one of these
     };
 

@@ -11,7 +11,7 @@ bool isStoredAlike(const AQTimePoint& some, const AQTimePoint& other) {
 } // namespace
 
 bool areStoredAlike(const DocumentContents& some, const DocumentContents& others) {
-    return some.isProgramMode == others.isProgramMode &&
+    return some.isProgramMode == others.isProgramMode && some.acclimation == others.acclimation &&
            isStoredAlike(some.taskLight, others.taskLight) &&
            std::ranges::equal(some.points, others.points, isStoredAlike);
 }

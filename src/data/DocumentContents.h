@@ -1,16 +1,19 @@
 #pragma once
 
 #include "data/AQTimePoint.h"
+#include "data/Acclimation.h"
 
 #include <algorithm>
+#include <optional>
 #include <vector>
 
-/// Everything a settings file or the controller holds of the document, as a value. The ids of the
-/// points take no part in comparing.
+/// Everything a settings file holds of the document, as a value; all but the acclimation is what a
+/// controller holds. The ids of the points take no part in comparing.
 struct DocumentContents {
     std::vector<AQTimePoint> points; ///< in the order of the day, or a file's own
     AQTimePoint taskLight;           ///< `time` is the duration
     bool isProgramMode = true;
+    std::optional<Acclimation> acclimation = {}; ///< valid
     bool operator==(const DocumentContents&) const = default;
 };
 

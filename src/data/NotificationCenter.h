@@ -22,6 +22,10 @@ Q_SIGNALS:
     /// The task light, or the mode, was changed, alone.
     void taskLightChanged(const QObject* sender);
     void programModeChanged(const QObject* sender);
+    /// The acclimation began, ended or is another one, alone or with more.
+    void acclimationChanged(const QObject* sender);
+    /// The date has become another one while there is an acclimation, so today's light may have.
+    void dayChanged();
     /// One value of one point changed; `column` is a PointColumn.
     void cellChanged(int row, int column, const QObject* sender);
     /// The person turned to the point in this row, or the selected point is another or in another

@@ -75,7 +75,7 @@ void DemoPlayer::showLight() {
 }
 
 ChannelLevels DemoPlayer::levels() const {
-    const AQTimePoint light = lightAt(m_data.preview().points(), m_time);
+    const AQTimePoint light = lightAt(m_data.todaysLight(m_data.preview().points()), m_time);
     return levelsFromLight(light.colorTemp, light.brightness);
 }
 

@@ -18,7 +18,8 @@ struct DemoIntervals {
     std::chrono::milliseconds keepAlive{50000};
 };
 
-/// Plays the whole day of the light program on the lamp: one minute of the program per tick.
+/// Plays the whole day of the light program on the lamp, in today's light: one minute of the
+/// program per tick.
 ///
 /// It can be paused and sent to any minute, paused or not; the lamp shows that minute at once. The
 /// program may be edited or replaced meanwhile: each tick shows what it is then, and so does the

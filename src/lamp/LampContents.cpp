@@ -2,6 +2,7 @@
 
 #include "data/AQDataSource.h"
 #include "data/DeviceProgramImage.h"
+#include "lamp/HeldDay.h"
 
 #include <algorithm>
 #include <utility>
@@ -10,6 +11,7 @@ LampContents::LampContents(AQDataSource& data, QObject* parent) : QObject(parent
     // Whatever a person changes is noted there.
     connect(&data.history(), &History::changed, this, &LampContents::refresh);
     connect(&data.notifications(), &NotificationCenter::dataLoaded, this, &LampContents::refresh);
+    connect(&data.notifications(), &NotificationCenter::dayChanged, this, &LampContents::refresh);
 }
 
 const LampContents::Lamp& LampContents::lamp() const {
@@ -35,8 +37,9 @@ LampContents::State LampContents::stateNow() const {
         return State::analogInput;
     if (!lamp.stored)
         return State::unknown;
-    return ProgramComparison(m_data.contents(), *lamp.stored).isEqual() ? State::thisProgram
-                                                                        : State::anotherProgram;
+    return ProgramComparison(m_data.contentsToday(), *lamp.stored).isEqual()
+               ? State::thisProgram
+               : State::anotherProgram;
 }
 
 void LampContents::refresh() {
@@ -66,6 +69,8 @@ QString LampContents::text() const {
 QString LampContents::explanation() const {
     if (m_state == State::partOfThisProgram)
         return brokenSends();
+    if (m_state == State::anotherProgram)
+        return earlierDay();
     if (m_state != State::unknown || !m_isConnected)
         return {};
     switch (lamp().unknown) {
@@ -77,6 +82,22 @@ QString LampContents::explanation() const {
         break;
     }
     return tr("not read yet");
+}
+
+QString LampContents::earlierDay() const {
+    const auto day = heldAcclimationDay(m_data, *lamp().stored);
+    if (!day)
+        return {};
+    const Acclimation& acclimation = *m_data.acclimation();
+    const QDate date = acclimation.firstDay.addDays(*day - 1);
+    const int held = acclimation.percentOn(date);
+    const int wanted = acclimation.percentOn(m_data.today());
+    if (date == m_data.today().addDays(-1))
+        return tr("The lamp runs yesterday's %1 %; send it today's %2 %").arg(held).arg(wanted);
+    return tr("The lamp runs the %1 % of day %2; send it today's %3 %")
+        .arg(held)
+        .arg(*day)
+        .arg(wanted);
 }
 
 QString LampContents::brokenSends() const {
@@ -98,6 +119,15 @@ QString LampContents::brokenSends() const {
 }
 
 QString LampContents::changeBySending() const {
+    const auto& acclimation = m_data.acclimation();
+    const QString change = changeOfStored();
+    return acclimation && !acclimation->isOverOn(m_data.today())
+               ? change + u'\n' +
+                     tr("Acclimation %1 is sent").arg(acclimation->textOn(m_data.today()))
+               : change;
+}
+
+QString LampContents::changeOfStored() const {
     const Lamp& lamp = this->lamp();
     if (isPartKnown())
         return tr("The lamp may hold a part of what was sent before.");
@@ -106,7 +136,7 @@ QString LampContents::changeBySending() const {
     if (!lamp.stored)
         return tr("What the lamp holds is not known.");
     // By levels alone: a load cannot always be given back exactly, and then sending it is a change.
-    const auto contents = m_data.contents();
+    const auto contents = m_data.contentsToday();
     const auto channels = static_cast<int>(lamp.stored->image.channels.size());
     return ProgramComparison(contents, DeviceProgramImage::imageOf(contents, channels),
                              lamp.stored->image)

@@ -13,7 +13,8 @@
 class AQDataSource;
 
 /// What the lamp's controller holds, as far as its answers told, and what that means for the
-/// document. Asks for nothing itself; whoever gets answers notes here what they tell.
+/// document in today's light. Asks for nothing itself; whoever gets answers notes here what they
+/// tell.
 ///
 /// Controllers are told apart by their device files, which are all that is known of them unasked.
 /// What one holds is forgotten when its port leaves the bus; not that a send to it broke off.
@@ -35,9 +36,10 @@ public:
     State state() const { return m_state; }
     /// The state for the person, in a few words; empty while unknown.
     QString text() const;
-    /// Why it is unknown, or what is behind a warning; empty when nothing is.
+    /// Why it is unknown, what is behind a warning, or that the light is of an earlier day of the
+    /// acclimation; empty when nothing is.
     QString explanation() const;
-    /// What sending the document would change, one line.
+    /// What sending the document would change; a second line when today's light is not all of it.
     QString changeBySending() const;
 
     // All of the controller of the last link:
@@ -76,6 +78,8 @@ private:
     };
 
     State stateNow() const;
+    QString earlierDay() const;
+    QString changeOfStored() const;
     void refresh();
     void noteComplete(const std::optional<StoredProgram>& stored);
     const Lamp& lamp() const;

@@ -72,6 +72,10 @@ void Transfers::load() {
         [this](const YAnswer&) { m_progress.step(); });
 }
 
+bool Transfers::endsAcclimation() const {
+    return m_data.acclimation() && !m_data.acclimation()->isOverOn(m_data.today());
+}
+
 std::optional<StoredProgram> Transfers::programOf(const Answers& answers,
                                                   const DeviceInfo& device) {
     const auto image = DeviceProgramImage::imageOf(answers, device);
@@ -122,6 +126,8 @@ void Transfers::take(const StoredProgram& program, const QString& stepName) {
 void Transfers::replaceBy(const StoredProgram& program, const QString& stepName, News news) {
     m_data.sequence().replacePoints(program.contents->points);
     m_data.setTaskLight(program.contents->taskLight);
+    // The program is that of one day now.
+    m_data.setAcclimation(std::nullopt);
     // Not sooner: nobody is to be told of a difference that ends in the next moment.
     if (news == News::Yes)
         m_lamp.noteRead(program);
@@ -194,12 +200,12 @@ void Transfers::send() {
         return;
     }
     const auto sending = std::make_shared<Sending>();
-    sending->contents = m_data.contents();
+    sending->contents = m_data.contentsToday();
     sending->image = DeviceProgramImage::imageOf(sending->contents, *device->channelCount);
     sending->stored = sending->image;
     auto commands = DeviceProgramImage::sendCommands(sending->image, *device);
     ++m_sends;
-    m_sentLast = sending->contents;
+    m_sentLast = m_data.contents();
     m_data.markSent(sending->contents);
     m_progress.begin(tr("Sending %1 of %2"), static_cast<int>(commands.size()));
     for (std::size_t index = 0; index < commands.size(); ++index)

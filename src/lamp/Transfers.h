@@ -33,13 +33,16 @@ public:
     Transfers(AQDataSource& data, YMessageController& controller, LampContents& lamp,
               QObject* parent = nullptr);
 
-    /// Asks for the program in the controller. Ends in `loaded`, or in `disturbed` when the
-    /// document was changed meanwhile. Of several loads on their way the last one counts.
+    /// Asks for the program in the controller, which ends the acclimation. Ends in `loaded`, or in
+    /// `disturbed` when the document was changed meanwhile. Of several loads on their way the last
+    /// one counts.
     void load();
+    /// Whether the document would lose an acclimation that is not over by a load.
+    bool endsAcclimation() const;
     bool isLoading() const { return m_loads > 0; }
     /// After `disturbed`: replaces the document all the same.
     void replaceDocument();
-    /// Ends in `sent`.
+    /// Sends the program in today's light. Ends in `sent`.
     void send();
     /// Where the controller is that it all goes to and comes from.
     std::string portPath() const;
@@ -51,7 +54,8 @@ public:
     enum class Read { Program, AndMode };
     void read(Read what, const ReadDone& done);
     bool isReading() const { return m_readings > 0; }
-    /// The document becomes what was read before, in one step of this name, and is clean.
+    /// The document becomes what was read before, without an acclimation, in one step of this name,
+    /// and is clean.
     void take(const StoredProgram& program, const QString& stepName);
 
     const TransferProgress& progress() const { return m_progress; }

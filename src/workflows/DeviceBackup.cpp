@@ -3,6 +3,7 @@
 #include "data/AQDataSource.h"
 #include "data/AQDataSourceWriter.h"
 #include "data/DeviceProgramImage.h"
+#include "lamp/HeldDay.h"
 #include "lamp/Transfers.h"
 #include "workflows/DocumentCommands.h"
 #include "workflows/Prompts.h"
@@ -30,12 +31,19 @@ void DeviceBackup::onRead(const TransferResult& result, const StoredProgram& pro
         return;
     }
     const QFileInfo open(m_documents.openFilePath());
-    const QString name = tr("Lamp.sq");
+    const auto day = heldAcclimationDay(m_data, program);
+    // The program that it was scaled from is not in the lamp.
+    const QString name = day ? tr("Lamp at %1 %.sq").arg(percentOn(*day)) : tr("Lamp.sq");
     m_documents.askWhereToWrite(
         m_documents.openFilePath().isEmpty() ? name : open.absolutePath() + u'/' + name,
         [this, program, device = m_data.device()](const QString& path) {
             save(path, program, device);
         });
+}
+
+int DeviceBackup::percentOn(int acclimationDay) const {
+    const Acclimation& acclimation = *m_data.acclimation();
+    return acclimation.percentOn(acclimation.firstDay.addDays(acclimationDay - 1));
 }
 
 void DeviceBackup::save(const QString& path, const StoredProgram& program,

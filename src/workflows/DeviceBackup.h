@@ -24,7 +24,7 @@ public:
                  Prompts& prompts, QObject* parent = nullptr);
 
     /// Reads the controller, then asks where to save. Nothing happens while it is being read
-    /// already.
+    /// already. The name that it suggests tells the percentage of a program in acclimation.
     void menuBackup();
 
 Q_SIGNALS:
@@ -32,6 +32,7 @@ Q_SIGNALS:
 
 private:
     void onRead(const TransferResult& result, const StoredProgram& program);
+    int percentOn(int acclimationDay) const;
     void save(const QString& path, const StoredProgram& program,
               const std::optional<DeviceInfo>& device);
 

@@ -35,7 +35,7 @@ void DeviceComparison::onRead(const TransferResult& result, const StoredProgram&
     if (!m_panel)
         makePanel();
     Q_EMIT ghostChanged(ghostOf(program));
-    m_panel->run(ProgramComparison(m_context.data.contents(), program).differences(),
+    m_panel->run(ProgramComparison(m_context.data.contentsToday(), program).differences(),
                  notesOn(program),
                  program.contents ? ComparePanel::Lamps::Whole : ComparePanel::Lamps::Incomplete);
 }
@@ -54,6 +54,12 @@ QStringList DeviceComparison::notesOn(const StoredProgram& program) const {
         notes << tr("It cannot be taken or shown as a curve. Send Mine stores the whole program.");
     if (m_context.lamp.state() == LampContents::State::analogInput)
         notes << tr("At present the lamp follows its analog input.");
+    if (const auto& acclimation = m_context.data.acclimation()) {
+        notes << tr("Compared in today's light: acclimation %1.")
+                     .arg(acclimation->textOn(m_context.data.today()));
+        if (program.contents)
+            notes << tr("Taking the lamp's ends the acclimation.");
+    }
     return notes;
 }
 

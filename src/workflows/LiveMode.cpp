@@ -31,6 +31,9 @@ LiveMode::LiveMode(AQDataSource& data, LampPreview& lamp, AQSwitchButton& bttnLi
     connect(&notifications, &NotificationCenter::cellChanged, this, &LiveMode::onPointsChanged);
     connect(&notifications, &NotificationCenter::dataChanged, this, &LiveMode::onPointsChanged);
     connect(&notifications, &NotificationCenter::previewChanged, this, &LiveMode::onPointsChanged);
+    connect(&notifications, &NotificationCenter::acclimationChanged, this,
+            &LiveMode::onPointsChanged);
+    connect(&notifications, &NotificationCenter::dayChanged, this, &LiveMode::onPointsChanged);
     connect(&notifications, &NotificationCenter::dataLoaded, this,
             [this] { m_isTaskLightEdited = false; });
 }
@@ -90,7 +93,7 @@ std::optional<AQTimePoint> LiveMode::editedLight() const {
     if (m_isTaskLightEdited)
         return m_data.taskLight();
     const AQTimePoint* selected = m_data.preview().find(m_data.selection().id());
-    return selected ? std::optional(*selected) : std::nullopt;
+    return selected ? std::optional(m_data.todaysLight({*selected}).front()) : std::nullopt;
 }
 
 void LiveMode::showEditedLight() {

@@ -13,8 +13,8 @@ class AQDataSource;
 class AQSwitchButton;
 class LampPreview;
 
-/// Shows on the lamp the light that is being edited: the point or task light that the person
-/// touched last.
+/// Shows on the lamp the light that is being edited: the task light, or the point as it is today,
+/// which the person touched last.
 class LiveMode : public QObject {
     Q_OBJECT
 

@@ -1,21 +1,17 @@
 #include "workflows/ProgramChangePanel.h"
 
 #include "data/AQDataSource.h"
+#include "workflows/PanelPlace.h"
 
 #include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QPushButton>
-#include <QScreen>
 #include <QVBoxLayout>
-
-#include <algorithm>
 
 namespace {
 
 constexpr int margin = 16;
-constexpr int gap = 8;
 constexpr int leastWidth = 260; ///< for the whole title
-constexpr int titleBar = 40;    ///< room for the one that the desktop gives the dialog
 
 } // namespace
 
@@ -50,18 +46,9 @@ void ProgramChangePanel::run() {
     if (isVisible())
         return;
     reset();
-    place();
+    placeBelow(*this, m_uncovered);
     show();
     refreshPreview();
-}
-
-void ProgramChangePanel::place() {
-    adjustSize();
-    const QRect room = m_uncovered.screen()->availableGeometry();
-    const QPoint below = m_uncovered.mapToGlobal(m_uncovered.rect().bottomLeft());
-    const int x = below.x() + (m_uncovered.width() - width()) / 2;
-    move(std::clamp(x, room.left(), std::max(room.left(), room.right() - width())),
-         std::max(room.top(), std::min(below.y() + gap, room.bottom() - height() - titleBar)));
 }
 
 void ProgramChangePanel::refreshPreview() {

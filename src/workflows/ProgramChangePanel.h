@@ -37,7 +37,6 @@ protected:
 
 private:
     void onFinished(int result);
-    void place();
 
     AQDataSource& m_data;
     const QWidget& m_uncovered;

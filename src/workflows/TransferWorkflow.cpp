@@ -27,11 +27,27 @@ void TransferWorkflow::onBttnLoadFromDevice() {
     if (m_transfers.isLoading())
         m_transfers.load();
     else
-        m_documents.askAboutChanges(saveFirst(), [this] { m_transfers.load(); });
+        askBeforeLoad([this] { m_transfers.load(); });
 }
 
 void TransferWorkflow::onDisturbed() {
-    m_documents.askAboutChanges(saveFirst(), [this] { m_transfers.replaceDocument(); });
+    askBeforeLoad([this] { m_transfers.replaceDocument(); });
+}
+
+void TransferWorkflow::askBeforeLoad(const std::function<void()>& goOn) {
+    m_documents.askAboutChanges(saveFirst(), [this, goOn] {
+        if (!m_transfers.endsAcclimation()) {
+            goOn();
+            return;
+        }
+        m_prompts.confirm(
+            tr("Loading ends the acclimation!"),
+            tr("The device holds the light of one day. Are you sure you want to continue?"),
+            Prompts::Answer::No, [goOn](bool yes) {
+                if (yes)
+                    goOn();
+            });
+    });
 }
 
 void TransferWorkflow::loadResult(const TransferResult& result, bool isOther) {

@@ -2,6 +2,8 @@
 
 #include <QObject>
 
+#include <functional>
+
 class DocumentCommands;
 class LampContents;
 class Prompts;
@@ -31,6 +33,8 @@ public:
 
 private:
     void onDisturbed();
+    /// About unsaved changes, and about an acclimation that would end.
+    void askBeforeLoad(const std::function<void()>& goOn);
     void loadResult(const TransferResult& result, bool isOther);
     void sendResult(const TransferResult& result, const QString& difference);
 

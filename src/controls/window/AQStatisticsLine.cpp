@@ -26,10 +26,14 @@ AQStatisticsLine::AQStatisticsLine(QWidget* parent) : QLabel(parent) {
     fitToFont();
 }
 
+QFont AQStatisticsLine::captionFont(QFont font) {
+    font.setPixelSize(std::clamp(QFontInfo(font).pixelSize() * smallestText / usualText,
+                                 smallestText, largestText));
+    return font;
+}
+
 void AQStatisticsLine::fitToFont() {
-    m_small = font();
-    m_small.setPixelSize(std::clamp(QFontInfo(m_small).pixelSize() * smallestText / usualText,
-                                    smallestText, largestText));
+    m_small = captionFont(font());
     setFixedHeight(std::max(leastHeight, QFontMetrics(m_small).height() + gapBelow));
 }
 
