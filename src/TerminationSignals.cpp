@@ -28,5 +28,5 @@ void TerminationSignals::watch() {
 void TerminationSignals::onReadable() {
     signalfd_siginfo info{};
     while (::read(m_descriptor, &info, sizeof info) == sizeof info)
-        Q_EMIT received();
+        Q_EMIT received(static_cast<int>(info.ssi_signo));
 }

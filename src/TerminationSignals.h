@@ -19,7 +19,8 @@ public:
     void watch();
 
 Q_SIGNALS:
-    void received();
+    /// `number` is that of the signal.
+    void received(int number);
 
 private:
     void onReadable();

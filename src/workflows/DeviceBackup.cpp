@@ -1,9 +1,8 @@
 #include "workflows/DeviceBackup.h"
 
 #include "data/AQDataSource.h"
-#include "data/AQDataSourceWriter.h"
-#include "data/DeviceProgramImage.h"
 #include "lamp/HeldDay.h"
+#include "lamp/ProgramCopy.h"
 #include "lamp/Transfers.h"
 #include "workflows/DocumentCommands.h"
 #include "workflows/Prompts.h"
@@ -48,19 +47,13 @@ int DeviceBackup::percentOn(int acclimationDay) const {
 
 void DeviceBackup::save(const QString& path, const StoredProgram& program,
                         const std::optional<DeviceInfo>& device) {
-    NotificationCenter unheard;
-    AQDataSource copy(unheard, [&device] { return device; });
-    copy.sequence().replacePoints(program.contents->points);
-    copy.setTaskLight(program.contents->taskLight);
-    AQDataSourceWriter writer(copy);
-    if (!writer.saveToFile(path)) {
-        m_documents.tellNotSaved(path, writer.errorString());
+    const QString fault = ProgramCopy::save(path, program, device);
+    if (!fault.isEmpty()) {
+        m_documents.tellNotSaved(path, fault);
         return;
     }
     Q_EMIT savedTo(path);
-    const auto channels = static_cast<int>(program.image.channels.size());
-    const auto givenBack = DeviceProgramImage::imageOf(*program.contents, channels);
-    const ProgramComparison comparison(*program.contents, givenBack, program.image);
+    const ProgramComparison comparison = ProgramCopy::givenBack(program);
     if (!comparison.isEqual())
         m_prompts.alert(tr("Not all levels can be given back exactly!"),
                         tr("%1 was saved. Sent to the device again, it stores levels "

@@ -1,8 +1,8 @@
 #include "workflows/DeviceTimePanel.h"
 
 #include "controls/time/AQDateTimeEdit.h"
-#include "workflows/TimeZones.h"
-#include "workflows/WallTime.h"
+#include "lamp/TimeZones.h"
+#include "lamp/WallTime.h"
 #include "yprotocoll/YAnswers.h"
 #include "yprotocoll/YCommands.h"
 #include "yprotocoll/link/YMessageController.h"

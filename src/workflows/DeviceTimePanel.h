@@ -1,6 +1,6 @@
 #pragma once
 
-#include "workflows/ComputerClock.h"
+#include "lamp/ComputerClock.h"
 
 #include <QDialog>
 #include <QTimer>

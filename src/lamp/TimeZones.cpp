@@ -1,4 +1,4 @@
-#include "workflows/TimeZones.h"
+#include "lamp/TimeZones.h"
 
 #include <QDateTime>
 

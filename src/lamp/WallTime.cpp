@@ -1,4 +1,4 @@
-#include "workflows/WallTime.h"
+#include "lamp/WallTime.h"
 
 #include "yprotocoll/YAnswers.h"
 

@@ -1,4 +1,4 @@
-#include "workflows/ComputerClock.h"
+#include "lamp/ComputerClock.h"
 
 ComputerClock ComputerClock::system() {
     const auto zone = [] {

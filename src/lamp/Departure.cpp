@@ -1,4 +1,4 @@
-#include "workflows/Departure.h"
+#include "lamp/Departure.h"
 
 #include "lamp/LampPreview.h"
 #include "lamp/Transfers.h"
