@@ -83,7 +83,7 @@ void ExportCommands::write(const QString& path, const QString& type) {
         Q_EMIT savedTo(path);
         return;
     }
-    SPDLOG_ERROR("{}: {}", path.toStdString(), fault.toStdString());
+    SPDLOG_ERROR(fmt::format("{}: {}", path.toStdString(), fault.toStdString()));
     m_context.prompts.alert(tr("Could not export!"),
                             tr("%1 was not written: %2.")
                                 .arg(path, QCoreApplication::translate("File", fault.toUtf8())),
