@@ -189,6 +189,84 @@ Doppelklick oder Eingabetaste, um die Werte einzutippen.</translation>
     </message>
 </context>
 <context>
+    <name>Acclimation</name>
+    <message>
+        <source>day %1 of %2: %3 %</source>
+        <translation>Tag %1 von %2: %3 %</translation>
+    </message>
+</context>
+<context>
+    <name>AcclimationCommands</name>
+    <message>
+        <source>Acclimation is over: end it</source>
+        <translation>Eingewöhnung ist vorbei: beenden</translation>
+    </message>
+    <message>
+        <source>Acclimation %1</source>
+        <translation>Eingewöhnung %1</translation>
+    </message>
+    <message>
+        <source>The program runs at 100 % from now on anyway</source>
+        <translation>Das Programm läuft von nun an ohnehin mit 100 %</translation>
+    </message>
+    <message>
+        <source>Change or end the acclimation</source>
+        <translation>Eingewöhnung ändern oder beenden</translation>
+    </message>
+    <message>
+        <source>Begin with less light, and more of it every day</source>
+        <translation>Mit weniger Licht beginnen und jeden Tag mehr geben</translation>
+    </message>
+    <message>
+        <source>The program has no points</source>
+        <translation>Das Programm hat keine Punkte</translation>
+    </message>
+</context>
+<context>
+    <name>AcclimationPanel</name>
+    <message>
+        <source>&amp;End Acclimation</source>
+        <translation>Eingewöhnung b&amp;eenden</translation>
+    </message>
+    <message>
+        <source>Acclimate</source>
+        <translation>Eingewöhnung</translation>
+    </message>
+    <message>
+        <source>The intensity on the first day; on the last one it is 100 %</source>
+        <translation>Die Intensität am ersten Tag; am letzten sind es 100 %</translation>
+    </message>
+    <message>
+        <source>&amp;Start at</source>
+        <translation>&amp;Beginnen mit</translation>
+    </message>
+    <message>
+        <source>&amp;Days</source>
+        <translation>&amp;Tage</translation>
+    </message>
+    <message>
+        <source>&amp;First day</source>
+        <translation>E&amp;rster Tag</translation>
+    </message>
+    <message>
+        <source>Today</source>
+        <translation>Heute</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translatorcomment>The same in German.</translatorcomment>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>over: 100 %</source>
+        <translation>vorbei: 100 %</translation>
+    </message>
+</context>
+<context>
     <name>AppDelegate</name>
     <message>
         <source>Saved %1</source>
@@ -442,6 +520,18 @@ Das Arbeitslicht hilft bei der Beckenpflege und beim kurzen Blick auf die Bewohn
         <source>Change</source>
         <translation>Änderung</translation>
     </message>
+    <message>
+        <source>Acclimate</source>
+        <translation>Eingewöhnung</translation>
+    </message>
+    <message>
+        <source>Change Acclimation</source>
+        <translation>Eingewöhnung ändern</translation>
+    </message>
+    <message>
+        <source>End Acclimation</source>
+        <translation>Eingewöhnung beenden</translation>
+    </message>
 </context>
 <context>
     <name>ControlState</name>
@@ -503,6 +593,12 @@ Arrow keys select and dim, with Alt they move in time.</source>
         <translation>Doppelklick fügt einen Punkt hinzu; Punkte nach oben oder unten ziehen, ihre Zeitmarke seitwärts.
 Pfeiltasten wählen aus und dimmen, mit Alt verschieben sie in der Zeit.</translation>
     </message>
+    <message>
+        <source>Click to go to a time of the day, drag to go through it.
+Space pauses and goes on, Left and Right go to the point before and after.</source>
+        <translation>Klicken springt zu einer Uhrzeit, Ziehen geht durch den Tag.
+Leertaste hält an und spielt weiter, Links und Rechts gehen zum Punkt davor und danach.</translation>
+    </message>
 </context>
 <context>
     <name>CurveMenu</name>
@@ -532,6 +628,168 @@ Pfeiltasten wählen aus und dimmen, mit Alt verschieben sie in der Zeit.</transl
     </message>
 </context>
 <context>
+    <name>DayPage</name>
+    <message>
+        <source>controller with firmware %1</source>
+        <translation>Controller mit Firmware %1</translation>
+    </message>
+</context>
+<context>
+    <name>DayShapeFields</name>
+    <message>
+        <source>Reef</source>
+        <translation>Riff</translation>
+    </message>
+    <message>
+        <source>Planted</source>
+        <translation>Pflanzen</translation>
+    </message>
+    <message>
+        <source>Low Light</source>
+        <translation>Schwachlicht</translation>
+    </message>
+    <message>
+        <source>Siesta</source>
+        <translatorcomment>The same in German.</translatorcomment>
+        <translation>Siesta</translation>
+    </message>
+    <message>
+        <source>Long Summer Day</source>
+        <translation>Langer Sommertag</translation>
+    </message>
+    <message>
+        <source>Day</source>
+        <translation>Tag</translation>
+    </message>
+    <message>
+        <source>Begin &amp;with</source>
+        <translation>&amp;Vorlage</translation>
+    </message>
+    <message>
+        <source>&amp;Start</source>
+        <translation>&amp;Beginn</translation>
+    </message>
+    <message>
+        <source>&amp;End</source>
+        <translation>&amp;Ende</translation>
+    </message>
+    <message>
+        <source>Sun&amp;rise</source>
+        <translation>Sonnen&amp;aufgang</translation>
+    </message>
+    <message>
+        <source> min</source>
+        <translatorcomment>The same in German.</translatorcomment>
+        <translation> min</translation>
+    </message>
+    <message>
+        <source>S&amp;unset</source>
+        <translation>Sonnen&amp;untergang</translation>
+    </message>
+    <message>
+        <source>So&amp;ft ramps</source>
+        <translation>&amp;Weiche Übergänge</translation>
+    </message>
+    <message>
+        <source>Begin and end slowly, which takes more points</source>
+        <translation>Langsam beginnen und enden, was mehr Punkte braucht</translation>
+    </message>
+    <message>
+        <source>Light</source>
+        <translation>Licht</translation>
+    </message>
+    <message>
+        <source>Noon &amp;level</source>
+        <translation>&amp;Intensität am Mittag</translation>
+    </message>
+    <message>
+        <source> %</source>
+        <translatorcomment>The same in German.</translatorcomment>
+        <translation> %</translation>
+    </message>
+    <message>
+        <source>D&amp;awn</source>
+        <translation>&amp;Morgens</translation>
+    </message>
+    <message>
+        <source>Colour temperature at dawn</source>
+        <translation>Farbtemperatur am Morgen</translation>
+    </message>
+    <message>
+        <source>&amp;Noon</source>
+        <translation>Mi&amp;ttags</translation>
+    </message>
+    <message>
+        <source>Colour temperature at noon</source>
+        <translation>Farbtemperatur am Mittag</translation>
+    </message>
+    <message>
+        <source>&amp;Dusk</source>
+        <translation>Aben&amp;ds</translation>
+    </message>
+    <message>
+        <source>Colour temperature at dusk</source>
+        <translation>Farbtemperatur am Abend</translation>
+    </message>
+    <message>
+        <source>&amp;Midday break</source>
+        <translation>Mittags&amp;pause</translation>
+    </message>
+    <message>
+        <source>S&amp;tart</source>
+        <translation>Be&amp;ginn</translation>
+    </message>
+    <message>
+        <source>Len&amp;gth</source>
+        <translation>&amp;Länge</translation>
+    </message>
+    <message>
+        <source>Le&amp;vel</source>
+        <translation>I&amp;ntensität</translation>
+    </message>
+    <message>
+        <source>Moonl&amp;ight</source>
+        <translation>Mondli&amp;cht</translation>
+    </message>
+    <message>
+        <source>Level</source>
+        <translation>Intensität</translation>
+    </message>
+    <message>
+        <source>&amp;Colour</source>
+        <translation>&amp;Farbe</translation>
+    </message>
+    <message>
+        <source>Colour temperature of the moonlight</source>
+        <translation>Farbtemperatur des Mondlichts</translation>
+    </message>
+    <message>
+        <source>%1 h %2 min</source>
+        <translatorcomment>The same in German.</translatorcomment>
+        <translation>%1 h %2 min</translation>
+    </message>
+    <message>
+        <source>The day must not end at its start.</source>
+        <translation>Der Tag darf nicht enden, wenn er beginnt.</translation>
+    </message>
+    <message>
+        <source>Sunrise and sunset overlap: the day lasts only %1.</source>
+        <translation>Sonnenaufgang und Sonnenuntergang überschneiden sich: Der Tag dauert nur %1.</translation>
+    </message>
+    <message>
+        <source>The break is longer than the day, which lasts %1.</source>
+        <translation>Die Pause ist länger als der Tag, der %1 dauert.</translation>
+    </message>
+    <message>
+        <source>The break must lie between the end of the sunrise at %1 and the begin of the sunset at %2.</source>
+        <translation>Die Pause muss zwischen dem Ende des Sonnenaufgangs um %1 und dem Beginn des Sonnenuntergangs um %2 liegen.</translation>
+    </message>
+    <message>
+        <source>This day needs more than the %1 points that there is room for.</source>
+        <translation>Dieser Tag braucht mehr als die %1 Punkte, für die Platz ist.</translation>
+    </message>
+</context>
+<context>
     <name>DemoMode</name>
     <message>
         <source>Run Demo</source>
@@ -541,6 +799,14 @@ Pfeiltasten wählen aus und dimmen, mit Alt verschieben sie in der Zeit.</transl
         <source>Stop Demo</source>
         <translation>Demo anhalten</translation>
     </message>
+    <message>
+        <source>The demo goes on</source>
+        <translation>Die Demo läuft weiter</translation>
+    </message>
+    <message>
+        <source>Paused at %1</source>
+        <translation>Angehalten um %1</translation>
+    </message>
 </context>
 <context>
     <name>DemoPlayer</name>
@@ -548,6 +814,10 @@ Pfeiltasten wählen aus und dimmen, mit Alt verschieben sie in der Zeit.</transl
         <source>DEMO %1</source>
         <translatorcomment>The same in German.</translatorcomment>
         <translation>DEMO %1</translation>
+    </message>
+    <message>
+        <source>DEMO %1 PAUSED: press Space to go on</source>
+        <translation>DEMO %1 ANGEHALTEN: weiter mit der Leertaste</translation>
     </message>
 </context>
 <context>
@@ -575,6 +845,10 @@ Pfeiltasten wählen aus und dimmen, mit Alt verschieben sie in der Zeit.</transl
         <source>%1 was saved. Sent to the device again, it stores levels that are near to those of now: %2.</source>
         <translation>%1 wurde gespeichert. Wieder an das Gerät gesendet, ergibt es Ausgangswerte, die den jetzigen nahekommen: %2.</translation>
     </message>
+    <message>
+        <source>Lamp at %1 %.sq</source>
+        <translation>Lampe mit %1 %.sq</translation>
+    </message>
 </context>
 <context>
     <name>DeviceComparison</name>
@@ -597,6 +871,14 @@ Pfeiltasten wählen aus und dimmen, mit Alt verschieben sie in der Zeit.</transl
     <message>
         <source>It cannot be taken or shown as a curve. Send Mine stores the whole program.</source>
         <translation>Es kann nicht übernommen oder als Kurve gezeigt werden. „Meines senden“ speichert das ganze Programm.</translation>
+    </message>
+    <message>
+        <source>Compared in today&apos;s light: acclimation %1.</source>
+        <translation>Verglichen im Licht von heute: Eingewöhnung %1.</translation>
+    </message>
+    <message>
+        <source>Taking the lamp&apos;s ends the acclimation.</source>
+        <translation>Das Programm der Lampe zu übernehmen beendet die Eingewöhnung.</translation>
     </message>
 </context>
 <context>
@@ -712,6 +994,10 @@ Pfeiltasten wählen aus und dimmen, mit Alt verschieben sie in der Zeit.</transl
         <source>Save Light Program</source>
         <translation>Lichtprogramm speichern</translation>
     </message>
+    <message>
+        <source>Export Light Program</source>
+        <translation>Lichtprogramm exportieren</translation>
+    </message>
 </context>
 <context>
     <name>DocumentCommands</name>
@@ -774,6 +1060,85 @@ Pfeiltasten wählen aus und dimmen, mit Alt verschieben sie in der Zeit.</transl
     <message>
         <source>The program in the window is not the one that was opened from %1.</source>
         <translation>Das Programm im Fenster ist nicht das, das aus %1 geöffnet wurde.</translation>
+    </message>
+    <message>
+        <source>Save changes before making a new day?</source>
+        <translation>Änderungen speichern, bevor ein neuer Tag entsteht?</translation>
+    </message>
+</context>
+<context>
+    <name>ExportCommands</name>
+    <message>
+        <source>PNG picture</source>
+        <translation>PNG-Bild</translation>
+    </message>
+    <message>
+        <source>SVG picture</source>
+        <translation>SVG-Bild</translation>
+    </message>
+    <message>
+        <source>PDF document</source>
+        <translation>PDF-Dokument</translation>
+    </message>
+    <message>
+        <source>CSV table</source>
+        <translation>CSV-Tabelle</translation>
+    </message>
+    <message>
+        <source>The file will be overwritten!</source>
+        <translation>Die Datei wird überschrieben!</translation>
+    </message>
+    <message>
+        <source>%1 exists already. Are you sure you want to continue?</source>
+        <translation>%1 gibt es schon. Möchten Sie wirklich fortfahren?</translation>
+    </message>
+    <message>
+        <source>Could not export!</source>
+        <translation>Exportieren fehlgeschlagen!</translation>
+    </message>
+    <message>
+        <source>%1 was not written: %2.</source>
+        <translation>%1 wurde nicht geschrieben: %2.</translation>
+    </message>
+    <message>
+        <source>the picture would be too large</source>
+        <translation>das Bild würde zu groß</translation>
+    </message>
+    <message>
+        <source>the picture could not be drawn</source>
+        <translation>das Bild konnte nicht gezeichnet werden</translation>
+    </message>
+    <message>
+        <source>a part of the program is missing. %1</source>
+        <translation>ein Teil von Aquelon fehlt. %1</translation>
+    </message>
+    <message>
+        <source>the pages could not be drawn</source>
+        <translation>die Seiten konnten nicht gezeichnet werden</translation>
+    </message>
+    <message>
+        <source>Could not print!</source>
+        <translation>Drucken fehlgeschlagen!</translation>
+    </message>
+    <message>
+        <source>A part of the program is missing. %1</source>
+        <translation>Ein Teil von Aquelon fehlt. %1</translation>
+    </message>
+    <message>
+        <source>There is no printer!</source>
+        <translation>Es gibt keinen Drucker!</translation>
+    </message>
+    <message>
+        <source>This computer knows no printer. &quot;File | Export...&quot; makes a PDF document, which can be printed elsewhere.</source>
+        <translation>Dieser Computer kennt keinen Drucker. „Datei | Exportieren...“ macht ein PDF-Dokument, das sich anderswo drucken lässt.</translation>
+    </message>
+    <message>
+        <source>The printer or the file did not take the pages.</source>
+        <translation>Der Drucker oder die Datei hat die Seiten nicht angenommen.</translation>
+    </message>
+    <message>
+        <source>Untitled</source>
+        <translation>Unbenannt</translation>
     </message>
 </context>
 <context>
@@ -848,6 +1213,18 @@ Pfeiltasten wählen aus und dimmen, mit Alt verschieben sie in der Zeit.</transl
     <message>
         <source>What the lamp holds is not known.</source>
         <translation>Was die Lampe enthält, ist nicht bekannt.</translation>
+    </message>
+    <message>
+        <source>The lamp runs yesterday&apos;s %1 %; send it today&apos;s %2 %</source>
+        <translation>Die Lampe läuft mit den %1 % von gestern; senden Sie die %2 % von heute</translation>
+    </message>
+    <message>
+        <source>The lamp runs the %1 % of day %2; send it today&apos;s %3 %</source>
+        <translation>Die Lampe läuft mit den %1 % von Tag %2; senden Sie die %3 % von heute</translation>
+    </message>
+    <message>
+        <source>Acclimation %1 is sent</source>
+        <translation>Eingewöhnung %1 wird gesendet</translation>
     </message>
 </context>
 <context>
@@ -1124,6 +1501,53 @@ Pfeiltasten wählen aus und dimmen, mit Alt verschieben sie in der Zeit.</transl
     <message>
         <source>&amp;User Guide</source>
         <translation>&amp;Handbuch</translation>
+    </message>
+    <message>
+        <source>New &amp;Day...</source>
+        <translation>Neuer &amp;Tag...</translation>
+    </message>
+    <message>
+        <source>&amp;Export...</source>
+        <translation>&amp;Exportieren...</translation>
+    </message>
+    <message>
+        <source>&amp;Print...</source>
+        <translation>&amp;Drucken...</translation>
+    </message>
+    <message>
+        <source>Acc&amp;limate...</source>
+        <translation>Ein&amp;gewöhnung...</translation>
+    </message>
+</context>
+<context>
+    <name>NewDayPanel</name>
+    <message>
+        <source>New Day</source>
+        <translation>Neuer Tag</translation>
+    </message>
+    <message>
+        <source>The day as the fields describe it</source>
+        <translation>Der Tag, wie ihn die Felder beschreiben</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translatorcomment>The same in German.</translatorcomment>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>PaperLoader</name>
+    <message>
+        <source>There is no %1</source>
+        <translation>%1 fehlt</translation>
+    </message>
+    <message>
+        <source>%1 is not ours</source>
+        <translation>%1 ist keine von Aquelon</translation>
     </message>
 </context>
 <context>
@@ -1536,6 +1960,14 @@ Pfeiltasten wählen aus und dimmen, mit Alt verschieben sie in der Zeit.</transl
     <message>
         <source>The device stored something else!</source>
         <translation>Das Gerät hat etwas anderes gespeichert!</translation>
+    </message>
+    <message>
+        <source>Loading ends the acclimation!</source>
+        <translation>Laden beendet die Eingewöhnung!</translation>
+    </message>
+    <message>
+        <source>The device holds the light of one day. Are you sure you want to continue?</source>
+        <translation>Das Gerät enthält das Licht eines Tages. Möchten Sie wirklich fortfahren?</translation>
     </message>
 </context>
 <context>
