@@ -35,6 +35,8 @@ DemoPlayer::DemoPlayer(AQDataSource& data, LampPreview& lamp, DemoIntervals inte
     connect(&center, &NotificationCenter::dataChanged, this, &DemoPlayer::onProgramChanged);
     connect(&center, &NotificationCenter::cellChanged, this, &DemoPlayer::onProgramChanged);
     connect(&center, &NotificationCenter::previewChanged, this, &DemoPlayer::onProgramChanged);
+    connect(&center, &NotificationCenter::acclimationChanged, this, &DemoPlayer::onProgramChanged);
+    connect(&center, &NotificationCenter::dayChanged, this, &DemoPlayer::onProgramChanged);
 }
 
 void DemoPlayer::start() {

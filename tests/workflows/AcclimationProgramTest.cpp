@@ -1,4 +1,5 @@
 #include "SimulatedProgram.h"
+#include "controls/curve/AQCurveView.h"
 #include "data/ColorMapping.h"
 #include "data/DeviceProgramImage.h"
 #include "workflows/DayWatch.h"
@@ -12,6 +13,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSpinBox>
+#include <QTest>
 
 namespace {
 
@@ -101,6 +103,13 @@ TEST_F(AcclimationProgramTest, givesTheLampTheLightOfTheDay) {
     shows(0.5, 0.7);
     ui().sliderTaskBrightness->userSetValue(0.9);
     shows(data.taskLight().colorTemp, 0.9);
+    ui().bttnLiveModeSwitch->click();
+    ui().bttnRunDemo->click();
+    for (const auto key : {Qt::Key_Space, Qt::Key_Right, Qt::Key_Right}) // paused, and on to noon
+        QTest::keyClick(&delegate.window().curveView(), key);
+    shows(0.5, 0.7);
+    becomeTomorrow();
+    shows(0.5, 0.75);
 }
 
 TEST_F(AcclimationProgramTest, endsWithAWordBefore) {
