@@ -37,6 +37,10 @@ Double-click or Enter to type the values.</source>
         <translation>Nach oben oder unten ziehen, mit Strg nur um ein Zehntel des Weges.
 Doppelklick oder Eingabetaste, um die Werte einzutippen.</translation>
     </message>
+    <message>
+        <source>Point %1 of %2, %3, intensity %4 %, colour temperature %5 %</source>
+        <translation>Punkt %1 von %2, %3, Intensität %4 %, Farbtemperatur %5 %</translation>
+    </message>
 </context>
 <context>
     <name>AQCurvePointPopoverView</name>
@@ -70,10 +74,6 @@ Doppelklick oder Eingabetaste, um die Werte einzutippen.</translation>
     <message>
         <source>Left and Right select a time point, Up and Down change its intensity, Alt with Left and Right its time, Enter opens fields for its values, Insert adds a point, Delete removes it.</source>
         <translation>Links und Rechts wählen einen Punkt, Auf und Ab ändern seine Intensität, Alt mit Links und Rechts seine Zeit, die Eingabetaste öffnet Felder für seine Werte, Einfg fügt einen Punkt hinzu, Entf löscht ihn.</translation>
-    </message>
-    <message>
-        <source>Point %1 of %2, %3, intensity %4 %, colour temperature %5 %</source>
-        <translation>Punkt %1 von %2, %3, Intensität %4 %, Farbtemperatur %5 %</translation>
     </message>
     <message>
         <source>Double-click to add a point</source>

@@ -1,5 +1,9 @@
 #include "controls/curve/AQCurvePoint.h"
 
+#include "controls/Percent.h"
+#include "data/TimeText.h"
+
+#include <QAccessible>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -35,6 +39,22 @@ void AQCurvePoint::setColor(const QColor& color) {
         return;
     m_color = color;
     update();
+}
+
+void AQCurvePoint::describe(const AQTimePoint& point, int number, int count) {
+    const QString text = tr("Point %1 of %2, %3, intensity %4 %, colour temperature %5 %")
+                             .arg(number)
+                             .arg(count)
+                             .arg(timeText(point.time.hour, point.time.minute))
+                             .arg(percent(point.brightness))
+                             .arg(percent(point.colorTemp));
+    if (text == accessibleName())
+        return;
+    setAccessibleName(text);
+    if (QAccessible::isActive()) {
+        QAccessibleValueChangeEvent event(this, percent(point.brightness));
+        QAccessible::updateAccessibility(&event);
+    }
 }
 
 void AQCurvePoint::setIsSelected(bool isSelected) {

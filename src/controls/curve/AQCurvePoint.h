@@ -29,6 +29,9 @@ public:
     /// Redraws when the colour changes.
     void setColor(const QColor& color);
 
+    /// Tells screen readers its values, and which of how many points it is in the order of the day.
+    void describe(const AQTimePoint& point, int number, int count);
+
     bool isSelected() const { return m_isSelected; }
     /// Redraws when the state changes.
     void setIsSelected(bool isSelected);

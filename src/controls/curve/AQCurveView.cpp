@@ -4,7 +4,6 @@
 #include "controls/Announcement.h"
 #include "controls/DisplayColors.h"
 #include "controls/LetGo.h"
-#include "controls/Percent.h"
 #include "controls/Strokes.h"
 #include "controls/curve/AQCurvePoint.h"
 #include "controls/curve/AQCurvePointAccessible.h"
@@ -21,7 +20,6 @@
 #include "data/ProgramChanges.h"
 #include "data/ProgramInterpolation.h"
 #include "data/ProgramPreview.h"
-#include "data/TimeText.h"
 
 #include <QAccessible>
 #include <QContextMenuEvent>
@@ -163,7 +161,7 @@ void AQCurveView::layoutPoints() {
         view->setCentre(geometry.position(points[row]));
         view->setColor(DisplayColors::displayColor(points[row].colorTemp));
         view->setIsSelected(view->id() == m_selection.id());
-        describePoint(static_cast<int>(row));
+        view->describe(points[row], static_cast<int>(row) + 1, static_cast<int>(points.size()));
     }
     const AQTimePoint* selected =
         showsPoints() ? m_sequence.preview().find(m_selection.id()) : nullptr;
@@ -203,24 +201,6 @@ AQCurvePoint* AQCurveView::makePointView(AQPointId id) {
     connect(view, &AQCurvePoint::hoverEnded, this, &AQCurveView::onPointHoverOut);
     view->show();
     return view;
-}
-
-void AQCurveView::describePoint(int row) {
-    const AQTimePoint& point = points()[static_cast<std::size_t>(row)];
-    AQCurvePoint* view = m_pointViews[static_cast<std::size_t>(row)];
-    const QString text = tr("Point %1 of %2, %3, intensity %4 %, colour temperature %5 %")
-                             .arg(row + 1)
-                             .arg(m_pointViews.size())
-                             .arg(timeText(point.time.hour, point.time.minute))
-                             .arg(percent(point.brightness))
-                             .arg(percent(point.colorTemp));
-    if (text == view->accessibleName())
-        return;
-    view->setAccessibleName(text);
-    if (QAccessible::isActive()) {
-        QAccessibleValueChangeEvent event(view, percent(point.brightness));
-        QAccessible::updateAccessibility(&event);
-    }
 }
 
 void AQCurveView::select(AQPointId id) {

@@ -150,7 +150,6 @@ private:
     void layoutPoints();
     void matchPointViews(std::span<const AQTimePoint> points);
     AQCurvePoint* makePointView(AQPointId id);
-    void describePoint(int row);
     void makeTimeTag();
     void onTimeTagDragged(double way, bool isFine);
     void letGoOfPoint();
