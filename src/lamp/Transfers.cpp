@@ -12,7 +12,8 @@
 
 /// One send, and what its answers tell.
 struct Transfers::Sending {
-    AQDataSource::Contents contents;
+    AQDataSource::Contents document;
+    AQDataSource::Contents contents; ///< the document in today's light
     DeviceImage image;
     DeviceImage stored; ///< what no answer tells is taken to be as it was sent
     bool isAllTold = true;
@@ -52,6 +53,40 @@ Transfers::Transfers(AQDataSource& data, YMessageController& controller, LampCon
                      QObject* parent)
     : QObject(parent), m_data(data), m_controller(controller), m_lamp(lamp) {}
 
+void Transfers::begin(Kind kind, std::function<void()> transfer) {
+    m_waiting.push_back({kind, std::move(transfer)});
+    beginWaiting();
+}
+
+// Each command of a reading is queued when the one before it was answered, those of a send all at
+// once: begun meanwhile, it would change the program between two parts that are read of it.
+void Transfers::beginWaiting() {
+    while (!m_waiting.empty() &&
+           (m_waiting.front().kind == Kind::Reading || m_readingsOnLine == 0)) {
+        const auto transfer = std::move(m_waiting.front().begin);
+        m_waiting.pop_front();
+        transfer();
+    }
+}
+
+void Transfers::beginReading(const std::vector<YCommand>& commands, const QString& activity,
+                             const std::function<void(const Answers&)>& done) {
+    begin(Kind::Reading, [this, commands, activity, done] {
+        ++m_readingsOnLine;
+        m_progress.begin(activity, static_cast<int>(commands.size()));
+        m_controller.sendCommands(
+            commands,
+            [this, done, links = m_links](const Answers& answers) {
+                if (links != m_links)
+                    return;
+                --m_readingsOnLine;
+                done(answers);
+                beginWaiting();
+            },
+            [this](const YAnswer&) { m_progress.step(); });
+    });
+}
+
 void Transfers::load() {
     const auto& device = m_controller.device();
     const TransferResult check = DeviceProgramImage::checkLoad(device);
@@ -61,15 +96,11 @@ void Transfers::load() {
     }
     if (m_loads++ == 0)
         m_undisturbed = m_data.contents();
-    auto commands = DeviceProgramImage::loadCommands(*device);
-    m_progress.begin(tr("Loading %1 of %2"), static_cast<int>(commands.size()));
-    m_controller.sendCommands(
-        std::move(commands),
-        [this, loadedFrom = *device, droppings = m_droppings](const Answers& answers) {
-            if (droppings == m_droppings && --m_loads == 0)
-                onLoaded(programOf(answers, loadedFrom));
-        },
-        [this](const YAnswer&) { m_progress.step(); });
+    beginReading(DeviceProgramImage::loadCommands(*device), tr("Loading %1 of %2"),
+                 [this, loadedFrom = *device, droppings = m_droppings](const Answers& answers) {
+                     if (droppings == m_droppings && --m_loads == 0)
+                         onLoaded(programOf(answers, loadedFrom));
+                 });
 }
 
 bool Transfers::endsAcclimation() const {
@@ -147,31 +178,29 @@ void Transfers::read(Read what, const ReadDone& done) {
     if (what == Read::AndMode)
         commands.push_back(CmdGetDeviceMode());
     setReadings(m_readings + 1);
-    m_progress.begin(tr("Reading %1 of %2"), static_cast<int>(commands.size()));
-    m_controller.sendCommands(
-        std::move(commands),
-        [this, what, done, readFrom = *device, droppings = m_droppings](Answers answers) {
-            if (droppings != m_droppings)
-                return;
-            if (what == Read::AndMode) {
-                if (const auto* mode = dynamic_cast<const AnswerDeviceMode*>(answers.back().get()))
-                    m_lamp.noteMode(mode->mode != 0);
-                answers.pop_back();
-            }
-            const auto program = programOf(answers, readFrom);
-            if (program)
-                m_lamp.noteRead(*program);
-            else
-                m_lamp.noteUnreadable();
-            deliver(droppings, [this, done, program] {
-                setReadings(m_readings - 1);
-                const bool isOk = program && program->contents;
-                done(isOk ? TransferResult(TransferResult::ok{})
-                          : TransferResult::errorInvalidData{},
-                     program.value_or(StoredProgram()));
-            });
-        },
-        [this](const YAnswer&) { m_progress.step(); });
+    beginReading(commands, tr("Reading %1 of %2"),
+                 [this, what, done, readFrom = *device, droppings = m_droppings](Answers answers) {
+                     if (droppings != m_droppings)
+                         return;
+                     if (what == Read::AndMode) {
+                         if (const auto* mode =
+                                 dynamic_cast<const AnswerDeviceMode*>(answers.back().get()))
+                             m_lamp.noteMode(mode->mode != 0);
+                         answers.pop_back();
+                     }
+                     const auto program = programOf(answers, readFrom);
+                     if (program)
+                         m_lamp.noteRead(*program);
+                     else
+                         m_lamp.noteUnreadable();
+                     deliver(droppings, [this, done, program] {
+                         setReadings(m_readings - 1);
+                         const bool isOk = program && program->contents;
+                         done(isOk ? TransferResult(TransferResult::ok{})
+                                   : TransferResult::errorInvalidData{},
+                              program.value_or(StoredProgram()));
+                     });
+                 });
 }
 
 void Transfers::deliver(int droppings, const std::function<void()>& result) {
@@ -200,19 +229,24 @@ void Transfers::send() {
         return;
     }
     const auto sending = std::make_shared<Sending>();
+    sending->document = m_data.contents();
     sending->contents = m_data.contentsToday();
     sending->image = DeviceProgramImage::imageOf(sending->contents, *device->channelCount);
     sending->stored = sending->image;
-    auto commands = DeviceProgramImage::sendCommands(sending->image, *device);
+    const auto commands = DeviceProgramImage::sendCommands(sending->image, *device);
+    begin(Kind::Send, [this, sending, commands] { beginSend(sending, commands); });
+}
+
+void Transfers::beginSend(const std::shared_ptr<Sending>& sending,
+                          const std::vector<YCommand>& commands) {
     ++m_sends;
-    m_sentLast = m_data.contents();
+    m_sentLast = sending->document;
     m_data.markSent(sending->contents);
     m_progress.begin(tr("Sending %1 of %2"), static_cast<int>(commands.size()));
     for (std::size_t index = 0; index < commands.size(); ++index)
-        m_controller.send(std::move(commands[index]),
-                          [this, sending, index](const YAnswer& answer) {
-                              onSendAnswer(*sending, index, answer);
-                          });
+        m_controller.send(commands[index], [this, sending, index](const YAnswer& answer) {
+            onSendAnswer(*sending, index, answer);
+        });
 }
 
 void Transfers::onSendAnswer(Sending& sending, std::size_t index, const YAnswer& answer) {
@@ -245,6 +279,7 @@ void Transfers::onSent(const Sending& sending) {
 void Transfers::dropLoads() {
     ++m_droppings;
     m_loads = 0;
+    std::erase_if(m_waiting, [](const Waiting& each) { return each.kind == Kind::Reading; });
     setReadings(0);
 }
 
@@ -262,6 +297,9 @@ void Transfers::afterSends(std::function<void()> done) {
 
 void Transfers::linkWasLost() {
     dropLoads();
+    ++m_links;
+    m_readingsOnLine = 0;
+    m_waiting.clear();
     m_progress.stop();
     if (std::exchange(m_sends, 0) > 0)
         m_lamp.noteBrokenSend(m_sentLast);

@@ -7,6 +7,7 @@
 
 #include <QObject>
 
+#include <deque>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -14,13 +15,15 @@
 
 class LampContents;
 class YAnswer;
+class YCommand;
 class YMessageController;
 
 /// Loads the document's light program and task light from the controller, sends them to it, and
 /// reads the controller without touching the document.
 ///
 /// What the answers tell of the controller's program is noted in `lamp`. A transfer whose link
-/// fails ends without a result.
+/// fails ends without a result. One that is asked for while others are on their way is the next: a
+/// send waits until what was asked for before it has been read.
 class Transfers : public QObject {
     Q_OBJECT
 
@@ -42,11 +45,12 @@ public:
     bool isLoading() const { return m_loads > 0; }
     /// After `disturbed`: replaces the document all the same.
     void replaceDocument();
-    /// Sends the program in today's light. Ends in `sent`.
+    /// Sends the program as it is now, in today's light. Ends in `sent`.
     void send();
     /// Where the controller is that it all goes to and comes from.
     std::string portPath() const;
-    bool isSending() const { return m_sends > 0; }
+    /// Or waiting to send.
+    bool isSending() const { return m_sends > 0 || !m_waiting.empty(); }
 
     /// Reads the program in the controller, and with `AndMode` whether it runs it. `done` holds
     /// contents when the result is `ok`; while a modal window is shown it waits, and the reading
@@ -83,7 +87,17 @@ Q_SIGNALS:
 private:
     using Answers = std::vector<std::shared_ptr<const YAnswer>>;
     struct Sending;
+    enum class Kind { Reading, Send };
+    struct Waiting {
+        Kind kind;
+        std::function<void()> begin;
+    };
 
+    void begin(Kind kind, std::function<void()> transfer);
+    void beginWaiting();
+    void beginReading(const std::vector<YCommand>& commands, const QString& activity,
+                      const std::function<void(const Answers&)>& done);
+    void beginSend(const std::shared_ptr<Sending>& sending, const std::vector<YCommand>& commands);
     void setReadings(int count);
     static std::optional<StoredProgram> programOf(const Answers& answers, const DeviceInfo& device);
     void deliver(int droppings, const std::function<void()>& result);
@@ -99,8 +113,11 @@ private:
     LampContents& m_lamp;
     TransferProgress m_progress;
     int m_loads = 0;
-    int m_sends = 0;
+    int m_sends = 0; ///< on the line
     int m_readings = 0;
+    int m_readingsOnLine = 0;      ///< and loads, also the dropped ones
+    std::deque<Waiting> m_waiting; ///< the first is a send, which waits for those
+    int m_links = 0;               ///< that were lost; tells the answers of one from the next one's
     int m_droppings = 0; ///< tells the answers of a dropped load from those of a later one
     AQDataSource::Contents m_undisturbed; ///< the document when the first load on its way began
     AQDataSource::Contents m_sentLast;    ///< what the last send began with

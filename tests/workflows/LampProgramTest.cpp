@@ -9,6 +9,7 @@
 
 #include <QDialog>
 #include <QPlainTextEdit>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 
 namespace {
@@ -163,6 +164,38 @@ TEST_F(LampProgramTest, forgetsAControllerThatWasReplacedBehindAWindow) {
     pause.setActive(false);
     ASSERT_TRUE(runUntil([&] { return isConnected(); }));
     EXPECT_EQ(state(), "");
+}
+
+// Else what is read would be a program that nobody ever had.
+TEST_F(LampProgramTest, aSendWaitsForWhatIsBeingRead) {
+    connect();
+    fault("delay=10");
+    const auto pressBoth = [this] {
+        prompts.confirmations = {true};
+        ui().bttnLoad->click();
+        ui().bttnSend->click();
+    };
+    pressBoth();
+    ui().menuitemBackup->trigger(); // reads what was sent
+    EXPECT_TRUE(runUntil([&] { return prompts.asked.last().startsWith(u"save as"); }));
+    EXPECT_EQ(data.sequence().count(), 4);
+    EXPECT_TRUE(data.isDirty()) << "it was loaded, then sent over";
+    EXPECT_EQ(device.state().sequence[1].size(), 7U);
+    EXPECT_EQ(state(), runsAnother);
+    // Lost before the send began: nothing was spoilt. Quit before: it is sent all the same.
+    data.history().undo();
+    data.markSaved();
+    fault("unplug=10#46@2");
+    pressBoth();
+    ASSERT_TRUE(runUntil([&] { return !isConnected(); }));
+    EXPECT_TRUE(becomes({}));
+    ASSERT_TRUE(runUntil([&] { return isConnected(); }));
+    device.editState().sequence[1].resize(1);
+    QSignalSpy terminated(&delegate, &AppDelegate::terminated);
+    pressBoth();
+    delegate.applicationShouldTerminate(AppDelegate::Ask::Nothing);
+    EXPECT_TRUE(runUntil([&] { return !terminated.isEmpty(); }));
+    EXPECT_EQ(device.state().sequence[1].size(), 7U);
 }
 
 TEST_F(LampProgramTest, tellsWhatABrokenSendLeft) {
