@@ -142,29 +142,34 @@ void Transfers::finishLoad(News news) {
         return;
     }
     const auto before = m_data.contents();
-    replaceBy(program, tr("Load from Device"), news);
+    replaceBy(program);
+    // Not sooner: nobody is to be told of a difference that ends in the next moment.
+    if (news == News::Yes)
+        m_lamp.noteRead(program);
+    m_data.noteStep(tr("Load from Device"));
+    m_data.markLoaded();
+    m_data.announceReplacement(this);
     Q_EMIT loaded(TransferResult::ok{}, m_data.contents() != before);
 }
 
 void Transfers::take(const StoredProgram& program, const QString& stepName) {
-    // Nobody has been asked about unsaved changes: they can still be undone, and a quit asks.
-    const bool wasDirty = m_data.isDirty();
-    replaceBy(program, stepName, News::No);
-    if (wasDirty)
-        m_data.setIsDirty(true);
+    replaceBy(program);
+    if (m_data.isDirty()) {
+        // Nobody has been asked about unsaved changes: they can still be undone, a quit asks, and
+        // at no moment is the document clean, which would end their recovery copy.
+        m_data.history().noteStep(stepName);
+    } else {
+        m_data.noteStep(stepName);
+        m_data.markLoaded();
+    }
+    m_data.announceReplacement(this);
 }
 
-void Transfers::replaceBy(const StoredProgram& program, const QString& stepName, News news) {
+void Transfers::replaceBy(const StoredProgram& program) {
     m_data.sequence().replacePoints(program.contents->points);
     m_data.setTaskLight(program.contents->taskLight);
     // The program is that of one day now.
     m_data.setAcclimation(std::nullopt);
-    // Not sooner: nobody is to be told of a difference that ends in the next moment.
-    if (news == News::Yes)
-        m_lamp.noteRead(program);
-    m_data.noteStep(stepName);
-    m_data.markLoaded();
-    m_data.announceReplacement(this);
 }
 
 void Transfers::read(Read what, const ReadDone& done) {

@@ -58,8 +58,8 @@ public:
     enum class Read { Program, AndMode };
     void read(Read what, const ReadDone& done);
     bool isReading() const { return m_readings > 0; }
-    /// The document becomes what was read before, without an acclimation, in one step of this name,
-    /// and is clean.
+    /// The document becomes what was read before, without an acclimation, in one step of this name.
+    /// One that was dirty stays so.
     void take(const StoredProgram& program, const QString& stepName);
 
     const TransferProgress& progress() const { return m_progress; }
@@ -103,7 +103,7 @@ private:
     void deliver(int droppings, const std::function<void()>& result);
     enum class News { No, Yes }; ///< whether what was read is to be noted yet
     void finishLoad(News news);
-    void replaceBy(const StoredProgram& program, const QString& stepName, News news);
+    void replaceBy(const StoredProgram& program);
     void onLoaded(const std::optional<StoredProgram>& program);
     void onSendAnswer(Sending& sending, std::size_t index, const YAnswer& answer);
     void onSent(const Sending& sending);

@@ -235,6 +235,16 @@ TEST_F(LampProgramTest, comparesAndMakesEqual) {
     EXPECT_EQ(textOf(panel), "Nothing differs.");
     panel->reject();
 
+    // Unsaved work is so at every moment.
+    data.history().undo();
+    data.markUnsaved();
+    panel = compare();
+    const QSignalSpy marks(&notifications, &NotificationCenter::dataDirty);
+    button(panel, "bttnTakeLamps")->click();
+    data.history().undo();
+    data.history().redo();
+    EXPECT_TRUE(data.isDirty() && marks.isEmpty());
+
     data.history().undo();
     panel = compare();
     button(panel, "bttnSendMine")->click();
