@@ -467,7 +467,8 @@ void AppDelegate::closeDialogsThenTerminate() {
         if (!dialog->close())
             break;
     }
-    m_workflows->departure.end();
+    // Nobody may be there to ask a second time.
+    m_workflows->departure.end(m_isUnattended ? Departure::Loss::Ends : Departure::Loss::CallsOff);
 }
 
 void AppDelegate::onBttnHelpDeviceStatus() {

@@ -130,7 +130,7 @@ void Session::interrupt(int signal) {
     if (m_signal != 0)
         return;
     m_signal = signal;
-    m_departure.end();
+    m_departure.end(Departure::Loss::Ends);
 }
 
 void Session::finish(Outcome outcome) {

@@ -19,11 +19,11 @@ void Departure::leaveFor(const std::string& path) {
         leave();
 }
 
-void Departure::end() {
+void Departure::end(Loss loss) {
+    m_lossEnds = loss == Loss::Ends || (m_isEnding ? m_lossEnds : m_isLeaving);
     if (m_isEnding)
         return;
     m_isEnding = true;
-    m_endCameLater = m_isLeaving;
     m_transfers.dropLoads();
     Q_EMIT changed();
     leave();
@@ -61,6 +61,6 @@ void Departure::linkWasLost() {
         return;
     m_isEnding = false;
     Q_EMIT changed();
-    if (m_endCameLater)
+    if (m_lossEnds)
         Q_EMIT ended();
 }

@@ -22,9 +22,11 @@ public:
     /// From now on this device file is looked for, whatever becomes of the present link. Ends in
     /// `leftFor`; at once for the one that is open already, which is left alone.
     void leaveFor(const std::string& path);
-    /// Ends in `ended`. Loads are dropped. A link that fails meanwhile calls it off, unless the
-    /// program was to end while the controller was being left already: then that is the end, too.
-    void end();
+    /// What a link does that fails meanwhile.
+    enum class Loss { CallsOff, Ends };
+    /// Ends in `ended`. Loads are dropped. A loss is the end, too, once that was asked for or when
+    /// the controller was being left already.
+    void end(Loss loss);
     /// After `ended`, when the program stays all the same.
     void stay();
     bool isEnding() const { return m_isEnding; }
@@ -49,5 +51,5 @@ private:
     std::string m_path; ///< chosen last
     bool m_isLeaving = false;
     bool m_isEnding = false;
-    bool m_endCameLater = false; ///< when the controller was being left already
+    bool m_lossEnds = false;
 };
