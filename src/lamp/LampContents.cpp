@@ -69,8 +69,11 @@ QString LampContents::text() const {
 QString LampContents::explanation() const {
     if (m_state == State::partOfThisProgram)
         return brokenSends();
-    if (m_state == State::anotherProgram)
-        return earlierDay();
+    if (m_state == State::thisProgram || m_state == State::anotherProgram) {
+        QStringList lines{earlierDay(), unknownMode()};
+        lines.removeAll(QString());
+        return lines.join(u'\n');
+    }
     if (m_state != State::unknown || !m_isConnected)
         return {};
     switch (lamp().unknown) {
@@ -84,7 +87,15 @@ QString LampContents::explanation() const {
     return tr("not read yet");
 }
 
+QString LampContents::unknownMode() const {
+    if (lamp().isProgramMode)
+        return {};
+    return tr("If it is in programmed mode: the mode has not been read.");
+}
+
 QString LampContents::earlierDay() const {
+    if (m_state != State::anotherProgram)
+        return {};
     const auto day = heldAcclimationDay(m_data, *lamp().stored);
     if (!day)
         return {};
@@ -129,7 +140,7 @@ QString LampContents::changeBySending() const {
 
 QString LampContents::changeOfStored() const {
     const Lamp& lamp = this->lamp();
-    if (isPartKnown())
+    if (isPartKnown() && !lamp.stored)
         return tr("The lamp may hold a part of what was sent before.");
     if (!lamp.stored && lamp.unknown == Unknown::notRead)
         return tr("What the lamp holds has not been read yet.");
@@ -144,14 +155,19 @@ QString LampContents::changeOfStored() const {
 }
 
 void LampContents::noteComplete(const std::optional<StoredProgram>& stored) {
-    Lamp& lamp = m_lamps[m_path];
-    lamp.stored = stored;
-    lamp.brokenSend.reset();
+    m_lamps[m_path].brokenSend.reset();
+    m_lamps[m_path].stored = stored;
     refresh();
 }
 
 void LampContents::noteRead(const StoredProgram& program) {
-    noteComplete(program);
+    if (program.contents) {
+        noteComplete(program);
+        return;
+    }
+    // What a broken send has left is what it says now for certain.
+    m_lamps[m_path].stored = program;
+    refresh();
 }
 
 void LampContents::noteStored(const DeviceImage& image) {

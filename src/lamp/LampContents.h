@@ -36,14 +36,15 @@ public:
     State state() const { return m_state; }
     /// The state for the person, in a few words; empty while unknown.
     QString text() const;
-    /// Why it is unknown, what is behind a warning, or that the light is of an earlier day of the
-    /// acclimation; empty when nothing is.
+    /// Why it is unknown, what is behind a warning, that the light is of an earlier day of the
+    /// acclimation, or that the mode is not known; empty when nothing is.
     QString explanation() const;
     /// What sending the document would change; a second line when today's light is not all of it.
     QString changeBySending() const;
 
     // All of the controller of the last link:
-    /// A reading is complete, of a program or of lists that make none.
+    /// A reading is complete, of a program or of lists that make none, which a broken send stays
+    /// known with.
     void noteRead(const StoredProgram& program);
     /// One ended in answers that do not tell what is stored.
     void noteUnreadable();
@@ -79,6 +80,7 @@ private:
 
     State stateNow() const;
     QString earlierDay() const;
+    QString unknownMode() const;
     QString changeOfStored() const;
     void refresh();
     void noteComplete(const std::optional<StoredProgram>& stored);
