@@ -60,7 +60,8 @@ int main(int argc, char* argv[]) {
                      [] { QApplication::setWindowIcon(ApplicationIcon::fromTheme()); });
     QObject::connect(&delegate, &AppDelegate::terminated, &application,
                      [] { QApplication::exit(0); });
-    QObject::connect(&delegate, &AppDelegate::recoversElsewhere, &Recovery::startProcessFor);
+    QObject::connect(&delegate, &AppDelegate::recoversElsewhere, &delegate,
+                     [&prompts](const QString& copy) { Recovery::startProcessFor(copy, prompts); });
     QObject::connect(&signals, &TerminationSignals::received, &delegate, [&delegate] {
         delegate.applicationShouldTerminate(AppDelegate::Ask::Nothing);
     });

@@ -1,6 +1,7 @@
 #include "data/RegularFile.h"
 
 #include <QFile>
+#include <QFileInfo>
 
 #include <array>
 #include <cerrno>
@@ -53,4 +54,12 @@ RegularFile::Contents RegularFile::read(const QString& path, qint64 maxSize) {
             : readAll(descriptor, maxSize);
     ::close(descriptor);
     return contents;
+}
+
+bool RegularFile::isSame(const QString& one, const QString& other) {
+    const QFileInfo first(one);
+    const QFileInfo second(other);
+    // Of a file that is not there, no canonical path is known.
+    return first.absoluteFilePath() == second.absoluteFilePath() ||
+           (first.exists() && first == second);
 }

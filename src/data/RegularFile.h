@@ -3,7 +3,7 @@
 #include <QByteArray>
 #include <QString>
 
-/// Reads small files that may be anything.
+/// Small files that may be anything.
 namespace RegularFile {
 
 struct Contents {
@@ -14,5 +14,7 @@ struct Contents {
 /// The whole file at `path`, links followed. It is a fault when the file is no regular one, without
 /// opening it, and when it has more than `maxSize` bytes.
 Contents read(const QString& path, qint64 maxSize);
+/// Whether both paths lead to one file, links followed; it need not be there.
+bool isSame(const QString& one, const QString& other);
 
 } // namespace RegularFile

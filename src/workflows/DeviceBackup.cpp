@@ -1,6 +1,7 @@
 #include "workflows/DeviceBackup.h"
 
 #include "data/AQDataSource.h"
+#include "data/RegularFile.h"
 #include "lamp/HeldDay.h"
 #include "lamp/ProgramCopy.h"
 #include "lamp/Transfers.h"
@@ -47,6 +48,16 @@ int DeviceBackup::percentOn(int acclimationDay) const {
 
 void DeviceBackup::save(const QString& path, const StoredProgram& program,
                         const std::optional<DeviceInfo>& device) {
+    const QString& open = m_documents.openFilePath();
+    if (!open.isEmpty() && RegularFile::isSame(path, open)) {
+        // The program in the window would be in no file any more.
+        m_prompts.alert(tr("The open file was not replaced!"),
+                        tr("%1 is the file of the program in the window. Choose another name for "
+                           "what the lamp holds.")
+                            .arg(QFileInfo(path).fileName()),
+                        Prompts::Severity::Information);
+        return;
+    }
     const QString fault = ProgramCopy::save(path, program, device);
     if (!fault.isEmpty()) {
         m_documents.tellNotSaved(path, fault);

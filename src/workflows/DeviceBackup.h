@@ -24,7 +24,8 @@ public:
                  Prompts& prompts, QObject* parent = nullptr);
 
     /// Reads the controller, then asks where to save. Nothing happens while it is being read
-    /// already. The name that it suggests tells the percentage of a program in acclimation.
+    /// already. The name that it suggests tells the percentage of a program in acclimation; the
+    /// file that is open is refused.
     void menuBackup();
 
 Q_SIGNALS:

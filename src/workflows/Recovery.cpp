@@ -2,6 +2,7 @@
 
 #include "data/AQDataSource.h"
 #include "data/AQDataSourceWriter.h"
+#include "data/RegularFile.h"
 #include "workflows/DocumentCommands.h"
 #include "workflows/Prompts.h"
 
@@ -36,14 +37,6 @@ QString description(const RecoveryCopy::Contents& copy) {
     return copy.file.isEmpty()
                ? Recovery::tr("It has not been saved in a file.")
                : Recovery::tr("It holds changes that are not in the file %1.").arg(copy.file);
-}
-
-bool isSameFile(const QString& one, const QString& other) {
-    const QFileInfo first(one);
-    const QFileInfo second(other);
-    // Of a file that is not there, no canonical path is known.
-    return first.absoluteFilePath() == second.absoluteFilePath() ||
-           (first.exists() && first == second);
 }
 
 } // namespace
@@ -115,8 +108,9 @@ void Recovery::offerCopies(const QString& file) {
     }
     m_offered = RecoveryCopy::abandoned(m_folder);
     if (!file.isEmpty())
-        std::erase_if(m_offered,
-                      [&](const auto& copy) { return !isSameFile(copy->contents().file, file); });
+        std::erase_if(m_offered, [&](const auto& copy) {
+            return !RegularFile::isSame(copy->contents().file, file);
+        });
     askAboutNext();
 }
 
@@ -136,28 +130,34 @@ void Recovery::askAboutNext() {
 }
 
 void Recovery::recover(std::unique_ptr<RecoveryCopy> copy) {
-    const RecoveryCopy::Contents& found = copy->contents();
+    const RecoveryCopy::Contents found = copy->contents();
     const QString& open = m_documents.openFilePath();
-    const bool isFree = !m_data.isDirty() && (open.isEmpty() || isSameFile(open, found.file));
+    const bool isFree =
+        !m_data.isDirty() && (open.isEmpty() || RegularFile::isSame(open, found.file));
     if (!isFree) {
         const QString name = copy->name();
         copy.reset(); // not locked any more
         Q_EMIT recoversElsewhere(name);
         return;
     }
-    // It is this document's own copy from now on, so that there is always one.
-    m_copy = std::move(copy);
     m_documents.becomeRecovered(found.program, found.file, found.fileSum);
+    // It is this document's own copy from now on, so that there is always one; not sooner, since a
+    // clean document gives its own up.
+    m_copy = std::move(copy);
 }
 
-void Recovery::startProcessFor(const QString& copy) {
+void Recovery::startProcessFor(const QString& copy, Prompts& prompts) {
     QProcess process;
     process.setProgram(QCoreApplication::applicationFilePath());
     auto environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QLatin1String(copyVariable), copy);
     process.setProcessEnvironment(environment);
     // A copy that no process opens is offered by the next start.
-    if (!process.startDetached())
-        SPDLOG_ERROR(
-            fmt::format("cannot start another process: {}", process.errorString().toStdString()));
+    if (process.startDetached())
+        return;
+    SPDLOG_ERROR(
+        fmt::format("cannot start another process: {}", process.errorString().toStdString()));
+    prompts.alert(tr("Could not open a second window!"),
+                  tr("Aquelon offers this unsaved work again at its next start."),
+                  Prompts::Severity::Information);
 }

@@ -41,7 +41,7 @@ public:
     void giveUp();
 
     /// For `recoversElsewhere`.
-    static void startProcessFor(const QString& copy);
+    static void startProcessFor(const QString& copy, Prompts& prompts);
 
 Q_SIGNALS:
     /// The copy of this name is free to be opened by `startProcessFor`.

@@ -317,8 +317,20 @@ TEST_F(LampProgramTest, savesWhatTheDeviceHolds) {
     EXPECT_EQ(saved.sequence().count(), 4);
     EXPECT_TRUE(saved.isProgramMode());
 
+    // Over the file that is open, the program in the window would be in none.
+    const QString link = folder.filePath(QStringLiteral("link.sq"));
+    QFile::link(QStringLiteral("lamp.sq"), link);
+    prompts.placesToSave = {path, link};
+    ui().menuitemSaveAs->trigger();
+    ui().menuitemBackup->trigger();
+    EXPECT_TRUE(runUntil([&] { return !prompts.told.isEmpty(); }));
+    EXPECT_TRUE(prompts.told.first().startsWith(u"The open file was not replaced!"));
+    EXPECT_TRUE(AQDataSourceReader(saved).loadFromFile(path));
+    EXPECT_EQ(saved.sequence().count(), 7);
+
     for (auto& channel : device.editState().sequence)
         channel[0].level = 86;
+    ui().menuitemNew->trigger();
     prompts.told.clear();
     prompts.placesToSave = {path};
     ui().menuitemBackup->trigger();
