@@ -72,7 +72,7 @@ void Session::info() {
     m_controller.send(CmdGetDeviceMode(), [this](const YAnswer& answer) {
         const DeviceInfo& device = *m_controller.device();
         const auto* mode = dynamic_cast<const AnswerDeviceMode*>(&answer);
-        const bool isProgramMode = mode && mode->mode != 0;
+        const bool isProgramMode = mode && mode->isProgramMode();
         const QString firmware = QStringLiteral("%1.%2.%3")
                                      .arg(device.version.major)
                                      .arg(device.version.minor)

@@ -190,7 +190,7 @@ void Transfers::read(Read what, const ReadDone& done) {
                      if (what == Read::AndMode) {
                          if (const auto* mode =
                                  dynamic_cast<const AnswerDeviceMode*>(answers.back().get()))
-                             m_lamp.noteMode(mode->mode != 0);
+                             m_lamp.noteMode(mode->isProgramMode());
                          answers.pop_back();
                      }
                      const auto program = programOf(answers, readFrom);

@@ -101,8 +101,13 @@ void ComparePanel::refreshButtons() {
         : m_lamps == Lamps::Incomplete
             ? ControlState{false, tr("The lamp's program is incomplete or damaged")}
             : ControlState{true, tr("Replace the program here by the lamp's; can be undone")};
-    const ControlState send = m_isEqual ? ControlState{false, nothing}
-                                        : ControlStates::send({.isConnected = m_isConnected});
+    const ControlState send =
+        m_isEqual ? ControlState{false, nothing}
+        : m_isConnected
+            ? ControlStates::send({.isConnected = true})
+            // No controller is looked for behind a window that wants an answer.
+            : ControlState{false,
+                           tr("No controller is connected; close this window to look for it")};
     take.applyTo(*m_bttnTake);
     send.applyTo(*m_bttnSend);
 }

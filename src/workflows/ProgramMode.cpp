@@ -38,7 +38,7 @@ void ProgramMode::onModeChanged() {
             CmdSetDeviceMode(m_data.isProgramMode() ? programModeByte : analogModeByte),
             [this](const YAnswer& answer) {
                 if (const auto* mode = dynamic_cast<const AnswerDeviceMode*>(&answer))
-                    Q_EMIT modeTold(mode->mode == programModeByte);
+                    Q_EMIT modeTold(mode->isProgramMode());
             });
         Q_EMIT modeSent();
     }

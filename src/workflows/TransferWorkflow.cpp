@@ -63,8 +63,10 @@ void TransferWorkflow::onBttnSaveToDevice() {
                               tr("Are you sure you want to continue?"), m_lamp.changeBySending(),
                               Prompts::Answer::Yes,
                               [this, asked = m_transfers.portPath()](bool yes) {
-                                  // The link may have gone to another lamp meanwhile.
-                                  if (yes && m_transfers.portPath() != asked)
+                                  // The link may have gone to another lamp meanwhile; of one that
+                                  // is lost, the send itself tells.
+                                  const std::string now = m_transfers.portPath();
+                                  if (yes && !now.empty() && now != asked)
                                       onBttnSaveToDevice();
                                   else if (yes)
                                       m_transfers.send();

@@ -89,7 +89,10 @@ struct AnswerTime : YAnswer {
 struct AnswerDeviceMode : YAnswer {
     using YAnswer::YAnswer;
 
-    std::uint8_t mode = 0; ///< 1: light program, 0: analog input
+    /// Else the lamp follows its analog input.
+    bool isProgramMode() const { return mode != 0; }
+
+    std::uint8_t mode = 0;
     bool demoModeActive = false;
     bool taskModeActive = false;
     std::array<AnswerLevel, 2> levels; ///< cold, warm

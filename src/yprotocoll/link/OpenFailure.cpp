@@ -50,11 +50,13 @@ QString userName() {
     return user ? QString::fromLocal8Bit(user->pw_name) : QString::number(::geteuid());
 }
 
-/// Lets whoever sits at the computer use the controller.
+/// Lets whoever sits at the computer use the controller. Of the name of the package's rule, it
+/// would take its place for good.
 std::string ruleCommand() {
-    return QStringLiteral("echo 'SUBSYSTEM==\"tty\", ATTRS{idVendor}==\"%1\", "
-                          "ATTRS{idProduct}==\"%2\", TAG+=\"uaccess\"' | sudo tee "
-                          "/etc/udev/rules.d/70-aquelon.rules && sudo udevadm control --reload")
+    return QStringLiteral(
+               "echo 'SUBSYSTEM==\"tty\", ATTRS{idVendor}==\"%1\", "
+               "ATTRS{idProduct}==\"%2\", TAG+=\"uaccess\"' | sudo tee "
+               "/etc/udev/rules.d/70-aquelon-local.rules && sudo udevadm control --reload")
         .arg(aquelonUsbIdentity.vendor, 4, 16, QLatin1Char('0'))
         .arg(aquelonUsbIdentity.product, 4, 16, QLatin1Char('0'))
         .toStdString();
