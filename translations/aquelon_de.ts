@@ -454,6 +454,10 @@ Das Arbeitslicht hilft bei der Beckenpflege und beim kurzen Blick auf die Bewohn
         <source>The lamp&apos;s program is incomplete or damaged</source>
         <translation>Das Programm der Lampe ist unvollständig oder beschädigt</translation>
     </message>
+    <message>
+        <source>No controller is connected; close this window to look for it</source>
+        <translation>Kein Controller ist verbunden; schließen Sie dieses Fenster, um ihn zu suchen</translation>
+    </message>
 </context>
 <context>
     <name>ConnectionWorkflow</name>
@@ -849,6 +853,14 @@ Leertaste hält an und spielt weiter, Links und Rechts gehen zum Punkt davor und
         <source>Lamp at %1 %.sq</source>
         <translation>Lampe mit %1 %.sq</translation>
     </message>
+    <message>
+        <source>The open file was not replaced!</source>
+        <translation>Die geöffnete Datei wurde nicht ersetzt!</translation>
+    </message>
+    <message>
+        <source>%1 is the file of the program in the window. Choose another name for what the lamp holds.</source>
+        <translation>%1 ist die Datei des Programms im Fenster. Wählen Sie einen anderen Namen für das, was die Lampe enthält.</translation>
+    </message>
 </context>
 <context>
     <name>DeviceComparison</name>
@@ -1225,6 +1237,10 @@ Leertaste hält an und spielt weiter, Links und Rechts gehen zum Punkt davor und
     <message>
         <source>Acclimation %1 is sent</source>
         <translation>Eingewöhnung %1 wird gesendet</translation>
+    </message>
+    <message>
+        <source>If it is in programmed mode: the mode has not been read.</source>
+        <translation>Falls sie im programmierten Modus ist: Der Modus wurde noch nicht gelesen.</translation>
     </message>
 </context>
 <context>
@@ -1824,6 +1840,14 @@ Leertaste hält an und spielt weiter, Links und Rechts gehen zum Punkt davor und
     <message>
         <source>Until they are saved, changes would be lost if Aquelon or the computer ended unexpectedly. No copy can be kept in %1: %2.</source>
         <translation>Bis sie gespeichert sind, gingen Änderungen verloren, falls Aquelon oder der Computer unerwartet endet. In %1 kann keine Kopie liegen: %2.</translation>
+    </message>
+    <message>
+        <source>Could not open a second window!</source>
+        <translation>Ein zweites Fenster konnte nicht geöffnet werden!</translation>
+    </message>
+    <message>
+        <source>Aquelon offers this unsaved work again at its next start.</source>
+        <translation>Aquelon bietet diese nicht gespeicherte Arbeit beim nächsten Start wieder an.</translation>
     </message>
 </context>
 <context>
