@@ -792,6 +792,10 @@ Leertaste hält an und spielt weiter, Links und Rechts gehen zum Punkt davor und
         <source>This day needs more than the %1 points that there is room for.</source>
         <translation>Dieser Tag braucht mehr als die %1 Punkte, für die Platz ist.</translation>
     </message>
+    <message>
+        <source>Own day</source>
+        <translation>Eigener Tag</translation>
+    </message>
 </context>
 <context>
     <name>DemoMode</name>

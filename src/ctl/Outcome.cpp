@@ -5,16 +5,16 @@
 
 #include <cstdio>
 
-void Outcome::print(const QString& command, bool isJson) const {
+bool Outcome::print(const QString& command, bool isJson) const {
     if (!isJson) {
         for (const QString& line : lines)
             std::fprintf(stdout, "%s\n", qPrintable(line));
-        std::fflush(stdout);
+        const bool isWritten = std::fflush(stdout) == 0;
         if (!error.isEmpty())
             std::fprintf(stderr, "aquelonctl: %s\n", qPrintable(error));
         for (const QString& note : notes)
             std::fprintf(stderr, "%s\n", qPrintable(note));
-        return;
+        return isWritten;
     }
     QJsonObject object = result;
     object[QStringLiteral("command")] = command;
@@ -24,5 +24,5 @@ void Outcome::print(const QString& command, bool isJson) const {
     if (!notes.isEmpty())
         object[QStringLiteral("notes")] = QJsonArray::fromStringList(notes);
     std::fprintf(stdout, "%s\n", QJsonDocument(object).toJson(QJsonDocument::Compact).constData());
-    std::fflush(stdout);
+    return std::fflush(stdout) == 0;
 }

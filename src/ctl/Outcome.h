@@ -27,6 +27,6 @@ struct Outcome {
     }
 
     /// The result goes to the standard output, error and notes to the standard error stream; as
-    /// JSON all is one object on the output.
-    void print(const QString& command, bool isJson) const;
+    /// JSON all is one object on the output. False when the output did not take it.
+    bool print(const QString& command, bool isJson) const;
 };

@@ -21,8 +21,10 @@ void logToSystem() {
 }
 
 int end(const Arguments& arguments, const Outcome& outcome) {
-    outcome.print(arguments.name, arguments.isJson);
-    return outcome.status;
+    if (outcome.print(arguments.name, arguments.isJson))
+        return outcome.status;
+    std::perror("aquelonctl");
+    return outcome.status == 0 ? static_cast<int>(Exit::refused) : outcome.status;
 }
 
 } // namespace

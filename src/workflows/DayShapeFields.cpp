@@ -4,6 +4,8 @@
 #include "controls/Announcement.h"
 #include "controls/Percent.h"
 #include "controls/sliders/AQSliderColorTemp.h"
+#include "controls/time/ClockFormat.h"
+#include "controls/time/TimeField.h"
 #include "controls/window/AQGroupHeader.h"
 #include "data/TimeText.h"
 
@@ -11,9 +13,9 @@
 #include <QComboBox>
 #include <QFormLayout>
 #include <QLabel>
+#include <QPointer>
 #include <QScopedValueRollback>
 #include <QSpinBox>
-#include <QTimeEdit>
 
 namespace {
 
@@ -22,14 +24,6 @@ constexpr int columnGap = 24;
 constexpr int leastBreak = 10;
 constexpr int longestBreak = 720; ///< minutes
 constexpr int linesOfFault = 3;
-
-QTime toQt(int minuteOfDay) {
-    return {minuteOfDay / AQTime::minutesPerHour, minuteOfDay % AQTime::minutesPerHour};
-}
-
-int minuteOf(const QTimeEdit& picker) {
-    return picker.time().hour() * AQTime::minutesPerHour + picker.time().minute();
-}
 
 QString clockText(int minuteOfDay) {
     return timeText(minuteOfDay / AQTime::minutesPerHour, minuteOfDay % AQTime::minutesPerHour);
@@ -66,10 +60,8 @@ DayShapeFields::DayShapeFields(QWidget* parent) : QWidget(parent) {
     for (const auto& [name, shape] : usual)
         m_comboShape->addItem(name);
     // Also the one that is chosen already: it is wanted back as it was.
-    connect(m_comboShape, &QComboBox::activated, this, [this, usual](int index) {
-        setShape(usual[static_cast<std::size_t>(index)].second);
-        Q_EMIT changed();
-    });
+    connect(m_comboShape, &QComboBox::activated, this,
+            [this, usual](int index) { setShape(usual[static_cast<std::size_t>(index)].second); });
     m_isFilling = false;
     setShape(usual.front().second);
 }
@@ -82,6 +74,7 @@ QWidget* DayShapeFields::makeDay() {
     form.addRow(header);
     m_comboShape = new QComboBox(column);
     m_comboShape->setObjectName(QStringLiteral("comboShape"));
+    m_comboShape->setPlaceholderText(tr("Own day"));
     setFocusProxy(m_comboShape);
     form.addRow(tr("Begin &with"), m_comboShape);
     m_pickerStart = addTime(form, tr("&Start"), "pickerStart");
@@ -139,14 +132,20 @@ QWidget* DayShapeFields::makeNight() {
     return column;
 }
 
-QTimeEdit* DayShapeFields::addTime(QFormLayout& form, const QString& caption, const char* name) {
-    auto* picker = new QTimeEdit(form.parentWidget());
+TimeField* DayShapeFields::addTime(QFormLayout& form, const QString& caption, const char* name) {
+    // A field that is left while all of this is being deleted has nobody to tell.
+    const auto stored = [fields = QPointer(this), name = QLatin1String(name)](const AQTime& time) {
+        if (!fields)
+            return false;
+        fields->findChild<TimeField*>(name)->setTime(time);
+        fields->onEdited();
+        return true;
+    };
+    auto* picker = new TimeField(std::make_unique<ClockFormat>(), stored, form.parentWidget());
     picker->setObjectName(QLatin1String(name));
-    picker->setLocale(QLocale::c());
-    picker->setDisplayFormat(QStringLiteral("HH:mm"));
-    picker->setWrapping(true);
+    picker->setAccessibleName(QString(caption).remove(u'&'));
+    picker->setAlignment(Qt::AlignLeft);
     form.addRow(caption, picker);
-    connect(picker, &QTimeEdit::timeChanged, this, &DayShapeFields::onEdited);
     return picker;
 }
 
@@ -186,8 +185,8 @@ QLabel* DayShapeFields::addNote(QFormLayout& form, const char* name) {
 }
 
 DayShape DayShapeFields::shape() const {
-    DayShape shape{.start = minuteOf(*m_pickerStart),
-                   .end = minuteOf(*m_pickerEnd),
+    DayShape shape{.start = m_pickerStart->time().minuteOfDay(),
+                   .end = m_pickerEnd->time().minuteOfDay(),
                    .sunrise = m_spinSunrise->value(),
                    .sunset = m_spinSunset->value(),
                    .isSoft = m_chkSoft->isChecked(),
@@ -196,7 +195,7 @@ DayShape DayShapeFields::shape() const {
                    .noonColorTemp = m_sliderNoon->value(),
                    .duskColorTemp = m_sliderDusk->value()};
     if (m_chkBreak->isChecked())
-        shape.middayBreak = DayShape::Break{.start = minuteOf(*m_pickerBreak),
+        shape.middayBreak = DayShape::Break{.start = m_pickerBreak->time().minuteOfDay(),
                                             .length = m_spinBreak->value(),
                                             .level = m_spinBreakLevel->value() / 100.0};
     if (m_chkMoonlight->isChecked())
@@ -208,8 +207,8 @@ DayShape DayShapeFields::shape() const {
 void DayShapeFields::setShape(const DayShape& shape) {
     {
         const QScopedValueRollback guard(m_isFilling, true);
-        m_pickerStart->setTime(toQt(shape.start));
-        m_pickerEnd->setTime(toQt(shape.end));
+        m_pickerStart->setTime(AQTime::fromMinuteOfDay(shape.start));
+        m_pickerEnd->setTime(AQTime::fromMinuteOfDay(shape.end));
         m_spinSunrise->setValue(shape.sunrise);
         m_spinSunset->setValue(shape.sunset);
         m_chkSoft->setChecked(shape.isSoft);
@@ -220,7 +219,7 @@ void DayShapeFields::setShape(const DayShape& shape) {
         // What is off stays ready with usual values.
         const DayShape::Break middayBreak = shape.middayBreak.value_or(DayShape::Break{});
         m_chkBreak->setChecked(shape.middayBreak.has_value());
-        m_pickerBreak->setTime(toQt(middayBreak.start));
+        m_pickerBreak->setTime(AQTime::fromMinuteOfDay(middayBreak.start));
         m_spinBreak->setValue(middayBreak.length);
         m_spinBreakLevel->setValue(percent(middayBreak.level));
         const DayShape::Moonlight moonlight = shape.moonlight.value_or(DayShape::Moonlight{});
@@ -228,12 +227,22 @@ void DayShapeFields::setShape(const DayShape& shape) {
         m_spinMoonlight->setValue(percent(moonlight.level));
         m_sliderMoonlight->setValue(moonlight.colorTemp);
     }
-    onEdited();
+    refresh();
+}
+
+void DayShapeFields::reset() {
+    m_comboShape->setCurrentIndex(0);
+    Q_EMIT m_comboShape->activated(0);
 }
 
 void DayShapeFields::onEdited() {
     if (m_isFilling)
         return;
+    m_comboShape->setCurrentIndex(-1);
+    refresh();
+}
+
+void DayShapeFields::refresh() {
     for (QWidget* field : {static_cast<QWidget*>(m_pickerBreak), static_cast<QWidget*>(m_spinBreak),
                            static_cast<QWidget*>(m_spinBreakLevel)})
         field->setEnabled(m_chkBreak->isChecked());

@@ -10,7 +10,7 @@ class QComboBox;
 class QFormLayout;
 class QLabel;
 class QSpinBox;
-class QTimeEdit;
+class TimeField;
 
 /// The fields in which a person describes a day, in three columns, with usual days to begin with.
 class DayShapeFields : public QWidget {
@@ -21,6 +21,8 @@ public:
     explicit DayShapeFields(QWidget* parent);
 
     DayShape shape() const;
+    /// Shows the first of the usual days again.
+    void reset();
     /// Says below the fields in question why there can be no such day of `pointLimit` points; none
     /// takes it back.
     void showFault(std::optional<DayShape::Fault> fault, int pointLimit);
@@ -32,7 +34,7 @@ private:
     QWidget* makeDay();
     QWidget* makeLight();
     QWidget* makeNight();
-    QTimeEdit* addTime(QFormLayout& form, const QString& caption, const char* name);
+    TimeField* addTime(QFormLayout& form, const QString& caption, const char* name);
     QSpinBox* addNumber(QFormLayout& form, const QString& caption, const char* name, int most,
                         const QString& unit);
     AQSliderColorTemp* addColor(QFormLayout& form, const QString& caption, const char* name,
@@ -40,11 +42,12 @@ private:
     QLabel* addNote(QFormLayout& form, const char* name);
     void setShape(const DayShape& shape);
     void onEdited();
+    void refresh();
     QString faultText(DayShape::Fault fault, int pointLimit) const;
 
     QComboBox* m_comboShape = nullptr;
-    QTimeEdit* m_pickerStart = nullptr;
-    QTimeEdit* m_pickerEnd = nullptr;
+    TimeField* m_pickerStart = nullptr;
+    TimeField* m_pickerEnd = nullptr;
     QSpinBox* m_spinSunrise = nullptr;
     QSpinBox* m_spinSunset = nullptr;
     QCheckBox* m_chkSoft = nullptr;
@@ -56,7 +59,7 @@ private:
     AQSliderColorTemp* m_sliderDusk = nullptr;
 
     QCheckBox* m_chkBreak = nullptr;
-    QTimeEdit* m_pickerBreak = nullptr;
+    TimeField* m_pickerBreak = nullptr;
     QSpinBox* m_spinBreak = nullptr;
     QSpinBox* m_spinBreakLevel = nullptr;
     QLabel* m_lblBreakFault = nullptr;

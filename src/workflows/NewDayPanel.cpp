@@ -59,9 +59,11 @@ NewDayPanel::NewDayPanel(const AQDataSource& document, DocumentCommands& documen
 }
 
 void NewDayPanel::run() {
-    if (!isVisible())
+    if (!isVisible()) {
+        m_fields->reset();
         resize(minimumSizeHint().expandedTo(usualSize).boundedTo(screen()->availableSize() -
                                                                  frameRoom));
+    }
     refresh(); // the controller may be another one
     m_fields->setFocus();
     show();

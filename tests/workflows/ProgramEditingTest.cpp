@@ -1,5 +1,6 @@
 #include "SimulatedProgram.h"
 #include "controls/curve/AQCurveView.h"
+#include "controls/time/TimeField.h"
 #include "data/AQDataSourceWriter.h"
 #include "data/ColorMapping.h"
 #include "data/ProgramInterpolation.h"
@@ -156,14 +157,21 @@ TEST_F(ProgramEditingTest, newDayIsMadeOnlyWhenItCanBeAndMayReplaceTheOld) {
         ok->click();
         return ok->isEnabled();
     };
+    const auto typeTime = [&](const char* name, const char* text) {
+        auto* time = field<TimeField>(name);
+        QTest::keyClick(time, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(time, QLatin1String(text));
+        return time->commit();
+    };
     EXPECT_EQ(panel->findChild<AQCurveView*>()->pointViews().size(), 8U);
-    field<QTimeEdit>("pickerStart")->setTime(QTime(18, 0));
-    field<QTimeEdit>("pickerEnd")->setTime(QTime(2, 0));
+    EXPECT_FALSE(typeTime("pickerStart", "9999"));
+    typeTime("pickerStart", "1800");
+    typeTime("pickerEnd", "0200");
     field<QCheckBox>("chkBreak")->setChecked(true);
     const auto* fault = field<QLabel>("lblBreakFault");
     EXPECT_TRUE(!pressOk() && fault->text().contains(u"19:30") && fault->text().contains(u"00:30"))
         << fault->text().toStdString();
-    field<QTimeEdit>("pickerBreak")->setTime(QTime(20, 0));
+    typeTime("pickerBreak", "2000");
     EXPECT_TRUE(!pressOk() && fault->text().contains(u"8 points")) << fault->text().toStdString();
     field<QCheckBox>("chkBreak")->setChecked(false);
     EXPECT_TRUE(fault->text().isEmpty());
