@@ -9,8 +9,12 @@
 TerminationSignals::TerminationSignals() {
     sigset_t signals;
     sigemptyset(&signals);
-    for (const int signal : {SIGTERM, SIGINT, SIGHUP})
-        sigaddset(&signals, signal);
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+        // What nohup or a shell has made to be ignored stays so; here it would arrive.
+        struct sigaction inherited {};
+        if (::sigaction(signal, nullptr, &inherited) != 0 || inherited.sa_handler != SIG_IGN)
+            sigaddset(&signals, signal);
+    }
     pthread_sigmask(SIG_BLOCK, &signals, nullptr);
     m_descriptor = signalfd(-1, &signals, SFD_NONBLOCK | SFD_CLOEXEC);
 }

@@ -5,11 +5,15 @@
 
 #include <cstdio>
 
+bool Outcome::isOutputWritten() {
+    return std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
+}
+
 bool Outcome::print(const QString& command, bool isJson) const {
     if (!isJson) {
         for (const QString& line : lines)
             std::fprintf(stdout, "%s\n", qPrintable(line));
-        const bool isWritten = std::fflush(stdout) == 0;
+        const bool isWritten = isOutputWritten();
         if (!error.isEmpty())
             std::fprintf(stderr, "aquelonctl: %s\n", qPrintable(error));
         for (const QString& note : notes)
@@ -24,5 +28,5 @@ bool Outcome::print(const QString& command, bool isJson) const {
     if (!notes.isEmpty())
         object[QStringLiteral("notes")] = QJsonArray::fromStringList(notes);
     std::fprintf(stdout, "%s\n", QJsonDocument(object).toJson(QJsonDocument::Compact).constData());
-    return std::fflush(stdout) == 0;
+    return isOutputWritten();
 }

@@ -29,4 +29,6 @@ struct Outcome {
     /// The result goes to the standard output, error and notes to the standard error stream; as
     /// JSON all is one object on the output. False when the output did not take it.
     bool print(const QString& command, bool isJson) const;
+    /// Whether all that was printed has gone where the output goes.
+    static bool isOutputWritten();
 };

@@ -43,7 +43,10 @@ int main(int argc, char* argv[]) {
     const Arguments arguments = Arguments::read(QCoreApplication::arguments());
     if (!arguments.help.isEmpty()) {
         std::fputs(qPrintable(arguments.help), stdout);
-        return 0;
+        if (Outcome::isOutputWritten())
+            return 0;
+        std::perror("aquelonctl");
+        return static_cast<int>(Exit::refused);
     }
     if (!arguments.mistake.isEmpty())
         return end(arguments, Outcome::failure(Exit::usage, arguments.mistake,

@@ -181,10 +181,13 @@ void AQDataSourceReader::applyContents() {
         m_contents.acclimation = m_acclimation;
     else if (m_sequenceChanged)
         m_contents.acclimation.reset();
+    const bool isOtherLight = m_document.acclimation() != m_contents.acclimation;
     m_document.setAcclimation(m_contents.acclimation);
     m_document.setTaskLight(m_contents.taskLight);
     m_document.setIsProgramMode(m_contents.isProgramMode);
     if (m_sequenceChanged)
         m_document.sequence().replacePoints(std::move(m_contents.points));
     m_document.announceReplacement(this, m_sequenceChanged);
+    if (isOtherLight && !m_sequenceChanged)
+        Q_EMIT m_document.notifications().acclimationChanged(this);
 }

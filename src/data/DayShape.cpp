@@ -128,7 +128,9 @@ std::vector<AQTimePoint> DayShape::pointsWith(int pointsInRamp) const {
     if (moonlight) {
         const int twilight = std::min((minutesPerDay - length()) / 3, longestTransition);
         day.add(length() + twilight, night, moonlight->colorTemp);
-        day.add(minutesPerDay - twilight, night, moonlight->colorTemp);
+        // Of a night of two minutes nothing is left between, and the start stands already.
+        if (twilight > 0)
+            day.add(minutesPerDay - twilight, night, moonlight->colorTemp);
     }
     day.addRamp(0, rise, pointsInRamp, dawn, noon);
     day.addRamp(length(), setsFrom, pointsInRamp, dusk, noon);

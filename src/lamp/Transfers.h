@@ -49,6 +49,8 @@ public:
     void send();
     /// Where the controller is that it all goes to and comes from.
     std::string portPath() const;
+    /// The day whose light a send takes.
+    QDate today() const { return m_data.today(); }
     /// Or waiting to send.
     bool isSending() const { return m_sends > 0 || !m_waiting.empty(); }
 

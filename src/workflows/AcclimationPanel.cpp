@@ -47,6 +47,8 @@ AcclimationPanel::AcclimationPanel(AQDataSource& document, const QWidget& uncove
     const NotificationCenter& center = document.notifications();
     connect(&center, &NotificationCenter::dataChanged, this, &AcclimationPanel::refresh);
     connect(&center, &NotificationCenter::dayChanged, this, &AcclimationPanel::refresh);
+    // What the fields say was about another program.
+    connect(&center, &NotificationCenter::dataLoaded, this, &QDialog::reject);
 }
 
 void AcclimationPanel::makeFields() {

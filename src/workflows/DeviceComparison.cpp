@@ -76,6 +76,8 @@ void DeviceComparison::makePanel() {
     // A load that was on its way may replace the program under it.
     connect(&m_context.data.notifications(), &NotificationCenter::dataLoaded, m_panel.get(),
             &QDialog::reject);
+    connect(&m_context.data.notifications(), &NotificationCenter::dayChanged, m_panel.get(),
+            &QDialog::reject); // it compared another light
     connect(m_panel.get(), &QDialog::finished, this, [this] { Q_EMIT ghostChanged(std::nullopt); });
     connect(m_panel.get(), &ComparePanel::takeRequested, this, &DeviceComparison::take);
     connect(m_panel.get(), &ComparePanel::sendRequested, this, &DeviceComparison::sendRequested);

@@ -1,6 +1,7 @@
 #include "workflows/NewDayPanel.h"
 
 #include "controls/curve/AQCurveView.h"
+#include "controls/time/TimeField.h"
 #include "controls/window/AQScrollArea.h"
 #include "controls/window/AQStatisticsLine.h"
 #include "data/ProgramStatistics.h"
@@ -86,6 +87,10 @@ void NewDayPanel::refresh() {
 }
 
 void NewDayPanel::onOk() {
+    // What was typed and refused at this very press is to be read first.
+    for (const TimeField* field : m_fields->findChildren<TimeField*>())
+        if (field->showsRefusal())
+            return;
     refresh();
     if (m_ok->isEnabled())
         m_documents.newDay(m_day.sequence().points(), [this] { accept(); });

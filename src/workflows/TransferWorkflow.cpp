@@ -59,18 +59,18 @@ void TransferWorkflow::loadResult(const TransferResult& result, bool isOther) {
 }
 
 void TransferWorkflow::onBttnSaveToDevice() {
-    m_prompts.confirmWithNote(tr("The device settings will be overwritten!"),
-                              tr("Are you sure you want to continue?"), m_lamp.changeBySending(),
-                              Prompts::Answer::Yes,
-                              [this, asked = m_transfers.portPath()](bool yes) {
-                                  // The link may have gone to another lamp meanwhile; of one that
-                                  // is lost, the send itself tells.
-                                  const std::string now = m_transfers.portPath();
-                                  if (yes && !now.empty() && now != asked)
-                                      onBttnSaveToDevice();
-                                  else if (yes)
-                                      m_transfers.send();
-                              });
+    m_prompts.confirmWithNote(
+        tr("The device settings will be overwritten!"), tr("Are you sure you want to continue?"),
+        m_lamp.changeBySending(), Prompts::Answer::Yes,
+        [this, asked = m_transfers.portPath(), day = m_transfers.today()](bool yes) {
+            // The link may have gone to another lamp meanwhile, or the day to another light; of a
+            // link that is lost, the send itself tells.
+            const std::string now = m_transfers.portPath();
+            if (yes && !now.empty() && (now != asked || day != m_transfers.today()))
+                onBttnSaveToDevice();
+            else if (yes)
+                m_transfers.send();
+        });
 }
 
 void TransferWorkflow::sendResult(const TransferResult& result, const QString& difference) {
