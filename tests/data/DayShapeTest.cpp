@@ -117,6 +117,12 @@ TEST(DayShape, softRampsGiveWayToTheLimit) {
     shape.end = 1439;
     EXPECT_EQ(shape.fault(20), std::nullopt);
     EXPECT_LE(shape.points(20).size(), 16U);
+    shape.middayBreak.reset();
+    const auto points = shape.points(20);
+    const auto isSameMinute = [](const AQTimePoint& point, const AQTimePoint& next) {
+        return point.time == next.time;
+    };
+    EXPECT_EQ(std::ranges::adjacent_find(points, isSameMinute), points.end());
 }
 
 } // namespace
