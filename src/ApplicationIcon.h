@@ -5,11 +5,12 @@ class QIcon;
 /// The icon of the program's windows. Both need the application object.
 namespace ApplicationIcon {
 
-/// The one inside the program, which is there at once and without an installation.
+/// The one inside the program, which is there without an installation.
 QIcon builtIn();
 
 /// That of the desktop's theme, where the package puts one of all sizes, else the built-in one.
-/// Looking for it takes about a fifth of a start: not before there is something to see.
+/// Looking for it, and reading any picture, takes part of a start: not before there is something
+/// to see.
 QIcon fromTheme();
 
 } // namespace ApplicationIcon

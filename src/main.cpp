@@ -4,6 +4,7 @@
 #include "Language.h"
 #include "Logging.h"
 #include "MainWindow.h"
+#include "MenuBarStyle.h"
 #include "TerminationSignals.h"
 #include "data/AQDataSource.h"
 #include "data/RecentFiles.h"
@@ -40,7 +41,7 @@ int main(int argc, char* argv[]) {
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication application(argc, argv);
     Language::install(application);
-    QApplication::setWindowIcon(ApplicationIcon::builtIn());
+    QApplication::setStyle(new MenuBarStyle);
 
     UdevSerialPortManager ports;
     ModalPause pause;
