@@ -407,7 +407,7 @@ void AppDelegate::updateControls() {
     w.ui.menuitemRunDemo->setText(state.isDemo ? tr("&Stop Demo") : tr("&Run Demo"));
     ControlStates::deviceTime(state).applyTo(*w.ui.menuitemSetDeviceTime);
     const ControlState editing = ControlStates::editing(state);
-    editing.applyTo(m_window->curveView());
+    ControlStates::curve(state).applyTo(m_window->curveView());
     w.table.setEditingEnabled(editing.isEnabled);
     w.clipboard.setEditing(editing);
     w.programChanges.setEditing(editing);

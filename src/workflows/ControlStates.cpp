@@ -73,11 +73,15 @@ ControlState ControlStates::editing(const WindowState& state) {
     if (!state.isProgramMode)
         return {false, ControlState::tr("The lamp follows its analog 1-10 V input; switch to "
                                         "programmed mode to edit the light program")};
+    return {true, ControlState::tr("Double-click to add a point, drag points up or down and their "
+                                   "time tag sideways.\nArrow keys select and dim, with Alt they "
+                                   "move in time.")};
+}
+
+ControlState ControlStates::curve(const WindowState& state) {
     if (state.isDemo)
         return {true, ControlState::tr("Click to go to a time of the day, drag to go through it.\n"
                                        "Space pauses and goes on, Left and Right go to the point "
                                        "before and after.")};
-    return {true, ControlState::tr("Double-click to add a point, drag points up or down and their "
-                                   "time tag sideways.\nArrow keys select and dim, with Alt they "
-                                   "move in time.")};
+    return editing(state);
 }

@@ -39,7 +39,9 @@ ControlState deviceTime(const WindowState& state);
 /// Not while the lamp shows a preview.
 ControlState compare(const WindowState& state);
 ControlState backup(const WindowState& state);
-/// The curve, the point table and its buttons.
+/// The point table, its buttons, and what else changes the light program.
 ControlState editing(const WindowState& state);
+/// The curve is edited like the table, but in either mode of the lamp it leads through a demo.
+ControlState curve(const WindowState& state);
 
 } // namespace ControlStates

@@ -143,6 +143,15 @@ TEST(EditorJourneys, analogModeLeavesTheTaskLight) {
     EXPECT_EQ(editor.count(), 0U);
     ASSERT_TRUE(journey.waitForCommand("CmdSetDeviceMode"));
 
+    // The curve leads through a demo all the same.
+    Journey::keys("ctrl+r");
+    expectSoon([&] { return editor.curve.isFocused(); }, true);
+    Journey::keys("Right space");
+    ASSERT_TRUE(journey.waitForText("DEMO 08:30 PAUSED: press Space to go on"));
+    EXPECT_FALSE(cell.isEnabled());
+    Journey::keys("ctrl+r");
+    expectSoon([&] { return editor.curve.isEnabled(); }, false);
+
     const UiElement duration = journey.find("spin button", "Task light duration");
     Editor::typeInto(duration, "256:00");
     expectSoon([&] { return duration.description(); },
