@@ -127,6 +127,8 @@ void Session::load(const StoredProgram& program) {
     outcome.result = deviceJson();
     outcome.result[QStringLiteral("file")] = m_arguments.file;
     outcome.result[QStringLiteral("points")] = points;
+    if (points == 0)
+        outcome.notes << QStringLiteral("The controller's light program has no points.");
     if (const auto comparison = ProgramCopy::givenBack(program); !comparison.isEqual())
         outcome.notes << QStringLiteral("Not all levels can be given back exactly. Sent to the "
                                         "controller again: %1.")
