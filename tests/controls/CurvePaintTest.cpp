@@ -32,7 +32,7 @@ protected:
     }
     QImage picture(double scale) {
         QImage target(QSizeF(view.size() * scale).toSize(), QImage::Format_RGB32);
-        target.fill(Qt::white);
+        target.fill(Qt::black); // what lies under the view
         target.setDevicePixelRatio(scale);
         view.render(&target);
         return target;
@@ -121,6 +121,7 @@ TEST_F(CurvePaint, IsSharpAndFillsThePlotAtEverySize) {
         view.resize(480 + size, 300 + size);
         for (const double scale : {1.0, 1.15, 1.25, 1.5}) {
             const QImage image = picture(scale);
+            EXPECT_EQ(image.pixelColor(image.width() - 1, image.height() - 1), white) << scale;
             int y = static_cast<int>((view.height() - 50) * scale);
             const int end = static_cast<int>((view.width() - 60) * scale);
             EXPECT_EQ(image.pixelColor(end - 2, y), cold) << size << ' ' << scale;

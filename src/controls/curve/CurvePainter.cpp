@@ -82,8 +82,11 @@ CurvePainter::CurvePainter(QPainter& painter, const CurveGeometry& geometry, con
 }
 
 void CurvePainter::drawBackground(bool isEnabled) {
+    // To whole device pixels: what lies under a blended edge would show as a line.
+    m_painter.setRenderHint(QPainter::Antialiasing, false);
     m_painter.fillRect(QRectF(0.0, 0.0, m_geometry.width(), m_geometry.height()),
                        DisplayColors::neutral);
+    m_painter.setRenderHint(QPainter::Antialiasing);
     drawGrid({});
     m_painter.setPen(isEnabled ? DisplayColors::line : DisplayColors::disabled);
     m_painter.setFont(fittingFont(m_font, labelPixelSize(), titleSize, intensityTitle()));
