@@ -142,6 +142,7 @@ TimeField* DayShapeFields::addTime(QFormLayout& form, const QString& caption, co
         return true;
     };
     auto* picker = new TimeField(std::make_unique<ClockFormat>(), stored, form.parentWidget());
+    picker->setFixedHeight(QSpinBox().sizeHint().height()); // that of the numbers below
     picker->setObjectName(QLatin1String(name));
     picker->setAccessibleName(QString(caption).remove(u'&'));
     picker->setAlignment(Qt::AlignLeft);
