@@ -43,7 +43,9 @@ public:
 
 } // namespace
 
-MenuBarStyle::MenuBarStyle() : QProxyStyle(QApplication::style()->name()) {}
+MenuBarStyle::MenuBarStyle() : QProxyStyle(QApplication::style()->name()) {
+    setObjectName(baseStyle()->name()); // by which it is known, as the style itself would be
+}
 
 QIcon MenuBarStyle::standardIcon(StandardPixmap icon, const QStyleOption* option,
                                  const QWidget* widget) const {

@@ -31,7 +31,7 @@ QStringList computerLines() {
         QStringLiteral("Desktop: %1, session %2, platform %3, style %4")
             .arg(qEnvironmentVariable("XDG_CURRENT_DESKTOP", QStringLiteral("unknown")),
                  qEnvironmentVariable("XDG_SESSION_TYPE", QStringLiteral("unknown")),
-                 QApplication::platformName(), QApplication::style()->name())};
+                 QApplication::platformName(), QApplication::style()->objectName())};
     for (const QScreen* screen : QApplication::screens())
         lines += QStringLiteral("Screen: %1 x %2, scale %3, %4 dpi")
                      .arg(screen->size().width())
