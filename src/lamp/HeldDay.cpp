@@ -36,5 +36,6 @@ std::optional<int> heldAcclimationDay(const AQDataSource& data, const StoredProg
     const auto later = std::ranges::upper_bound(days, lightIn(stored.image), {},
                                                 [&](int day) { return lightIn(imageOn(day)); });
     const auto day = static_cast<int>(later - days.begin());
-    return day > 0 && imageOn(day) == stored.image ? std::optional(day) : std::nullopt;
+    return day > 0 && imageOn(day).channels == stored.image.channels ? std::optional(day)
+                                                                     : std::nullopt;
 }

@@ -97,7 +97,8 @@ QString LampContents::earlierDay() const {
     if (m_state != State::anotherProgram)
         return {};
     const auto day = heldAcclimationDay(m_data, *lamp().stored);
-    if (!day)
+    // If it is today's, the difference is elsewhere.
+    if (!day || *day == m_data.acclimation()->dayOn(m_data.today()))
         return {};
     const Acclimation& acclimation = *m_data.acclimation();
     const QDate date = acclimation.firstDay.addDays(*day - 1);

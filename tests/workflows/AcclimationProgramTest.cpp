@@ -110,6 +110,15 @@ TEST_F(AcclimationProgramTest, givesTheLampTheLightOfTheDay) {
     shows(0.5, 0.7);
     becomeTomorrow();
     shows(0.5, 0.75);
+    ui().bttnRunDemo->click();
+
+    // Another task light has no part in it.
+    send();
+    ui().sliderTaskBrightness->userSetValue(0.8);
+    EXPECT_EQ(lampState(), "the lamp runs another program");
+    EXPECT_FALSE(ui().lblLampState->toolTip().contains(QStringLiteral("75 %")));
+    becomeTomorrow();
+    EXPECT_TRUE(ui().lblLampState->toolTip().startsWith(u"The lamp runs yesterday's 75 %"));
 }
 
 TEST_F(AcclimationProgramTest, endsWithAWordBefore) {
