@@ -82,9 +82,9 @@ CurvePainter::CurvePainter(QPainter& painter, const CurveGeometry& geometry, con
 }
 
 void CurvePainter::drawBackground(bool isEnabled) {
-    // To whole device pixels: what lies under a blended edge would show as a line.
+    // Past the edges, which the view cuts: at fractional scales what lies under them would show.
     m_painter.setRenderHint(QPainter::Antialiasing, false);
-    m_painter.fillRect(QRectF(0.0, 0.0, m_geometry.width(), m_geometry.height()),
+    m_painter.fillRect(QRectF(-1.0, -1.0, m_geometry.width() + 2.0, m_geometry.height() + 2.0),
                        DisplayColors::neutral);
     m_painter.setRenderHint(QPainter::Antialiasing);
     drawGrid({});
