@@ -144,6 +144,7 @@ void AppDelegate::onShown(const QString& file) {
     if (m_wasShown)
         return;
     m_wasShown = true;
+    Q_EMIT started();
     m_services.controller.run();
     m_workflows->recovery.offerCopies(file);
 }

@@ -51,6 +51,9 @@ public:
     MainWindow& window() { return *m_window; }
 
 Q_SIGNALS:
+    /// The window has been painted, or is not going to be at once: what is not needed for its first
+    /// picture may begin.
+    void started();
     /// Everything is done; the event loop may end.
     void terminated();
     /// As that of Recovery.

@@ -16,16 +16,16 @@ public:
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode,
                QIcon::State /*state*/) override {
         const double size = std::min(rect.width(), rect.height()) / 4.0;
+        const QPalette::ColorGroup group =
+            mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
         painter->save();
         painter->setRenderHint(QPainter::Antialiasing);
-        painter->setPen(QPen(QApplication::palette().color(
-                                 mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active,
-                                 QPalette::WindowText),
-                             1.5));
+        painter->setPen(
+            QPen(QApplication::palette().color(group, QPalette::WindowText), 0.4 * size));
         painter->translate(QRectF(rect).center());
         if (QApplication::isRightToLeft())
             painter->scale(-1.0, 1.0);
-        for (const double left : {-size, 0.0})
+        for (const double left : {-1.25 * size, 0.25 * size})
             painter->drawPolyline(QPolygonF{{left, -size}, {left + size, 0.0}, {left, size}});
         painter->restore();
     }

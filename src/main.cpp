@@ -1,5 +1,4 @@
 #include "AppDelegate.h"
-#include "ApplicationIcon.h"
 #include "CommandLine.h"
 #include "Language.h"
 #include "Logging.h"
@@ -22,6 +21,15 @@ namespace {
 QStringList paperModule() {
     const QString folder = QApplication::applicationDirPath() + u'/';
     return {folder + QLatin1String(AQUELON_PAPER), folder + QStringLiteral("aquelon-paper.so")};
+}
+
+/// That of the desktop's theme, where the package puts one of all sizes, else the one inside the
+/// program. Reading any picture takes part of a start: not before there is something to see.
+QIcon windowIcon() {
+    QIcon builtIn;
+    for (const int size : {16, 32, 64})
+        builtIn.addFile(QStringLiteral(":/icon-%1.png").arg(size), {size, size});
+    return QIcon::fromTheme(QApplication::desktopFileName(), builtIn);
 }
 
 } // namespace
@@ -57,8 +65,8 @@ int main(int argc, char* argv[]) {
                           paperModule()});
     prompts.setParent(&delegate.window());
 
-    QObject::connect(&delegate.window(), &MainWindow::firstPainted, &application,
-                     [] { QApplication::setWindowIcon(ApplicationIcon::fromTheme()); });
+    QObject::connect(&delegate, &AppDelegate::started, &application,
+                     [] { QApplication::setWindowIcon(windowIcon()); });
     QObject::connect(&delegate, &AppDelegate::terminated, &application,
                      [] { QApplication::exit(0); });
     QObject::connect(&delegate, &AppDelegate::recoversElsewhere, &delegate,
