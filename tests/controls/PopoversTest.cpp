@@ -2,6 +2,7 @@
 #include "controls/popovers/PopoverPlacement.h"
 #include "controls/window/AQHelpButton.h"
 
+#include <QLabel>
 #include <QPointer>
 #include <QTest>
 
@@ -46,6 +47,7 @@ TEST(HelpPopover, standsInItsWindowAndClosesByItself) {
     const QString text = QStringLiteral("word ").repeated(25);
     QPointer popover(AQHelpPopover::present(button, text, {300, 120}));
     EXPECT_TRUE(window.geometry().contains(popover->placement().frame));
+    EXPECT_EQ(popover->findChild<QLabel*>()->text(), text);
     ASSERT_TRUE(
         QTest::qWaitFor([&] { return QGuiApplication::focusWindow() == popover->windowHandle(); }));
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);

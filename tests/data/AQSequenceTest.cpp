@@ -44,6 +44,7 @@ TEST(AQSequence, insertsAtAFreeMinute) {
         {"empty", {}, -1, 0, 0},
         {"half way", {600, 720}, 0, 1, 660},
         {"half way is rounded up", {600, 603}, 0, 1, 602},
+        {"no minute between", {600, 601}, 0, 2, 1439},
         {"last minutes taken", {600, 1437, 1438, 1439}, 3, 1, 1436},
     };
     for (const auto& c : cases) {
