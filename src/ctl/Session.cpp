@@ -54,7 +54,7 @@ QString Session::fileFault() {
         return QFileInfo::exists(m_arguments.file) && !m_arguments.isForced
                    ? m_arguments.file + QStringLiteral(" exists; --force replaces it")
                    : QString();
-    const QString fault = ProgramFile::read(m_arguments.file, m_data);
+    QString fault = ProgramFile::read(m_arguments.file, m_data);
     if (fault.isEmpty() && m_arguments.scale < 100)
         m_data.sequence().replacePoints(
             ProgramChanges::scaledIntensity(m_data.sequence().points(), m_arguments.scale / 100.0));

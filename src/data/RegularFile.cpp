@@ -18,7 +18,7 @@ RegularFile::Contents systemFault() {
 /// Reads no further than `maxSize`, so that a file which grows meanwhile comes to an end, too.
 RegularFile::Contents readAll(int descriptor, qint64 maxSize) {
     RegularFile::Contents contents;
-    std::array<char, 16 * 1024> piece;
+    std::array<char, 16384> piece;
     while (contents.bytes.size() <= maxSize) {
         const ssize_t count = ::read(descriptor, piece.data(), piece.size());
         if (count < 0 && errno == EINTR)

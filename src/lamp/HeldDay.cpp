@@ -5,8 +5,9 @@
 #include "lamp/ProgramComparison.h"
 
 #include <algorithm>
-#include <ranges>
+#include <numeric>
 #include <utility>
+#include <vector>
 
 namespace {
 
@@ -32,7 +33,8 @@ std::optional<int> heldAcclimationDay(const AQDataSource& data, const StoredProg
         return DeviceProgramImage::imageOf(contents, channels);
     };
     // No day has less light than the one before it, so there is one that can be it.
-    const auto days = std::views::iota(1, acclimation->dayOn(data.today()) + 1);
+    std::vector<int> days(static_cast<std::size_t>(acclimation->dayOn(data.today())));
+    std::iota(days.begin(), days.end(), 1);
     const auto later = std::ranges::upper_bound(days, lightIn(stored.image), {},
                                                 [&](int day) { return lightIn(imageOn(day)); });
     const auto day = static_cast<int>(later - days.begin());

@@ -147,7 +147,8 @@ void DayPage::paintHead(QPainter& painter) const {
 void DayPage::paintTable(QPainter& painter, double top, std::span<const AQTimePoint> points) const {
     const auto rows = static_cast<std::size_t>(rowsFor(points.size()));
     for (std::size_t first = 0; first < points.size(); first += rows) {
-        const double left = side + static_cast<double>(first / rows) * (tableWidth + tableGap);
+        const std::size_t tablesBefore = first / rows;
+        const double left = side + static_cast<double>(tablesBefore) * (tableWidth + tableGap);
         painter.setPen(DisplayColors::line);
         for (std::size_t column = 0; column < PointColumn::count; ++column) {
             const QString title = PointColumn::title(static_cast<int>(column));

@@ -34,7 +34,7 @@ void AQScrollBar::paintEvent(QPaintEvent* /*event*/) {
     painter.drawRoundedRect(handle, handle.width() / 2.0, handle.width() / 2.0);
 
     const auto drawArrow = [&](QStyle::SubControl place, QStyle::PrimitiveElement arrow) {
-        QStyleOption triangle = option;
+        QStyleOptionSlider triangle = option;
         triangle.rect = style()
                             ->subControlRect(QStyle::CC_ScrollBar, &option, place, this)
                             .adjusted(4, 4, -4, -4);
