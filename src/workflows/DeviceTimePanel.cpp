@@ -224,7 +224,7 @@ QDateTime DeviceTimePanel::chosenTime() const {
         m_pickerCustomTime->interpretText();
         return m_pickerCustomTime->dateTime();
     }
-    constexpr int secondsPerHour = 3600;
+    constexpr qint64 secondsPerHour = 3600;
     const int hours = m_comboTimezone->currentIndex() - m_preselectedZone;
     return WallTime::at(m_clock.now(), m_clock.zone()).addSecs(hours * secondsPerHour);
 }
