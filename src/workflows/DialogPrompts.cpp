@@ -17,13 +17,14 @@ QString fileTypeFilter() {
 void runFileDialog(QFileDialog* dialog, std::function<void(std::optional<QString>)> done) {
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setWindowModality(Qt::ApplicationModal);
-    QObject::connect(dialog, &QDialog::finished, dialog, [dialog, done](int result) {
-        const QStringList files = dialog->selectedFiles();
-        if (result == QDialog::Accepted && files.size() == 1)
-            done(files.first());
-        else
-            done(std::nullopt);
-    });
+    QObject::connect(dialog, &QDialog::finished, dialog,
+                     [dialog, done = std::move(done)](int result) {
+                         const QStringList files = dialog->selectedFiles();
+                         if (result == QDialog::Accepted && files.size() == 1)
+                             done(files.first());
+                         else
+                             done(std::nullopt);
+                     });
     dialog->show();
 }
 
@@ -97,7 +98,7 @@ QMessageBox* DialogPrompts::makeQuestion(const QString& message, const QString& 
     box->setDefaultButton(usual == Answer::Yes ? QMessageBox::Yes : QMessageBox::No);
     box->setEscapeButton(QMessageBox::No);
     QObject::connect(box, &QDialog::finished, box,
-                     [done](int result) { done(result == QMessageBox::Yes); });
+                     [done = std::move(done)](int result) { done(result == QMessageBox::Yes); });
     return box;
 }
 
